@@ -1,0 +1,82 @@
+#pragma once
+
+#include <QByteArray>
+#include <QObject>
+#include <QString>
+#include <QVector>
+
+#include "TranscriptEntry.h"
+
+/** One rule that disturbs matching commands. */
+struct FaultRule {
+    enum class Trigger { Always, KthCall, EveryNth, TimeWindow, Random };
+    enum class Effect {
+        Fail,            ///< the operation fails, nothing is carried out
+        Delay,           ///< virtual time passes by `number` ms
+        EmptyAnswer,
+        WrongType,       ///< a text where a number is expected and the other way round
+        Garbled,         ///< bytes that are no valid text
+        LongAnswer,      ///< exactly 199 bytes
+        OverlongAnswer,  ///< more than the 200 bytes callers must have room for
+        Answer,          ///< answers `text` instead of the controller's answer
+        Refuse,          ///< a set or an action is refused
+        Clamp,           ///< a set is carried out with its last number halved
+        ReportFailed,    ///< carried out, but reported as failed
+        LinkDead         ///< from this call on everything fails, until the link is back
+    };
+    QString source;  ///< the text the rule was parsed from
+    QString pattern; ///< the line, or a prefix of it followed by "*"
+    Trigger trigger = Trigger::Always;
+    int k = 1;             ///< KthCall and EveryNth
+    qint64 fromMs = 0;     ///< TimeWindow, virtual time
+    qint64 toMs = 0;
+    double probability = 0.0; ///< Random
+    quint32 seed = 1;         ///< Random
+    Effect effect = Effect::Fail;
+    int number = 0; ///< Delay: ms
+    QString text;   ///< Answer
+    bool enabled = true;
+    int calls = 0; ///< matching calls seen
+    int fired = 0; ///< times the effect was applied
+};
+
+/**
+ * Decides which effect disturbs a command. One engine serves the panel, the scenario file, the
+ * command line and the tests. Owned by the SimulatedIOManager.
+ *
+ * A rule reads PATTERN [TRIGGER] EFFECT, for example
+ *   body desc* fail
+ *   set body active* every 2 refuse
+ *   status progress call 3 answer "abc"
+ *   * between 1000 2000 delay 200
+ *   body* random 0.1 seed 7 garbled
+ * A pattern that begins with get, set or command restricts the rule to that kind of operation.
+ */
+class FaultEngine : public QObject {
+    Q_OBJECT
+
+public:
+    explicit FaultEngine(QObject *parent = nullptr);
+
+    /** Adds a rule. False, with the place and what was expected in *error, when it does not parse. */
+    bool add(const QString &rule, QString *error = nullptr);
+    void remove(int index);
+    void clear();
+    void setEnabled(int index, bool enabled);
+    const QVector<FaultRule> &rules() const { return m_rules; }
+
+    /** The link is dead: every operation fails. */
+    bool linkDead() const { return m_linkDead; }
+    void setLinkDead(bool dead);
+
+    /** The rules that fire for this call, in order; counts the call. */
+    QVector<FaultRule> fire(TranscriptEntry::Operation operation, const QByteArray &line,
+                            qint64 virtualMs);
+
+signals:
+    void changed();
+
+private:
+    QVector<FaultRule> m_rules;
+    bool m_linkDead = false;
+};

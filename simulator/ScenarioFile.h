@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QByteArray>
+#include <QJsonObject>
+#include <QString>
+#include <QStringList>
+
+#include "ControllerState.h"
+
+/** What a scenario describes: a controller and the faults it starts with. */
+struct Scenario {
+    QString name;
+    QString description;
+    ControllerState state;
+    QStringList faults; ///< rules for the FaultEngine
+};
+
+/** Reads and writes scenarios as JSON. Wrong input gives an error with key path and expectation. */
+namespace ScenarioFile {
+
+/** False with *error ("file: key path: what was expected") when the file cannot be used. */
+bool load(const QString &path, Scenario *scenario, QString *error);
+/** As load(), from bytes; `name` stands for the file in errors. */
+bool parse(const QByteArray &json, const QString &name, Scenario *scenario, QString *error);
+/** The whole state as JSON; parse() of it gives the same state back. */
+QJsonObject toJson(const ControllerState &state);
+/** Writes atomically; the same scenario gives the same bytes. */
+bool save(const QString &path, const Scenario &scenario, QString *error);
+/** One readable line for every value that differs, "path: old -> new". */
+QStringList differences(const ControllerState &before, const ControllerState &after);
+
+} // namespace ScenarioFile

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QByteArray>
+#include <QObject>
+#include <QStringList>
+
+#include "ControllerState.h"
+
+/** How a command reaches the controller. */
+enum class CommandAccess { Get, Set, Action };
+
+/** What the controller did with a command line. */
+struct CommandReply {
+    bool ok = false;      ///< the command was understood and carried out
+    bool unknown = false; ///< no entry of the command table matches the line
+    QByteArray answer;    ///< text of the answer; "morvek2 ok" for a successful action
+};
+
+/**
+ * A tracking controller one can believe: holds a ControllerState and answers every command from it.
+ *
+ * A write is seen by the next read and has the side effects a controller has. Time is virtual: a
+ * search advances with each query of its state, nothing waits. Lives on one thread; owned by
+ * whoever creates it (the workbench or a test).
+ */
+class SimulatedController : public QObject {
+    Q_OBJECT
+
+public:
+    explicit SimulatedController(const ControllerState &state, QObject *parent = nullptr);
+    ~SimulatedController() override;
+
+    /** Carries out one line, without a line break. */
+    CommandReply execute(CommandAccess access, const QByteArray &line);
+
+    const ControllerState &state() const { return m_state; }
+    /** Changes the state behind every client's back and emits stateChanged(). */
+    void setState(const ControllerState &state);
+
+    /** Lines that matched no entry of the command table, oldest first. */
+    QStringList unknownCommands() const { return m_unknownCommands; }
+
+signals:
+    void stateChanged();
+
+private:
+    ControllerState m_state;
+    QStringList m_unknownCommands;
+};

@@ -1,0 +1,75 @@
+#pragma once
+
+#include <functional>
+
+#include <QMultiMap>
+#include <QObject>
+#include <QVector>
+
+#include "IOManager.h"
+#include "TranscriptEntry.h"
+
+class FaultEngine;
+class SimulatedController;
+
+/**
+ * The substitute host's IOManager over a SimulatedController: formats the line as a host does,
+ * applies faults, converts the answer, records a transcript and delivers channel messages.
+ *
+ * Owned by the workbench or a test; refers to the controller, which outlives it. Answers are cut to
+ * the 199 bytes plus NUL that callers must have room for, unless a fault says otherwise.
+ */
+class SimulatedIOManager : public QObject, public IOManager {
+    Q_OBJECT
+
+public:
+    explicit SimulatedIOManager(SimulatedController *controller, QObject *parent = nullptr);
+    ~SimulatedIOManager() override;
+
+    int send_command(char *answer, const char *command) override;
+    int get_string(char *out, const char *format, ...) override
+            __attribute__((format(printf, 3, 4)));
+    int get_int(int *out, const char *format, ...) override __attribute__((format(printf, 3, 4)));
+    int get_double(double *out, const char *format, ...) override
+            __attribute__((format(printf, 3, 4)));
+    int get_bool(bool *out, const char *format, ...) override
+            __attribute__((format(printf, 3, 4)));
+    int set(const char *format, ...) override __attribute__((format(printf, 2, 3)));
+    void send_message(const char *channel, const char *sender, int kind,
+                      const char *text) override;
+    void register_receiver(const char *channel, MessageReceiver *receiver) override;
+    void unregister_receiver(const char *channel, MessageReceiver *receiver) override;
+
+    /** The rules that disturb commands; owned by this object, never null. */
+    FaultEngine *faults() const { return m_faults; }
+
+    /** Everything asked so far, oldest first. */
+    const QVector<TranscriptEntry> &transcript() const { return m_transcript; }
+    void clearTranscript();
+
+    /** Virtual time in ms, starting at 0; moved by advance() and by delay faults. */
+    qint64 virtualTime() const { return m_virtualMs; }
+    void advance(qint64 ms) { m_virtualMs += ms; }
+
+    /** Names the dialog that is open, for the transcript. */
+    void setDialogProbe(std::function<QString()> probe);
+    /** Real duration is recorded only when asked for, so that transcripts compare byte for byte. */
+    void setMeasuring(bool on) { m_measuring = on; }
+
+    /** Number of receivers registered on a channel. */
+    int receiverCount(const char *channel) const;
+
+signals:
+    void recorded(const TranscriptEntry &entry);
+    /** A message was sent on any channel, whether or not somebody listens. */
+    void messageSent(const QString &channel, const QString &sender, int kind, const QString &text);
+
+private:
+    SimulatedController *m_controller;
+    FaultEngine *m_faults;
+    QMultiMap<QByteArray, MessageReceiver *> m_receivers;
+    QVector<TranscriptEntry> m_transcript;
+    std::function<QString()> m_dialogProbe;
+    qint64 m_virtualMs = 0;
+    bool m_measuring = false;
+};

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <functional>
+
+#include <QMessageBox>
+#include <QObject>
+#include <QString>
+#include <QStringList>
+
+/**
+ * Plays the user in front of modal windows. Expectations are served in the order in which they were
+ * added. A message box that is not expected is closed and fails the test; one that never comes
+ * fails it in verify().
+ */
+class DialogRobot : public QObject {
+    Q_OBJECT
+
+public:
+    explicit DialogRobot(QObject *parent = nullptr);
+    ~DialogRobot() override;
+
+    /** The next box has this title and text (text, then informative text after a newline if any). */
+    void expectBox(const QString &title, const QString &text, QMessageBox::StandardButton answer);
+    /**
+     * The next modal window that is no message box has this class name or object name; `drive` is
+     * run with it once it is shown. When `drive` returns with the window still open and `close` is
+     * set, the window is closed with Escape.
+     */
+    void expectDialog(const QString &name, std::function<void(QWidget *)> drive);
+
+    /** Title and text of every box so far, "title|text". */
+    QStringList boxes() const { return m_boxes; }
+    /** Fails the running test when something expected did not come, or came unexpected. */
+    void verify();
+
+private:
+    QStringList m_boxes;
+};
