@@ -1,0 +1,28 @@
+#pragma once
+
+#include <memory>
+
+#include <QDialog>
+
+namespace Ui {
+class FilterHelp;
+}
+
+/**
+ * The page that explains the 6DOF filter: strength, prediction and the filter modes.
+ *
+ * Stateless; made by the filter dialog each time its help is asked for.
+ */
+class FilterHelp final : public QDialog {
+    Q_OBJECT
+
+public:
+    explicit FilterHelp(QWidget *parent = nullptr);
+    ~FilterHelp() override;
+
+private slots:
+    void on_pushButton_exit_clicked();
+
+private:
+    std::unique_ptr<Ui::FilterHelp> ui;
+};
