@@ -20,8 +20,8 @@ struct BodyState {
     bool active = true;
     bool calibrated = false;
     bool recalibrated = false;
-    QString target;  ///< short name of the library target it was calibrated from; empty when none
-    QString sensor;  ///< name of the inertial sensor it carries; empty when none
+    QString target; ///< short name of the library target it was calibrated from; empty when none
+    QString sensor; ///< name of the inertial sensor it carries; empty when none
     int markers = 0;
     QString targetType = QStringLiteral("tt_std");
     bool filterEnabled = true;
@@ -45,8 +45,8 @@ struct BodyTypeState {
 struct TargetState {
     QString shortName;
     QString longName;
-    QString bodyType; ///< type word, or empty for none
-    QString group;    ///< empty when it belongs to no group
+    QString bodyType;      ///< type word, or empty for none
+    QString group;         ///< empty when it belongs to no group
     bool custom = false;   ///< its calibration is a custom one
     bool inVolume = false; ///< a search can find it
     bool tracked = false;  ///< found by the last search or still seen

@@ -11,24 +11,24 @@
 struct FaultRule {
     enum class Trigger { Always, KthCall, EveryNth, TimeWindow, Random };
     enum class Effect {
-        Fail,            ///< the operation fails, nothing is carried out
-        Delay,           ///< virtual time passes by `number` ms
+        Fail,  ///< the operation fails, nothing is carried out
+        Delay, ///< virtual time passes by `number` ms
         EmptyAnswer,
-        WrongType,       ///< a text where a number is expected and the other way round
-        Garbled,         ///< bytes that are no valid text
-        LongAnswer,      ///< exactly 199 bytes
-        OverlongAnswer,  ///< more than the 200 bytes callers must have room for
-        Answer,          ///< answers `text` instead of the controller's answer
-        Refuse,          ///< a set or an action is refused
-        Clamp,           ///< a set is carried out with its last number halved
-        ReportFailed,    ///< carried out, but reported as failed
-        LinkDead         ///< from this call on everything fails, until the link is back
+        WrongType,      ///< a text where a number is expected and the other way round
+        Garbled,        ///< bytes that are no valid text
+        LongAnswer,     ///< exactly 199 bytes
+        OverlongAnswer, ///< more than the 200 bytes callers must have room for
+        Answer,         ///< answers `text` instead of the controller's answer
+        Refuse,         ///< a set or an action is refused
+        Clamp,          ///< a set is carried out with its last number halved
+        ReportFailed,   ///< carried out, but reported as failed
+        LinkDead        ///< from this call on everything fails, until the link is back
     };
     QString source;  ///< the text the rule was parsed from
     QString pattern; ///< the line, or a prefix of it followed by "*"
     Trigger trigger = Trigger::Always;
-    int k = 1;             ///< KthCall and EveryNth
-    qint64 fromMs = 0;     ///< TimeWindow, virtual time
+    int k = 1;         ///< KthCall and EveryNth
+    qint64 fromMs = 0; ///< TimeWindow, virtual time
     qint64 toMs = 0;
     double probability = 0.0; ///< Random
     quint32 seed = 1;         ///< Random
@@ -50,7 +50,10 @@ struct FaultRule {
  *   status progress call 3 answer "abc"
  *   * between 1000 2000 delay 200
  *   body* random 0.1 seed 7 garbled
- * A pattern that begins with get, set or command restricts the rule to that kind of operation.
+ * A pattern that begins with get, set or command restricts the rule to that kind of operation. The
+ * effects are fail, delay MS, empty, wrong-type, garbled, long, over-long, answer "TEXT", refuse,
+ * clamp, report-failed and link-dead. An operation that the effect cannot disturb (a read cannot be
+ * refused, a set has no answer) does not match.
  */
 class FaultEngine : public QObject {
     Q_OBJECT
@@ -58,7 +61,7 @@ class FaultEngine : public QObject {
 public:
     explicit FaultEngine(QObject *parent = nullptr);
 
-    /** Adds a rule. False, with the place and what was expected in *error, when it does not parse. */
+    /** Adds a rule. False, with the column and what was expected in *error, when it is none. */
     bool add(const QString &rule, QString *error = nullptr);
     void remove(int index);
     void clear();
@@ -69,7 +72,8 @@ public:
     bool linkDead() const { return m_linkDead; }
     void setLinkDead(bool dead);
 
-    /** The rules that fire for this call, in order; counts the call. */
+    /** The rules that fire for this call, in order; counts the call. None while the link is dead.
+     */
     QVector<FaultRule> fire(TranscriptEntry::Operation operation, const QByteArray &line,
                             qint64 virtualMs);
 

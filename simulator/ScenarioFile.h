@@ -20,9 +20,13 @@ namespace ScenarioFile {
 
 /** False with *error ("file: key path: what was expected") when the file cannot be used. */
 bool load(const QString &path, Scenario *scenario, QString *error);
-/** As load(), from bytes; `name` stands for the file in errors. */
+/**
+ * As load(), from bytes; `name` stands for the file in errors. The JSON object has the keys name,
+ * description, faults and state; state has the names of ControllerState's members. A missing key
+ * stands for the member's default; what a body does not say of its filter comes from its preset.
+ */
 bool parse(const QByteArray &json, const QString &name, Scenario *scenario, QString *error);
-/** The whole state as JSON; parse() of it gives the same state back. */
+/** The whole state as JSON; parse() of it under the key state gives the same state back. */
 QJsonObject toJson(const ControllerState &state);
 /** Writes atomically; the same scenario gives the same bytes. */
 bool save(const QString &path, const Scenario &scenario, QString *error);

@@ -13,7 +13,9 @@ enum class CommandAccess { Get, Set, Action };
 struct CommandReply {
     bool ok = false;      ///< the command was understood and carried out
     bool unknown = false; ///< no entry of the command table matches the line
-    QByteArray answer;    ///< text of the answer; "morvek2 ok" for a successful action
+    QByteArray answer;    ///< text of the answer; "morvek2 ok" for a successful action, and
+                          ///< "morvek2 err" with the reason for a refused one
+    QString reason;       ///< why it was refused; empty otherwise
 };
 
 /**

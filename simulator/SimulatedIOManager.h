@@ -2,8 +2,8 @@
 
 #include <functional>
 
-#include <QMultiMap>
 #include <QObject>
+#include <QPair>
 #include <QVector>
 
 #include "IOManager.h"
@@ -23,6 +23,15 @@ class SimulatedIOManager : public QObject, public IOManager {
     Q_OBJECT
 
 public:
+    /** What an operation returns. */
+    enum Result {
+        Ok = 0,
+        Failed,       ///< the link is dead or a fault let the operation fail
+        Refused,      ///< the controller refused a query or a set
+        Unknown,      ///< the controller does not know the command
+        NotConverted, ///< the answer is not of the type asked for
+    };
+
     explicit SimulatedIOManager(SimulatedController *controller, QObject *parent = nullptr);
     ~SimulatedIOManager() override;
 
@@ -32,11 +41,9 @@ public:
     int get_int(int *out, const char *format, ...) override __attribute__((format(printf, 3, 4)));
     int get_double(double *out, const char *format, ...) override
             __attribute__((format(printf, 3, 4)));
-    int get_bool(bool *out, const char *format, ...) override
-            __attribute__((format(printf, 3, 4)));
+    int get_bool(bool *out, const char *format, ...) override __attribute__((format(printf, 3, 4)));
     int set(const char *format, ...) override __attribute__((format(printf, 2, 3)));
-    void send_message(const char *channel, const char *sender, int kind,
-                      const char *text) override;
+    void send_message(const char *channel, const char *sender, int kind, const char *text) override;
     void register_receiver(const char *channel, MessageReceiver *receiver) override;
     void unregister_receiver(const char *channel, MessageReceiver *receiver) override;
 
@@ -65,9 +72,13 @@ signals:
     void messageSent(const QString &channel, const QString &sender, int kind, const QString &text);
 
 private:
+    TranscriptEntry perform(TranscriptEntry::Operation operation, const QByteArray &line);
+    void carryOut(TranscriptEntry *entry);
+    void record(TranscriptEntry *entry);
+
     SimulatedController *m_controller;
     FaultEngine *m_faults;
-    QMultiMap<QByteArray, MessageReceiver *> m_receivers;
+    QVector<QPair<QByteArray, MessageReceiver *>> m_receivers; ///< in the order of registration
     QVector<TranscriptEntry> m_transcript;
     std::function<QString()> m_dialogProbe;
     qint64 m_virtualMs = 0;

@@ -7,13 +7,13 @@
 struct TranscriptEntry {
     enum class Operation { Command, GetString, GetInt, GetDouble, GetBool, Set, Message };
 
-    qint64 virtualMs = 0;      ///< virtual time at the call
+    qint64 virtualMs = 0; ///< virtual time at the call
     Operation operation = Operation::GetString;
-    QByteArray line;           ///< the command line; for a message "channel|sender|kind|text"
-    QByteArray answer;         ///< what the client got; empty for Set and Message
-    int result = 0;            ///< what the operation returned
-    qint64 durationUs = 0;     ///< real time the call took; 0 when not measured
-    QString dialog;            ///< object name of the dialog that was open
+    QByteArray line;       ///< the command line; for a message "channel|sender|kind|text"
+    QByteArray answer;     ///< what the client got; empty for Set and Message
+    int result = 0;        ///< what the operation returned
+    qint64 durationUs = 0; ///< real time the call took; 0 when not measured
+    QString dialog;        ///< object name of the dialog that was open
 
     /** A read: GetString, GetInt, GetDouble or GetBool. */
     bool isGet() const

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+#include "BackendVersions.h"
+#include "ControllerState.h"
+
+/** What a command's handler did: an answer, an acceptance or a refusal with its reason. */
+struct CommandOutcome {
+    bool ok = false;
+    QByteArray answer;
+    QString reason; ///< why it was refused; empty otherwise
+
+    static CommandOutcome text(const QString &answer);
+    static CommandOutcome quoted(const QString &answer);
+    /** `answer`, or "none" when it is empty. */
+    static CommandOutcome textOrNone(const QString &answer);
+    static CommandOutcome number(int value);
+    static CommandOutcome real(double value);
+    static CommandOutcome flag(bool value);
+    static CommandOutcome done();
+    static CommandOutcome refused(const QString &reason);
+};
+
+/**
+ * One command on its way through its handler: the state it works on and the words that stood in the
+ * place of the pattern's placeholders, in their order.
+ */
+class CommandContext {
+public:
+    CommandContext(ControllerState &controllerState, const QStringList &commandArguments,
+                   const VersionInfo &protocolVersion);
+
+    ControllerState &state;
+    const QStringList arguments;
+    const VersionInfo protocol;
+    bool stateChanged = false; ///< set by queries that move the state, such as a search's
+
+    /** Argument `index`; empty when there is none. */
+    QString argument(int index) const { return arguments.value(index); }
+    /** The one-based number of an argument such as "b03"; 0 when it is none. */
+    int numbered(int index) const;
+    /** Body argument[first+1] of type argument[first]; null when it does not exist. */
+    BodyState *body(int first = 0) const;
+    /** "yes" or "no" at `index`; *ok is false for anything else. */
+    bool flag(int index, bool *ok) const;
+    /** A decimal number in the C locale at `index`; *ok is false for anything else. */
+    double real(int index, bool *ok) const;
+};

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QVector>
+
+#include "CommandTable.h"
+
+// The table's parts, one source file each.
+QVector<CommandEntry> bodyCommands();
+QVector<CommandEntry> bodyFilterCommands();
+QVector<CommandEntry> bodyTypeCommands();
+QVector<CommandEntry> targetLibraryCommands();
+QVector<CommandEntry> filter6dCommands();
+QVector<CommandEntry> inertialCommands();
+QVector<CommandEntry> systemCommands();
+QVector<CommandEntry> actionCommands();

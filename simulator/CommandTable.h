@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QByteArray>
+#include <QHash>
+#include <QStringList>
+#include <QVector>
+
+#include "CommandContext.h"
+#include "SimulatedController.h"
+
+/** One command that the controller knows. */
+struct CommandEntry {
+    using Handler = CommandOutcome (*)(CommandContext &);
+
+    CommandAccess access;
+    /**
+     * The line: words as they are, and placeholders. TYPE, NAME and VALUE stand for one word, bNN,
+     * tNN, gNN, mNN and dNN for that letter and a number of two digits at least, SENSOR for one or
+     * more words, TEXT for the rest of the line.
+     */
+    const char *pattern;
+    int major; ///< first protocol that knows the command
+    int minor;
+    /** Refused while the configuration is locked. */
+    bool changesConfiguration;
+    const char *meaning;
+    const char *usedBy; ///< classes of the module, separated by ", "
+    Handler handler;
+};
+
+/** Every command there is. Built once; only read afterwards. */
+class CommandTable {
+public:
+    struct Match {
+        const CommandEntry *entry = nullptr; ///< null when the line is unknown
+        QStringList arguments;               ///< what stood for the placeholders, in order
+    };
+
+    static const CommandTable &instance();
+
+    const QVector<CommandEntry> &entries() const { return m_entries; }
+    /** The entry that a line belongs to. Blanks in front of the first word do not count. */
+    Match find(CommandAccess access, const QByteArray &line) const;
+
+private:
+    CommandTable();
+
+    QVector<CommandEntry> m_entries;
+    QVector<QList<QByteArray>> m_patterns;      ///< the words of each entry's pattern
+    QHash<QByteArray, QVector<int>> m_byModule; ///< entries by first word
+};
