@@ -1,0 +1,129 @@
+#pragma once
+
+#include "ui_TrackingDialog.h"
+
+#include "ControllerLink.h"
+
+#include <QDialog>
+#include <QIcon>
+
+#include <array>
+#include <optional>
+
+class BackendVersions;
+class BodySettingsDlg;
+class IOManager;
+class QDomElement;
+
+/**
+ * Single-marker settings: calculation of 3DOF markers, automatic restart, the 5DOF central axis.
+ *
+ * Reads everything from the controller at each opening and writes it back on OK. What it shows
+ * depends on two preferences, read when it is made and written when it is destroyed. Owned by the
+ * plug-in object; the host's objects outlive it.
+ */
+class TrackingDlg : public QDialog, private Ui::TrackingDialog {
+    Q_OBJECT
+
+public:
+    /** `moduleVersion` selects the preferences file. */
+    TrackingDlg(IOManager *iom, QWidget *parent, BackendVersions *beVers, QString moduleVersion);
+    /** Writes the preferences file. */
+    ~TrackingDlg() override;
+
+    /** False below protocol 1.9 and when the query fails. */
+    bool is_config_locked() const;
+
+    /** Writes the three single-marker settings; a refused one is logged, the others follow. */
+    void saveSettings();
+    /** Writes back what was read at the opening, except for the axis. */
+    void writeOldSettings();
+    /** Writes the chosen axis as a unit vector; nothing when no axis is selected. */
+    void save5DofAxisCentralSettings();
+    void setup_comboBox_5dofAxis();
+    /** Selects the controller's axis; another vector is only shown. No selection on failure. */
+    void update_comboBox_5dofAxis();
+
+    /** Decides whether the automatic restart can be shown at all. */
+    void enable_pocketunit_widget(bool isPocketunit);
+    /** Switches automatic restart on, which a compact system always runs with. */
+    void check_pocketunit_default_settings();
+
+    void show_fixed_angle_button(bool show);
+    /** True when any axis of any standard body is fixed; false when that cannot be read. */
+    bool any_body_fixed_angle() const;
+    void displayFixedAngleButton();
+
+    /** Hides the tracking frequency. */
+    void enableInertialControls();
+    /** Enables the inputs that belong to the chosen source of the tracking frequency. */
+    void activateInertialControls();
+    void update_radioButtonsInertial();
+    void update_spinBox_frequency();
+    void update_comboBox_inertialSensor();
+    /** Writes the source of the tracking frequency; a refused write is logged. */
+    void sendInertialSettingsToAtc();
+
+    /** Reads the preferences file; a file that cannot be used is logged, no file is not. */
+    void loadSettingsFromXml();
+    void saveSettingsToXml() const;
+    /** Takes over one child of the preferences' root; unknown elements change nothing. */
+    void readSettings(const QDomElement &element);
+
+public slots:
+    /** Reads the controller and runs the dialog; a visible one is only raised. */
+    int update_and_exec();
+
+private slots:
+    void on_checkBox_force3d_stateChanged(int state);
+    void on_checkBox_autoReStart_stateChanged(int state);
+    void on_comboBox_5dofAxis_currentIndexChanged(const QString &axis);
+    void on_radioButton_cameraSynchronous_toggled(bool checked);
+    void on_radioButton_frequency_toggled(bool checked);
+    void on_radioButton_inertialSensor_toggled(bool checked);
+    void on_doubleSpinBox_frequency_valueChanged(double frequencyHz);
+    void on_comboBox_inertialSensor_currentIndexChanged(int index);
+    void on_pushButton_ok_clicked();
+    void on_pushButton_cancel_clicked();
+    void on_pushButton_advanced_clicked();
+
+private:
+    using Vector = std::array<double, 3>;
+
+    void applyConfigLock();
+    void readMarkerCalculation();
+    void readAutoRestart();
+    void readAxis();
+    void forceAutoRestart();
+    void writeMarkerCalculation(bool on);
+    void writeAutoRestart(bool on);
+    std::optional<Vector> centralAxis() const;
+    void markChanged();
+    void markPulseChanged();
+    bool knowsAutoRestart() const { return m_link.protocolAtLeast(0, 14); }
+    bool knowsCentralAxis() const { return m_link.protocolAtLeast(1, 12); }
+    bool knowsFixedAngles() const { return m_link.protocolAtLeast(1, 6); }
+    bool knowsPulse() const { return m_link.protocolAtLeast(1, 21); }
+
+    IOManager *iom;
+    BackendVersions *beVers;
+    QWidget *m_parent;
+    QString strProt;
+    bool bCalculate3DofMarker = false; ///< as read at the opening
+    bool bAutoStart = false;
+    bool bAutoRestart = false; ///< as read at the opening
+    bool m_show_auto_restart_mea_sync = false;
+    QString sConfigDir;
+    QString m_module_version;
+    bool m_is_config_locked = false;
+    QIcon m_icon_lock;
+    bool m_changed = false;
+    bool m_xml_fixed_angle = false;
+    bool m_fixed_angle = false;
+    BodySettingsDlg *m_body_setting_dialog = nullptr;
+    bool bUserAction = true; ///< false while the dialog fills its own widgets
+    bool m_bInertialAvailable = false;
+    bool m_bTrackingPulseSettingsHasChanged = false;
+
+    ControllerLink m_link;
+};

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "fixedanglebody.h"
+
+#include <QList>
+#include <QTableWidget>
+
+#include <optional>
+
+class BackendVersions;
+
+/**
+ * The fixed angles of the standard bodies, one row a body; each angle with its own check box.
+ *
+ * Owned by its parent. Keeps every angle a number of degrees from -20.0 to 20.0 while it is edited;
+ * numbers are shown and read with a decimal point in every locale.
+ */
+class AngleTableWidget : public QTableWidget {
+    Q_OBJECT
+
+public:
+    /** `parent` is the widget that shows the table; the versions are not consulted. */
+    AngleTableWidget(BackendVersions *beVers, QObject *parent);
+
+    void initial_table();
+    /** Replaces all rows. Shows the angles as they are, whatever their range. */
+    void fill_in_table(const QList<FixedAngleBody *> &bodies);
+
+    /** The row's body as the table shows it; nothing when an angle does not read as a number. */
+    std::optional<FixedAngleBody> body(int row) const;
+    /** True when the row's angles are neither known nor set by the user. */
+    bool isUnread(int row) const;
+
+public slots:
+    /** Keeps numbers and names from being edited. */
+    void click_cell(int row, int column);
+    /** Rewrites an edited angle with two decimals; what is no allowed angle becomes "0.00". */
+    void changed_cell(int row, int column);
+
+private:
+    void fillRow(int row, const FixedAngleBody &body);
+};

@@ -1,0 +1,167 @@
+#include "fixedangledlg.h"
+
+#include "ui_FixedAngleDlg.h"
+
+#include "angletablewidget.h"
+#include "helpdialog.h"
+
+#include <QHeaderView>
+#include <QMessageBox>
+#include <QPointer>
+#include <QScopeGuard>
+#include <QVector>
+
+#include <cmath>
+
+FixedAngleDlg::FixedAngleDlg(IOManager *iom, QWidget *parent, BackendVersions *beVers)
+    : QDialog(parent),
+      m_link(iom, beVers),
+      m_ui(std::make_unique<Ui::FixedAngleDlg>()),
+      m_table(new AngleTableWidget(beVers, this))
+{
+    m_ui->setupUi(this);
+    m_table->setObjectName(QStringLiteral("tableWidget"));
+    m_table->setAccessibleName(tr("Fixed angles of the standard bodies"));
+    m_ui->verticalLayout->insertWidget(0, m_table);
+    setTabOrder(m_table, m_ui->pushButton_help);
+}
+
+FixedAngleDlg::~FixedAngleDlg() = default;
+
+int FixedAngleDlg::update_and_exec()
+{
+    if (m_link.protocolAtLeast(1, 6)) {
+        QList<FixedAngleBody *> bodies;
+        const auto release = qScopeGuard([&bodies] { qDeleteAll(bodies); });
+        get_fixed_angle_info(bodies);
+        m_table->fill_in_table(bodies);
+    }
+    m_table->setFocus();
+    return exec();
+}
+
+void FixedAngleDlg::get_fixed_angle_info(QList<FixedAngleBody *> &bodies) const
+{
+    const auto count = m_link.integer("body number_of_bodies standard");
+    if (!count)
+        m_link.log(tr("Error: Unable to check number of standard bodies"));
+    for (int number = 1; number <= count.value_or(0); ++number)
+        bodies.append(new FixedAngleBody(readBody(number)));
+}
+
+FixedAngleBody FixedAngleDlg::readBody(int number) const
+{
+    FixedAngleBody body;
+    body.body_id = number;
+    const auto description = m_link.text("body desc standard b%.2d", number);
+    if (!description)
+        m_link.log(tr("Error: Unable to check name of standard body"));
+    body.body_des = description.value_or(QString());
+
+    const auto calibrated = m_link.text("body calibrated standard b%.2d", number);
+    if (!calibrated)
+        m_link.log(tr("Error: Unable to check the calibration status of standard body"));
+
+    const auto targetType = m_link.text("body target_type standard b%.2d", number);
+    if (!targetType)
+        m_link.log(tr("Error: Unable to check target type"));
+    body.body_cali = calibrated == QLatin1String("yes")
+                     && (targetType == QLatin1String("tt_std")
+                         || targetType == QLatin1String("tt_2x5dof_cyl"));
+    readAngles(&body);
+    return body;
+}
+
+void FixedAngleDlg::readAngles(FixedAngleBody *body) const
+{
+    const auto answer = m_link.text("standard fixed_angle b%.2d", body->body_id);
+    if (!answer) {
+        m_link.log(tr("Error: Unable to check fixed angle of standard body"));
+        return;
+    }
+    const QStringList fields = answer->split(QLatin1Char(' '));
+    for (int axis = 0; axis < int(body->fixed_angle.size()); ++axis) {
+        body->fixed_angle_enable[axis] = fields.value(2 * axis) == QLatin1String("yes");
+        const double degrees = fields.value(2 * axis + 1).toDouble();
+        body->fixed_angle[axis] = std::isfinite(degrees) ? degrees : 0.0;
+    }
+    body->angles_known = true;
+}
+
+bool FixedAngleDlg::save_fix_angle_settings()
+{
+    QVector<FixedAngleBody> bodies;
+    for (int row = 0; row < m_table->rowCount(); ++row) {
+        const auto body = m_table->body(row);
+        if (!body) {
+            warn(tr("There is invalid data."));
+            return false;
+        }
+        // What was never read must not be replaced by the zeros that stand for it.
+        if (!m_table->isUnread(row))
+            bodies.append(*body);
+    }
+    QStringList refused;
+    for (const FixedAngleBody &body : qAsConst(bodies)) {
+        if (!write(body))
+            refused.append(QString::asprintf("b%02d ", body.body_id) + body.body_des);
+    }
+    if (refused.isEmpty())
+        return true;
+    //: %1 is a list of body numbers and names, for example "b02 Head, b03 Chair"
+    warn(tr("The controller refused the fixed angles of %1.")
+                 .arg(refused.join(QStringLiteral(", "))));
+    return false;
+}
+
+bool FixedAngleDlg::write(const FixedAngleBody &body) const
+{
+    const auto word = [&body](int axis) { return body.fixed_angle_enable[axis] ? "yes" : "no"; };
+    const bool done = m_link.set("standard fixed_angle b%.2d %s %f %s %f %s %f", body.body_id,
+                                 word(0), body.fixed_angle[0], word(1), body.fixed_angle[1],
+                                 word(2), body.fixed_angle[2]);
+    if (!done)
+        m_link.log(tr("Error: Unable to set fixed angle of standard body"));
+    return done;
+}
+
+void FixedAngleDlg::warn(const QString &text)
+{
+    const QPointer<QMessageBox> box =
+            new QMessageBox(QMessageBox::Warning, tr("Fixed Angle"), text, QMessageBox::Ok, this);
+    box->setTextFormat(Qt::PlainText);
+    box->exec();
+    delete box.data();
+}
+
+void FixedAngleDlg::on_pushButton_ok_clicked()
+{
+    if (save_fix_angle_settings())
+        accept();
+}
+
+void FixedAngleDlg::on_pushButton_cancel_clicked()
+{
+    reject();
+}
+
+void FixedAngleDlg::on_pushButton_help_clicked()
+{
+    const QPointer<HelpDialog> help = new HelpDialog(this);
+    help->exec();
+    delete help.data();
+}
+
+void FixedAngleDlg::resizeEvent(QResizeEvent *event)
+{
+    QDialog::resizeEvent(event);
+    // The last column takes what the others leave.
+    constexpr int idShare = 10;
+    constexpr int nameShare = 36;
+    constexpr int angleShare = 18;
+    const int width = m_table->viewport()->width();
+    m_table->setColumnWidth(0, width * idShare / 100);
+    m_table->setColumnWidth(1, width * nameShare / 100);
+    m_table->setColumnWidth(2, width * angleShare / 100);
+    m_table->setColumnWidth(3, width * angleShare / 100);
+}

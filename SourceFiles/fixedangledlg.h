@@ -1,0 +1,59 @@
+#pragma once
+
+#include "ControllerLink.h"
+#include "fixedanglebody.h"
+
+#include <QDialog>
+#include <QList>
+
+#include <memory>
+
+class AngleTableWidget;
+class BackendVersions;
+class IOManager;
+
+namespace Ui {
+class FixedAngleDlg;
+}
+
+/**
+ * Shows and writes the fixed angles of the standard bodies.
+ *
+ * Made for one opening and destroyed after it by the dialog that opens it; the host's objects
+ * outlive it. Nothing is sent before OK.
+ */
+class FixedAngleDlg final : public QDialog {
+    Q_OBJECT
+
+public:
+    FixedAngleDlg(IOManager *iom, QWidget *parent, BackendVersions *beVers);
+    ~FixedAngleDlg() override;
+
+    /** Reads the bodies and runs the dialog; below protocol 1.6 the table stays empty. */
+    int update_and_exec();
+    /** Appends one record per standard body, owned by the caller. A failed query is logged. */
+    void get_fixed_angle_info(QList<FixedAngleBody *> &bodies) const;
+    /**
+     * Writes every row. False when a row does not hold three numbers, then nothing is written, or
+     * when the controller refused a row; a box tells the user either.
+     */
+    bool save_fix_angle_settings();
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+
+private slots:
+    void on_pushButton_ok_clicked();
+    void on_pushButton_cancel_clicked();
+    void on_pushButton_help_clicked();
+
+private:
+    FixedAngleBody readBody(int number) const;
+    void readAngles(FixedAngleBody *body) const;
+    bool write(const FixedAngleBody &body) const;
+    void warn(const QString &text);
+
+    ControllerLink m_link;
+    std::unique_ptr<Ui::FixedAngleDlg> m_ui;
+    AngleTableWidget *m_table; ///< owned as a child
+};
