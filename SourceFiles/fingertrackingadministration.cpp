@@ -1,0 +1,194 @@
+#include "fingertrackingadministration.h"
+
+#include "ui_fingertrackingadministration.h"
+
+#include <QHeaderView>
+#include <QResizeEvent>
+
+#include "editdelegate.h"
+#include "targetlibrary.h"
+
+namespace {
+
+const QString handsType = QStringLiteral("fingertracking");
+
+enum HandsColumn {
+    IdColumn,
+    ActiveColumn,
+    NameColumn,
+    CalibrationColumn,
+    DeleteColumn,
+    ResetColumn,
+    ColumnCount
+};
+
+} // namespace
+
+FingertrackingAdministration::FingertrackingAdministration(IOManager *manager, QWidget *parent,
+                                                           BackendVersions *versions,
+                                                           const QString &moduleVersion,
+                                                           Targetlibrary *library)
+    : BodyTypeAdministrationTab(manager, parent, versions, moduleVersion, library),
+      ui(std::make_unique<Ui::FingertrackingAdministrationClass>()),
+      m_editDelegate(new EditDelegate(this))
+{
+    ui->setupUi(this);
+    setTabWidgets({handsType, ui->tableWidget_fingertracking, ui->tableWidget_targetlibrary,
+                   ui->pushButton_select, ui->pushButton_deselect, ui->pushButton_start,
+                   ui->pushButton_stop, ui->progressBar, ui->label_targetlibrary, nullptr,
+                   {ui->spinBox_hands, ui->pushButton_calibration},
+                   {ui->spinBox_hands, ui->pushButton_calibration}});
+    setup_fingertracking_table();
+    setup_tableWidget_targetlibrary(ui->tableWidget_targetlibrary);
+    checkActivateFingertracking();
+}
+
+FingertrackingAdministration::~FingertrackingAdministration() = default;
+
+QString FingertrackingAdministration::getTabTitle()
+{
+    return tr("F&ingertracking");
+}
+
+bool FingertrackingAdministration::isAvailable()
+{
+    return m_available;
+}
+
+bool FingertrackingAdministration::is_bodyadjustment_possible()
+{
+    return false;
+}
+
+int FingertrackingAdministration::getCurrentBodyindex()
+{
+    return ui->tableWidget_fingertracking->currentRow();
+}
+
+bool FingertrackingAdministration::is_fingertracking_available() const
+{
+    if (!link().protocolAtLeast(0, 17))
+        return false;
+    return link().protocolAtLeast(1, 22) || link().isYes("fingertracking available");
+}
+
+void FingertrackingAdministration::checkActivateFingertracking()
+{
+    if (!m_available && is_fingertracking_available()) {
+        registerBodyType(handsType);
+        registerSpinBox(handsType, ui->spinBox_hands);
+        setupTableWidgetData();
+        registerTableWidget_tl(handsType, ui->tableWidget_targetlibrary);
+        m_available = true;
+    }
+    if (!m_available) {
+        ui->label_error->setText(
+                tr("<b><font color=red>Fingertracking is not available!</font></b>"));
+    }
+}
+
+void FingertrackingAdministration::setup_fingertracking_table()
+{
+    QTableWidget *table = ui->tableWidget_fingertracking;
+    table->setColumnCount(ColumnCount);
+    table->setRowCount(0);
+    table->setHorizontalHeaderLabels({tr("ID"), tr("Active"), tr("Name"), tr("Calibration"),
+                                      tr("Delete"), tr("Reset")});
+    table->horizontalHeader()->setSectionsClickable(false);
+    table->horizontalHeader()->setStretchLastSection(true);
+    table->verticalHeader()->setVisible(false);
+    table->setSelectionMode(QAbstractItemView::SingleSelection);
+    table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    table->setItemDelegateForColumn(NameColumn, m_editDelegate);
+    set_table_column_size();
+}
+
+void FingertrackingAdministration::setupTableWidgetData()
+{
+    registerTableWidget(handsType, ui->tableWidget_fingertracking,
+                        {COLUMN_TYPE_ID, COLUMN_TYPE_ACTIVE, COLUMN_TYPE_NAME,
+                         COLUMN_TYPE_CALIBRATED, COLUMN_TYPE_DELETE, COLUMN_TYPE_RESET},
+                        QStringLiteral("H%1"));
+}
+
+void FingertrackingAdministration::set_table_column_size()
+{
+    QHeaderView *header = ui->tableWidget_fingertracking->horizontalHeader();
+    header->setStretchLastSection(false);
+    for (int column = 0; column < ColumnCount; ++column) {
+        header->setSectionResizeMode(column, column == NameColumn ? QHeaderView::Stretch
+                                                                  : QHeaderView::ResizeToContents);
+    }
+}
+
+void FingertrackingAdministration::update_fingertracking_table()
+{
+    if (m_available) {
+        const bool full = ui->spinBox_hands->value() >= ui->spinBox_hands->maximum();
+        ui->label_error->setText(
+                full ? tr("<b><font color=red>Max. number of Hands is reached!</font></b>")
+                     : QString());
+    }
+    set_table_column_size();
+    emit selection_changed(current_btype, current_bid);
+}
+
+void FingertrackingAdministration::displayErrorMessage(bool unavailable)
+{
+    ui->contents->setVisible(!unavailable);
+    if (unavailable) {
+        ui->label_error->setText(
+                tr("<b><font color=red>Fingertracking is not available!</font></b>"));
+    }
+}
+
+void FingertrackingAdministration::updateView()
+{
+    update_fingertracking_table();
+}
+
+void FingertrackingAdministration::update_tab()
+{
+    refreshTargets();
+    checkActivateFingertracking();
+    displayErrorMessage(!m_available);
+    refreshBodies();
+}
+
+int FingertrackingAdministration::morvek2_getMaxNumberOfBodies(const QString &type)
+{
+    constexpr int defaultMaximum = 4;
+    if (type != handsType)
+        return 0;
+    const auto maximum = link().integer("fingertracking max_number_of_hands");
+    if (!maximum)
+        link().log(tr("Error: Unable to get max number of %1 hand bodies").arg(type));
+    return maximum.value_or(defaultMaximum);
+}
+
+bool FingertrackingAdministration::morvek2_setNumberOfBodies(const QString &type, int count)
+{
+    if (type != handsType)
+        return false;
+    const bool done = link().set("fingertracking number_of_hands %d", count);
+    if (!done)
+        link().log(tr("Error: Unable to set number of %1 hand bodies to %2").arg(type).arg(count));
+    return done;
+}
+
+void FingertrackingAdministration::on_tableWidget_fingertracking_itemSelectionChanged()
+{
+    activate_pushButton_select();
+    activate_pushButton_deselect();
+}
+
+void FingertrackingAdministration::on_pushButton_calibration_clicked()
+{
+    requestBodyCalibration();
+}
+
+void FingertrackingAdministration::resizeEvent(QResizeEvent *event)
+{
+    BodyTypeAdministrationTab::resizeEvent(event);
+    set_table_column_size();
+}

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "BodyTypeAdministrationTab.h"
+
+class EditDelegate;
+
+namespace Ui {
+class MtAdministrationClass;
+}
+
+/**
+ * The tab of the measurement tools and the references they are measured against. Targets are
+ * assigned to references; its body types are registered once the controller offers the tools.
+ */
+class MtAdministration : public BodyTypeAdministrationTab {
+    Q_OBJECT
+
+public:
+    MtAdministration(IOManager *iom, QWidget *parent, BackendVersions *beVers,
+                     const QString &moduleVersion, Targetlibrary *targetlib);
+    ~MtAdministration() override;
+
+    QString getTabTitle() override;
+    bool isAvailable() override;
+    bool is_bodyadjustment_possible() override;
+    int getCurrentBodyindex() override;
+    void updateView() override;
+    void update_tab() override;
+    void setBodyActive(const QString &type, int index, bool active) override;
+    bool deleteBody(const QString &type, int index) override;
+    int morvek2_getMaxNumberOfBodies(const QString &type) override;
+    bool morvek2_setNumberOfBodies(const QString &type, int count) override;
+    void updateTableWidgetCell(const QString &type, int index, int column,
+                               QTableWidgetItem *item) override;
+    void saveSelectionOfMtTables() override;
+
+protected:
+    bool mayAssignTarget(const QString &targetShortName) override;
+
+private slots:
+    void on_tableWidget_ref_itemSelectionChanged();
+    void on_comboBox_filter_currentIndexChanged(const QString &group);
+
+private:
+    void setup_mt_table();
+    void setup_ref_table();
+    void setupTableWidgetData();
+    void checkActivateMeasurementtool();
+    bool is_mt_available() const;
+    void update_mt_table();
+    void update_ref_table();
+    void displayErrorMessage(bool unavailable);
+    void restoreSelectionOfMtTables();
+    bool deleteCalibrationStandardTargetIfNeeded(const QString &shortName);
+    void update_comboBox_filter();
+    void set_comboBox_filter_to(const QString &group);
+    /** Zero-based indexes of the tools measured against that reference, as their table shows. */
+    QVector<int> toolsOfReference(int reference) const;
+    bool clearReference(int index, const QVector<int> &tools);
+
+    std::unique_ptr<Ui::MtAdministrationClass> ui;
+    EditDelegate *m_editDelegate;
+    bool m_activated = false;
+    int m_toolRow = -1;
+    int m_referenceRow = -1;
+};

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QString>
+#include <QVector>
+
+class QComboBox;
+class QLabel;
+class QProgressBar;
+class QPushButton;
+class QTableWidget;
+class QWidget;
+
+/** The widgets of a tab's form that the tabs have in common; owned by the form. */
+struct TabWidgets {
+    QString type;                      ///< body type that targets are assigned to
+    QTableWidget *bodyTable = nullptr; ///< the table whose current row receives a target
+    QTableWidget *targetTable = nullptr;
+    QPushButton *select = nullptr;
+    QPushButton *deselect = nullptr;
+    QPushButton *start = nullptr;
+    QPushButton *stop = nullptr;
+    QProgressBar *progressBar = nullptr;
+    QLabel *resultLabel = nullptr;
+    QComboBox *category = nullptr;     ///< null when the tab has no category filter
+    QVector<QWidget *> searchControls; ///< disabled while a search runs
+    QVector<QWidget *> editControls;   ///< disabled while the configuration is locked
+};

@@ -1,0 +1,3 @@
+#include "target.h"
+
+Target::Target(QObject *parent) : QObject(parent) {}

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+/** One target of the controller's library; owned by the Targetlibrary that made it. */
+class Target : public QObject {
+    Q_OBJECT
+
+public:
+    explicit Target(QObject *parent = nullptr);
+
+    QString id() const { return sId; }
+    QString shortName() const { return sShortName; }
+    QString longName() const { return sLongName; }
+    QString bodyType() const { return sBodyType; }
+    QString group() const { return sGroup; }
+    bool isCalibrated() const { return bIsCalibrated; }
+    bool isTracked() const { return bIsTracked; }
+
+    void setId(const QString &id) { sId = id; }
+    void setShortName(const QString &name) { sShortName = name; }
+    void setLongName(const QString &name) { sLongName = name; }
+    void setBodyType(const QString &type) { sBodyType = type; }
+    void setGroup(const QString &group) { sGroup = group; }
+    void setCalibrated(bool calibrated) { bIsCalibrated = calibrated; }
+    void setIsTracked(bool tracked) { bIsTracked = tracked; }
+
+private:
+    QString sId;                ///< t01, t02, ... with at least two digits
+    QString sShortName;
+    QString sLongName;
+    QString sBodyType;          ///< the controller's word, or "none"
+    QString sGroup;             ///< empty when it belongs to none
+    bool bIsCalibrated = false; ///< a body holds it
+    bool bIsTracked = false;    ///< the cameras see it
+};

@@ -1,0 +1,87 @@
+#include "targetsearchrun.h"
+
+#include <QCoreApplication>
+
+#include "target.h"
+#include "targetlibrary.h"
+
+namespace {
+
+QString translated(const char *text)
+{
+    return QCoreApplication::translate("BodyTypeAdministrationTab", text);
+}
+
+} // namespace
+
+bool TargetSearchRun::canStart() const
+{
+    if (m_link.text("cal available targetlib") != QLatin1String("yes")) {
+        m_link.log(translated("Error: Unable to start target library calibration. "
+                              "Calibration type is not available"));
+        return false;
+    }
+    const auto active = m_link.text("status active");
+    if (!active) {
+        m_link.log(translated("Error: Unable to start target library calibration"));
+        return false;
+    }
+    if (*active != QLatin1String("none") && *active != QLatin1String("err")) {
+        m_link.log(translated("Error: Unable to start target library calibration. "
+                              "Calibration is already active."));
+        return false;
+    }
+    return true;
+}
+
+bool TargetSearchRun::start(const QStringList &shortNamesInUse)
+{
+    m_running = m_link.command("morvek2 cal targetlib start");
+    if (!m_running) {
+        m_link.log(translated("Error: Unable to start target library calibration"));
+        return false;
+    }
+    m_link.log(translated("target library calibration started"));
+    for (const QString &shortName : shortNamesInUse)
+        m_link.log(translated("%1 already calibrated").arg(shortName));
+    return true;
+}
+
+TargetSearchRun::Poll TargetSearchRun::poll()
+{
+    const auto step = m_link.text("status step_active");
+    if (!step) {
+        m_running = false;
+        m_link.log(
+                translated("Error during target library calibration. Calibration aborted"));
+        return {Step::Aborted, std::nullopt};
+    }
+    if (!step->startsWith(QLatin1String("cal"))) {
+        m_running = false;
+        m_link.log(translated("target library calibration stopped"));
+        return {Step::Ended, std::nullopt};
+    }
+    Poll result;
+    if (const auto progress = m_link.real("status progress"))
+        result.percent = int(qBound(0.0, *progress, 1.0) * 100.0);
+    return result;
+}
+
+void TargetSearchRun::cancel()
+{
+    m_running = false;
+    m_link.command("morvek2 cal targetlib stop");
+    m_link.log(translated("target library calibration cancelled"));
+}
+
+int TargetSearchRun::countTracked(const Targetlibrary &library, const QString &type) const
+{
+    int tracked = 0;
+    for (const Target *target : library.targets()) {
+        if (library.isOfType(*target, type)
+            && m_link.isYes("targetlib target_status_tracked %s",
+                            ControllerLink::argument(target->id()).constData()))
+            ++tracked;
+    }
+    return tracked;
+}

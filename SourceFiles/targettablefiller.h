@@ -1,0 +1,65 @@
+#pragma once
+
+#include <QIcon>
+#include <QSet>
+#include <QString>
+#include <QVector>
+
+class QTableWidget;
+class Target;
+class Targetlibrary;
+
+/** Shows the library targets of a body type in a target table: catalogue in, items out. */
+class TargetTableFiller {
+public:
+    enum Column { IdColumn, ShortNameColumn, NameColumn, UsedColumn, ColumnCount };
+
+    /** The category, and the heading row, of the targets that a search found. */
+    static QString foundTargets();
+    /** What the "Used" column reads for a target that a body holds. */
+    static QString usedText();
+
+    /**
+     * @param type the body type whose targets are listed
+     * @param customTargets identifiers of the targets whose calibration is a custom one
+     * @param foundIcon marks the targets that the cameras see
+     */
+    TargetTableFiller(const Targetlibrary &library, const QString &type,
+                      const QSet<QString> &customTargets, const QIcon &foundIcon)
+        : m_library(library), m_type(type), m_customTargets(customTargets), m_foundIcon(foundIcon)
+    {
+    }
+
+    /** Columns, headers and selection of an empty target table. */
+    static void setUp(QTableWidget *table);
+
+    /**
+     * The targets of a category in identifier order: those found by a search for foundTargets(),
+     * else those of the group of that name, the empty name being the targets without a group.
+     */
+    QVector<const Target *> inCategory(const QString &category) const;
+    /** All targets of the type, the found ones first. */
+    QVector<const Target *> all() const;
+
+    /**
+     * Lists `targets`; with `heading`, a heading row stands above the found ones. The current
+     * target stays current wherever its row moves.
+     */
+    void fill(QTableWidget *table, const QVector<const Target *> &targets, bool heading) const;
+    /** Re-writes the "Used" cell and the found mark of the listed targets. */
+    void refreshMarks(QTableWidget *table) const;
+
+    /** Identifier in that row; empty for a heading or a row that is not there. */
+    static QString targetId(const QTableWidget *table, int row);
+    static QString shortName(const QTableWidget *table, int row);
+
+private:
+    QString used(const Target &target) const;
+    void fillRow(QTableWidget *table, int row, const Target &target) const;
+    void fillHeading(QTableWidget *table, int row) const;
+
+    const Targetlibrary &m_library;
+    QString m_type;
+    const QSet<QString> &m_customTargets;
+    QIcon m_foundIcon;
+};
