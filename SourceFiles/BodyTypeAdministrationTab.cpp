@@ -11,8 +11,8 @@
 
 #include "bodycommands.h"
 #include "bodynumber.h"
-#include "filterdialog.h"
 #include "fillguard.h"
+#include "filterdialog.h"
 #include "target.h"
 #include "targetlibrary.h"
 #include "userquestion.h"
@@ -301,8 +301,7 @@ void BodyTypeAdministrationTab::updateBodyTypeSpinBox(const QString &type, bool 
     if (!known || !known->spinBox)
         return;
     const QSignalBlocker silent(known->spinBox);
-    const int limit =
-            readMaximum ? morvek2_getMaxNumberOfBodies(type) : known->spinBox->maximum();
+    const int limit = readMaximum ? morvek2_getMaxNumberOfBodies(type) : known->spinBox->maximum();
     // A limit that could not be read must not make the box show fewer bodies than there are.
     known->spinBox->setRange(0, qMax(limit, known->bodies.size()));
     known->spinBox->setValue(known->bodies.size());

@@ -220,8 +220,7 @@ void BodyTypeAdministrationTab::setNumberOfBodies(const QString &type, int count
     updateView();
 }
 
-void BodyTypeAdministrationTab::checkForReferenceDisabeledAndResetIfNec(int &newCount,
-                                                                        int oldCount,
+void BodyTypeAdministrationTab::checkForReferenceDisabeledAndResetIfNec(int &newCount, int oldCount,
                                                                         const QString &type)
 {
     // Only the last body is examined, also when several are dropped at once.
@@ -259,10 +258,10 @@ void BodyTypeAdministrationTab::setBodyDescription(const QString &type, int inde
 void BodyTypeAdministrationTab::setBodyReference(const QString &type, int index, bool reference)
 {
     if (reference && !isBodyActive(type, index)) {
-        const bool alive = UserQuestion::warning(
-                this, tr("Warning"),
-                tr("A de-activated body cannot be set as reference.\n"
-                   "Please activate this body before."));
+        const bool alive =
+                UserQuestion::warning(this, tr("Warning"),
+                                      tr("A de-activated body cannot be set as reference.\n"
+                                         "Please activate this body before."));
         if (alive)
             updateTableWidget(type);
         return;
@@ -277,12 +276,12 @@ void BodyTypeAdministrationTab::setBodyReference(const QString &type, int index,
 
 bool BodyTypeAdministrationTab::morvek2_setBodyActive(const QString &type, int index, bool active)
 {
-    const bool done = m_link.set("body active %s b%02d %s",
-                                 ControllerLink::argument(type).constData(), index + 1,
-                                 active ? "yes" : "no");
+    const bool done =
+            m_link.set("body active %s b%02d %s", ControllerLink::argument(type).constData(),
+                       index + 1, active ? "yes" : "no");
     if (!done) {
-        m_link.log(tr("Error: Unable to set activeness of body %1 b%2")
-                           .arg(type, bodyNumber(index)));
+        m_link.log(
+                tr("Error: Unable to set activeness of body %1 b%2").arg(type, bodyNumber(index)));
     }
     return done;
 }
@@ -290,12 +289,12 @@ bool BodyTypeAdministrationTab::morvek2_setBodyActive(const QString &type, int i
 bool BodyTypeAdministrationTab::morvek2_setBodyDescription(const QString &type, int index,
                                                            const QString &text)
 {
-    const bool done = m_link.set("body desc %s b%02d \"%s\"",
-                                 ControllerLink::argument(type).constData(), index + 1,
-                                 ControllerLink::argument(text).constData());
+    const bool done =
+            m_link.set("body desc %s b%02d \"%s\"", ControllerLink::argument(type).constData(),
+                       index + 1, ControllerLink::argument(text).constData());
     if (!done) {
-        m_link.log(tr("Error: Unable to set description of body %1 b%2")
-                           .arg(type, bodyNumber(index)));
+        m_link.log(
+                tr("Error: Unable to set description of body %1 b%2").arg(type, bodyNumber(index)));
     }
     return done;
 }
@@ -354,9 +353,9 @@ bool BodyTypeAdministrationTab::resetBody(const QString &type, int index)
 bool BodyTypeAdministrationTab::resetToLibrary(const QString &type, int index,
                                                const QString &target)
 {
-    const Answer answer = UserQuestion::yesNo(this, tr("MORVEK3"),
-                                              tr("Reset %1 %2\nto Target-Library geometry?")
-                                                      .arg(typeLabel(type), bodyNumber(index)));
+    const Answer answer = UserQuestion::yesNo(
+            this, tr("MORVEK3"),
+            tr("Reset %1 %2\nto Target-Library geometry?").arg(typeLabel(type), bodyNumber(index)));
     if (answer != Answer::Accepted)
         return false;
     const bool done = BodyCommands(m_link).resetToLibrary(type, index, target);
@@ -373,10 +372,10 @@ bool BodyTypeAdministrationTab::resetSensor(const QString &type, int index, cons
 {
     const BodyCommands commands(m_link);
     const BodyCommands::SensorReset reset = commands.sensorReset(sensor);
-    const QString question =
-            reset.hasStorage   ? tr("Reset %1 %2\nto sensor stored values?")
-            : reset.hasHandEye ? tr("Reset %1 %2?\nHand eye calibration will be deleted!")
-                               : tr("Reset %1 %2?");
+    const QString question = reset.hasStorage ? tr("Reset %1 %2\nto sensor stored values?")
+                             : reset.hasHandEye
+                                     ? tr("Reset %1 %2?\nHand eye calibration will be deleted!")
+                                     : tr("Reset %1 %2?");
     if (UserQuestion::yesNo(this, tr("MORVEK3"), question.arg(typeLabel(type), bodyNumber(index)))
         != Answer::Accepted)
         return false;
@@ -461,10 +460,10 @@ bool BodyTypeAdministrationTab::switchBody(const QString &type, int index, int o
     if (!bodyOf(type, index) || !bodyOf(type, otherIndex) || !m_link.protocolAtLeast(1, 11))
         return false;
     if (!BodyCommands(m_link).switchBodies(type, index, otherIndex)) {
-        UserQuestion::warning(this, tr("Warning"),
-                              tr("Switching %1 %2 and %3 failed!")
-                                      .arg(typeLabel(type), bodyNumber(index),
-                                           bodyNumber(otherIndex)));
+        UserQuestion::warning(
+                this, tr("Warning"),
+                tr("Switching %1 %2 and %3 failed!")
+                        .arg(typeLabel(type), bodyNumber(index), bodyNumber(otherIndex)));
         return false;
     }
     updateBodyInfo(type, index);

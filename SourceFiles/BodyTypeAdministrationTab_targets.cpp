@@ -274,8 +274,7 @@ void BodyTypeAdministrationTab::resetSearchWidgets()
     activate_pushButton_deselect();
 }
 
-void BodyTypeAdministrationTab::setSelectionOfTables(QTableWidget *bodyTable,
-                                                     QTableWidget *tlTable)
+void BodyTypeAdministrationTab::setSelectionOfTables(QTableWidget *bodyTable, QTableWidget *tlTable)
 {
     const int bodyRow = qMin(selectionTableLeft, bodyTable->rowCount() - 1);
     if (bodyRow != bodyTable->currentRow())

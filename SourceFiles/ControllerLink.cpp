@@ -32,10 +32,10 @@ QByteArray formatted(const char *format, va_list arguments)
 } // namespace
 
 // A va_list lives in the function that has the dots, so this cannot be a helper function.
-#define LINE_OF(format)                                                                           \
-    va_list arguments;                                                                            \
-    va_start(arguments, format);                                                                  \
-    const QByteArray line = formatted(format, arguments);                                         \
+#define LINE_OF(format)                                                                            \
+    va_list arguments;                                                                             \
+    va_start(arguments, format);                                                                   \
+    const QByteArray line = formatted(format, arguments);                                          \
     va_end(arguments)
 
 ControllerLink::ControllerLink(IOManager *iom, const BackendVersions *versions)

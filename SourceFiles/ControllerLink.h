@@ -14,9 +14,9 @@ class MessageReceiver;
  *
  * A small value that refers to the host's two objects, which outlive it; either may be null, then
  * every read and write fails, the protocol counts as the oldest and no message is sent. Formats are
- * checked at compile time. Numbers are formatted in the C locale, text travels as UTF-8. A line that
- * holds a line break is refused and never reaches the controller; pass text from the user through
- * argument(), which turns a NUL, too, into a refused line.
+ * checked at compile time. Numbers are formatted in the C locale, text travels as UTF-8. A line
+ * that holds a line break is refused and never reaches the controller; pass text from the user
+ * through argument(), which turns a NUL, too, into a refused line.
  */
 class ControllerLink {
 public:

@@ -9,7 +9,8 @@ class QComboBox;
 class QSpinBox;
 class QTableWidget;
 
-/** One registered body type: its bodies and the widgets, owned by the tab's form, that show them. */
+/** One registered body type: its bodies and the widgets, owned by the tab's form, that show them.
+ */
 struct AdminBodyType {
     QVector<AdminBody> bodies; ///< one record per body slot of the controller
     QSpinBox *spinBox = nullptr;
@@ -19,9 +20,9 @@ struct AdminBodyType {
     bool tableWidgetColumnNameStartEdit = false; ///< the user began to edit a name
     QString tableWidgetColumnIdFormat;           ///< text of the id column, "%1" is the number
     QVector<COLUMN_TYPE> tableWidgetColumns;
-    QString typedesc;             ///< the controller's description of the type
+    QString typedesc; ///< the controller's description of the type
     bool filter6dAvailable = false;
-    int numInertialSensors = 0;   ///< bodies of the type that carry an inertial sensor
+    int numInertialSensors = 0; ///< bodies of the type that carry an inertial sensor
 
     bool isValidIndex(int index) const { return index >= 0 && index < bodies.size(); }
     /** Out-of-range indexes are ignored. */

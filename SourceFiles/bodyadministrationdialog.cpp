@@ -226,8 +226,8 @@ void BodyAdministrationDlg::onAdminTabWidget_selectionChanged(const QString &typ
 void BodyAdministrationDlg::activateSelectDeselectButtons(const QString &type)
 {
     static const QStringList typesWithTargets = {
-            QStringLiteral("standard"), QStringLiteral("joywand"),
-            QStringLiteral("fingertracking"), QStringLiteral("measurementtool_reference")};
+            QStringLiteral("standard"), QStringLiteral("joywand"), QStringLiteral("fingertracking"),
+            QStringLiteral("measurementtool_reference")};
     if (!typesWithTargets.contains(type))
         return;
     currentTab()->activate_pushButton_select();
@@ -276,8 +276,9 @@ void BodyAdministrationDlg::on_pushButton_calibration_clicked()
     if (!hasCurrentBody())
         return;
     hide();
-    m_link.post("BodyCalModule", QStringLiteral("OpenBodyCalDialog %1 b%2")
-                                         .arg(current_btype, bodyNumber(current_bid)));
+    m_link.post(
+            "BodyCalModule",
+            QStringLiteral("OpenBodyCalDialog %1 b%2").arg(current_btype, bodyNumber(current_bid)));
 }
 
 void BodyAdministrationDlg::on_pushButton_hybridCalibration_clicked()

@@ -22,9 +22,9 @@ class BodyAdministrationDlg;
  * body selected in the current tab.
  *
  * Created once by the module and reused for every opening; owns its tabs, the target catalogue and
- * the message receiver. Calibration and adjustment are other modules' work: the dialog hides itself,
- * sends them a request and shows itself again when they answer "reopen". May be deleted while it is
- * open.
+ * the message receiver. Calibration and adjustment are other modules' work: the dialog hides
+ * itself, sends them a request and shows itself again when they answer "reopen". May be deleted
+ * while it is open.
  */
 class BodyAdministrationDlg : public QDialog {
     Q_OBJECT

@@ -3,6 +3,8 @@
 #include "adminbodytype.h"
 #include "bodynumber.h"
 
+#include <QStringList>
+
 namespace {
 
 /** The text that tells the user how a body was calibrated. */
@@ -42,8 +44,9 @@ void BodyReader::readType(AdminBodyType &record, const QString &type) const
         const auto answer = m_link.text("filter6d available %s", word.constData());
         record.filter6dAvailable = answer == QLatin1String("yes");
         if (!answer) {
-            m_link.log(QStringLiteral("Error: Unable to get availability of filter6d for bodytype %1")
-                               .arg(type));
+            m_link.log(
+                    QStringLiteral("Error: Unable to get availability of filter6d for bodytype %1")
+                            .arg(type));
         }
     }
 }
@@ -65,8 +68,7 @@ void BodyReader::readBody(AdminBodyType &record, const QString &type, int index)
     const QByteArray word = ControllerLink::argument(type);
     if (!m_link.protocolAtLeast(0, 16)) {
         body.desc.clear();
-    } else if (const auto answer =
-                       m_link.text("body desc %s b%02d", word.constData(), index + 1)) {
+    } else if (const auto answer = m_link.text("body desc %s b%02d", word.constData(), index + 1)) {
         body.desc = *answer;
     } else {
         log(QStringLiteral("Error: Unable to get description of body %1 b%2 "), type, index);
@@ -134,8 +136,7 @@ void BodyReader::readSensor(AdminBody &body, const QString &type, int index) con
     const auto handEye = m_link.text("inertial sensor_handeye %s",
                                      ControllerLink::argument(*sensor).constData());
     if (!handEye) {
-        m_link.log(
-                QStringLiteral("Error: Unable to get handeye status of sensor %1").arg(*sensor));
+        m_link.log(QStringLiteral("Error: Unable to get handeye status of sensor %1").arg(*sensor));
         return;
     }
     body.has_handeye = *handEye != QLatin1String("none");
@@ -176,9 +177,8 @@ void BodyReader::readFilterSummary(AdminBodyType &record, const QString &type, i
         return;
     if (isCustomPreset(*preset)) {
         body.filter6dPreset = customFilterSummary(word, number);
-    } else if (const auto description =
-                       m_link.text("filter6d preset_desc %s",
-                                   ControllerLink::argument(*preset).constData())) {
+    } else if (const auto description = m_link.text(
+                       "filter6d preset_desc %s", ControllerLink::argument(*preset).constData())) {
         body.filter6dPreset = ControllerLink::withoutDoubleQuotes(*description);
     }
 }
@@ -188,8 +188,8 @@ QString BodyReader::customFilterSummary(const QByteArray &type, int number) cons
     const double prediction =
             m_link.real("body filter6d_prediction %s b%.2d", type.constData(), number)
                     .value_or(0.0);
-    const QString mode =
-            m_link.text("body filter6d_mode %s b%.2d", type.constData(), number).value_or(QString());
+    const QString mode = m_link.text("body filter6d_mode %s b%.2d", type.constData(), number)
+                                 .value_or(QString());
     const QString description = ControllerLink::withoutDoubleQuotes(
             m_link.text("filter6d mode_desc %s", ControllerLink::argument(mode).constData())
                     .value_or(QString()));

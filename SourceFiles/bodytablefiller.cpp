@@ -13,8 +13,7 @@ constexpr Qt::ItemFlags shown = Qt::ItemIsSelectable | Qt::ItemIsEnabled;
 QIcon disabled(const QIcon &icon, const QIcon &sizes)
 {
     const QList<QSize> available = sizes.availableSizes();
-    return available.isEmpty() ? QIcon()
-                               : QIcon(icon.pixmap(available.first(), QIcon::Disabled));
+    return available.isEmpty() ? QIcon() : QIcon(icon.pixmap(available.first(), QIcon::Disabled));
 }
 
 /** Puts into `item` what differs in `wanted`. */
@@ -66,8 +65,7 @@ void BodyTableFiller::fill(const QString &type, const AdminBodyType &record,
     }
 }
 
-QTableWidgetItem BodyTableFiller::cell(COLUMN_TYPE kind, const AdminBodyType &record,
-                                       int row) const
+QTableWidgetItem BodyTableFiller::cell(COLUMN_TYPE kind, const AdminBodyType &record, int row) const
 {
     const AdminBody &body = record.bodies.at(row);
     QTableWidgetItem item;

@@ -33,9 +33,16 @@ FingertrackingAdministration::FingertrackingAdministration(IOManager *manager, Q
       m_editDelegate(new EditDelegate(this))
 {
     ui->setupUi(this);
-    setTabWidgets({handsType, ui->tableWidget_fingertracking, ui->tableWidget_targetlibrary,
-                   ui->pushButton_select, ui->pushButton_deselect, ui->pushButton_start,
-                   ui->pushButton_stop, ui->progressBar, ui->label_targetlibrary, nullptr,
+    setTabWidgets({handsType,
+                   ui->tableWidget_fingertracking,
+                   ui->tableWidget_targetlibrary,
+                   ui->pushButton_select,
+                   ui->pushButton_deselect,
+                   ui->pushButton_start,
+                   ui->pushButton_stop,
+                   ui->progressBar,
+                   ui->label_targetlibrary,
+                   nullptr,
                    {ui->spinBox_hands, ui->pushButton_calibration},
                    {ui->spinBox_hands, ui->pushButton_calibration}});
     setup_fingertracking_table();
@@ -92,8 +99,8 @@ void FingertrackingAdministration::setup_fingertracking_table()
     QTableWidget *table = ui->tableWidget_fingertracking;
     table->setColumnCount(ColumnCount);
     table->setRowCount(0);
-    table->setHorizontalHeaderLabels({tr("ID"), tr("Active"), tr("Name"), tr("Calibration"),
-                                      tr("Delete"), tr("Reset")});
+    table->setHorizontalHeaderLabels(
+            {tr("ID"), tr("Active"), tr("Name"), tr("Calibration"), tr("Delete"), tr("Reset")});
     table->horizontalHeader()->setSectionsClickable(false);
     table->horizontalHeader()->setStretchLastSection(true);
     table->verticalHeader()->setVisible(false);

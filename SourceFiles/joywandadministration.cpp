@@ -41,9 +41,16 @@ JoywandAdministration::JoywandAdministration(IOManager *manager, QWidget *parent
 {
     ui->setupUi(this);
     setWhatsThis(tr("Administration of Joywands"));
-    setTabWidgets({joywandType, ui->tableWidget_joywand, ui->tableWidget_targetlibrary,
-                   ui->pushButton_select, ui->pushButton_deselect, ui->pushButton_start,
-                   ui->pushButton_stop, ui->progressBar, ui->label_targetlibrary, nullptr,
+    setTabWidgets({joywandType,
+                   ui->tableWidget_joywand,
+                   ui->tableWidget_targetlibrary,
+                   ui->pushButton_select,
+                   ui->pushButton_deselect,
+                   ui->pushButton_start,
+                   ui->pushButton_stop,
+                   ui->progressBar,
+                   ui->label_targetlibrary,
+                   nullptr,
                    {ui->spinBox_joywands, ui->pushButton_filter, ui->pushButton_calibration},
                    {ui->spinBox_joywands, ui->pushButton_filter, ui->pushButton_calibration}});
     registerBodyType(joywandType);
@@ -80,9 +87,8 @@ void JoywandAdministration::setup_joywand_table()
     QTableWidget *table = ui->tableWidget_joywand;
     table->setColumnCount(ColumnCount);
     table->setRowCount(0);
-    table->setHorizontalHeaderLabels({tr("ID"), tr("Active"), tr("Name"), tr("Model"),
-                                      tr("Serial"), tr("Calibration"), tr("Filter"), tr("Delete"),
-                                      tr("Reset")});
+    table->setHorizontalHeaderLabels({tr("ID"), tr("Active"), tr("Name"), tr("Model"), tr("Serial"),
+                                      tr("Calibration"), tr("Filter"), tr("Delete"), tr("Reset")});
     table->horizontalHeader()->setSectionsClickable(false);
     table->verticalHeader()->setVisible(false);
     table->setSelectionMode(QAbstractItemView::SingleSelection);
@@ -109,10 +115,10 @@ void JoywandAdministration::setup_header_table()
     table->setSelectionMode(QAbstractItemView::SingleSelection);
     table->setSelectionBehavior(QAbstractItemView::SelectRows);
     table->setColumnHidden(HeadResetColumn, true);
-    registerTableWidget(headType, table,
-                        {COLUMN_TYPE_ID, COLUMN_TYPE_CALIBRATED, COLUMN_TYPE_DELETE,
-                         COLUMN_TYPE_RESET},
-                        QStringLiteral("%1"));
+    registerTableWidget(
+            headType, table,
+            {COLUMN_TYPE_ID, COLUMN_TYPE_CALIBRATED, COLUMN_TYPE_DELETE, COLUMN_TYPE_RESET},
+            QStringLiteral("%1"));
 }
 
 void JoywandAdministration::set_table_column_size()
@@ -172,14 +178,14 @@ QString JoywandAdministration::modelText(const QString &device) const
     if (!link().protocolAtLeast(1, 3))
         return unknown;
     const QString key = device.section(QLatin1Char(' '), 1, 2);
-    const auto model = link().text("qorwpan device_model_desc %s",
-                                   ControllerLink::argument(key).constData());
+    const auto model =
+            link().text("qorwpan device_model_desc %s", ControllerLink::argument(key).constData());
     if (model)
         return ControllerLink::withoutDoubleQuotes(*model);
     // Word 1 stands in both places: a habit of the log that its readers know.
     const QString vendor = device.section(QLatin1Char(' '), 1, 1);
-    link().log(tr("Error: Unable to get model description of vendor %1 model %2")
-                       .arg(vendor, vendor));
+    link().log(
+            tr("Error: Unable to get model description of vendor %1 model %2").arg(vendor, vendor));
     return unknown;
 }
 

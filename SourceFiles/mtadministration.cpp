@@ -72,9 +72,15 @@ MtAdministration::MtAdministration(IOManager *manager, QWidget *parent, BackendV
 {
     ui->setupUi(this);
     setWhatsThis(tr("Administration of Measurement Tools"));
-    setTabWidgets({referenceType, ui->tableWidget_ref, ui->tableWidget_targetlibrary,
-                   ui->pushButton_select, ui->pushButton_deselect, ui->pushButton_start,
-                   ui->pushButton_stop, ui->progressBar, ui->label_targetlibrary,
+    setTabWidgets({referenceType,
+                   ui->tableWidget_ref,
+                   ui->tableWidget_targetlibrary,
+                   ui->pushButton_select,
+                   ui->pushButton_deselect,
+                   ui->pushButton_start,
+                   ui->pushButton_stop,
+                   ui->progressBar,
+                   ui->label_targetlibrary,
                    ui->comboBox_filter,
                    {ui->spinBox_mtref, ui->comboBox_filter},
                    {ui->spinBox_mt, ui->spinBox_mtref}});
@@ -164,9 +170,8 @@ void MtAdministration::displayErrorMessage(bool unavailable)
 {
     ui->contents->setVisible(!unavailable);
     ui->label_error->setText(
-            unavailable
-                    ? tr("<b><font color=red>Measurement Tool is not available!</font></b>")
-                    : QString());
+            unavailable ? tr("<b><font color=red>Measurement Tool is not available!</font></b>")
+                        : QString());
 }
 
 int MtAdministration::morvek2_getMaxNumberOfBodies(const QString &type)
@@ -289,11 +294,11 @@ void MtAdministration::setBodyActive(const QString &type, int index, bool active
     const bool stopsTool = !active && type == referenceType && isBodyCalibrated(type, index)
                            && !toolsOfReference(index).isEmpty();
     if (stopsTool) {
-        const Answer answer = UserQuestion::yesNo(
-                this, tr("MORVEK3"),
-                tr("After deactivating the reference,\n"
-                   "the corresponding Measurement Tool will not be tracked."),
-                tr("Continue?"));
+        const Answer answer =
+                UserQuestion::yesNo(this, tr("MORVEK3"),
+                                    tr("After deactivating the reference,\n"
+                                       "the corresponding Measurement Tool will not be tracked."),
+                                    tr("Continue?"));
         if (answer == Answer::Declined)
             updateTableWidget(referenceType);
         if (answer != Answer::Accepted)
@@ -310,10 +315,9 @@ bool MtAdministration::deleteBody(const QString &type, int index)
         return false;
     const QVector<int> tools = toolsOfReference(index);
     const QString question =
-            tools.isEmpty()
-                    ? tr("Delete Measurement Tool reference body %1?")
-                    : tr("Delete Measurement Tool reference body %1?\n"
-                         "If yes, the assignment to the Measurement Tool will be deleted.");
+            tools.isEmpty() ? tr("Delete Measurement Tool reference body %1?")
+                            : tr("Delete Measurement Tool reference body %1?\n"
+                                 "If yes, the assignment to the Measurement Tool will be deleted.");
     if (UserQuestion::yesNo(this, tr("MORVEK3"), question.arg(bodyNumber(index)), tr("Continue?"))
         != Answer::Accepted)
         return false;
@@ -336,8 +340,8 @@ bool MtAdministration::clearReference(int index, const QVector<int> &tools)
         return false;
     }
     bool done = true;
-    if (!link().set("body desc %s b%.2d \"\"",
-                    ControllerLink::argument(referenceType).constData(), number)) {
+    if (!link().set("body desc %s b%.2d \"\"", ControllerLink::argument(referenceType).constData(),
+                    number)) {
         link().log(tr("Unable to reset description of %1 %2")
                            .arg(typeLabel(referenceType), bodyNumber(index)));
         done = false;

@@ -35,8 +35,7 @@ enum StandardColumn {
 
 StandardAdministration::StandardAdministration(IOManager *manager, QWidget *parentWidget,
                                                BackendVersions *versions,
-                                               const QString &moduleVersion,
-                                               Targetlibrary *library)
+                                               const QString &moduleVersion, Targetlibrary *library)
     : BodyTypeAdministrationTab(manager, parentWidget, versions, moduleVersion, library),
       ui(std::make_unique<Ui::StandardAdministrationClass>()),
       parent(parentWidget),
@@ -44,9 +43,15 @@ StandardAdministration::StandardAdministration(IOManager *manager, QWidget *pare
 {
     ui->setupUi(this);
     setWhatsThis(tr("Administration of standard bodies"));
-    setTabWidgets({standardType, ui->tableWidget_standard, ui->tableWidget_targetlibrary,
-                   ui->pushButton_select, ui->pushButton_deselect, ui->pushButton_start,
-                   ui->pushButton_stop, ui->progressBar, ui->label_targetlibrary,
+    setTabWidgets({standardType,
+                   ui->tableWidget_standard,
+                   ui->tableWidget_targetlibrary,
+                   ui->pushButton_select,
+                   ui->pushButton_deselect,
+                   ui->pushButton_start,
+                   ui->pushButton_stop,
+                   ui->progressBar,
+                   ui->label_targetlibrary,
                    ui->comboBox_filter,
                    {ui->spinBox_standard_bodies, ui->pushButton_filter,
                     ui->pushButton_customCalibration, ui->comboBox_filter},
@@ -87,8 +92,8 @@ void StandardAdministration::setup_standard_table()
     table->setColumnCount(ColumnCount);
     table->setRowCount(0);
     table->setHorizontalHeaderLabels({tr("ID"), tr("Active"), tr("Reference"), tr("Name"),
-                                      tr("Model"), tr("Device ID"), tr("Calibration"),
-                                      tr("Filter"), tr("Delete"), tr("Reset")});
+                                      tr("Model"), tr("Device ID"), tr("Calibration"), tr("Filter"),
+                                      tr("Delete"), tr("Reset")});
     table->horizontalHeader()->setSectionsClickable(false);
     table->horizontalHeader()->setStretchLastSection(true);
     table->verticalHeader()->setVisible(false);
@@ -167,8 +172,8 @@ void StandardAdministration::updateTableWidgetCell(const QString &type, int inde
         return;
     }
     const QString key = sensor.section(QLatin1Char(' '), 0, 1);
-    const auto model = link().text("inertial sensor_model_desc %s",
-                                   ControllerLink::argument(key).constData());
+    const auto model =
+            link().text("inertial sensor_model_desc %s", ControllerLink::argument(key).constData());
     item->setText(ControllerLink::withoutDoubleQuotes(model.value_or(QString())));
 }
 
@@ -283,8 +288,7 @@ int StandardAdministration::getReferenceId() const
 
 void StandardAdministration::setBodyActive(const QString &type, int index, bool active)
 {
-    const bool disablesReference =
-            !active && type == standardType && index == getReferenceId();
+    const bool disablesReference = !active && type == standardType && index == getReferenceId();
     if (disablesReference) {
         const Answer answer = UserQuestion::yesNo(
                 this, tr("MORVEK3"),

@@ -27,7 +27,7 @@ public:
     void setIsTracked(bool tracked) { bIsTracked = tracked; }
 
 private:
-    QString sId;                ///< t01, t02, ... with at least two digits
+    QString sId; ///< t01, t02, ... with at least two digits
     QString sShortName;
     QString sLongName;
     QString sBodyType;          ///< the controller's word, or "none"

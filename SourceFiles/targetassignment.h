@@ -26,7 +26,8 @@ public:
     /** Frees the target from every body of the type but the one that is about to receive it. */
     void freeElsewhere(const QString &targetShortName, const QString &type, int receiver,
                        int bodies) const;
-    /** Short name of the target that a body holds, or "none"; empty, and logged, when unreadable. */
+    /** Short name of the target that a body holds, or "none"; empty, and logged, when unreadable.
+     */
     QString targetOfBody(const QString &type, int index) const;
 
     void refreshUsed(const QString &targetId) const;

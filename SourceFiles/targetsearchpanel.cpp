@@ -166,6 +166,5 @@ void TargetSearchPanel::applyDeselectRule()
 {
     const QTableWidget *table = m_widgets.bodyTable;
     const QTableWidgetItem *item = table->item(table->currentRow(), deselectColumn);
-    m_widgets.deselect->setEnabled(!m_locked && item && !item->text().isEmpty()
-                                   && !isSearching());
+    m_widgets.deselect->setEnabled(!m_locked && item && !item->text().isEmpty() && !isSearching());
 }

@@ -52,8 +52,7 @@ TargetSearchRun::Poll TargetSearchRun::poll()
     const auto step = m_link.text("status step_active");
     if (!step) {
         m_running = false;
-        m_link.log(
-                translated("Error during target library calibration. Calibration aborted"));
+        m_link.log(translated("Error during target library calibration. Calibration aborted"));
         return {Step::Aborted, std::nullopt};
     }
     if (!step->startsWith(QLatin1String("cal"))) {

@@ -95,8 +95,8 @@ QVector<const Target *> TargetTableFiller::inCategory(const QString &category) c
     const bool found = category == foundTargets();
     QVector<const Target *> listed;
     for (const Target *target : m_library.targets()) {
-        const bool belongs = found ? target->isTracked()
-                                   : m_library.getGroupFromTid(target->id()) == category;
+        const bool belongs =
+                found ? target->isTracked() : m_library.getGroupFromTid(target->id()) == category;
         if (belongs && m_library.isOfType(*target, m_type))
             listed.append(target);
     }
@@ -121,8 +121,9 @@ void TargetTableFiller::fill(QTableWidget *table, const QVector<const Target *> 
     const QString currentId = targetId(table, table->currentRow());
     const ColumnSizingPause pause(table->horizontalHeader());
     const bool hasHeading =
-            heading && std::any_of(targets.begin(), targets.end(),
-                                   [](const Target *target) { return target->isTracked(); });
+            heading && std::any_of(targets.begin(), targets.end(), [](const Target *target) {
+                return target->isTracked();
+            });
     const int first = hasHeading ? 1 : 0;
     table->clearSpans();
     table->setRowCount(targets.size() + first);

@@ -21,8 +21,8 @@ public:
     }
 
     /**
-     * Reads "major.minor" or "major.minor.patch" (non-negative decimal numbers). Without a patch the
-     * patch becomes -1. On a text of another shape the version stays as it is and *ok is false.
+     * Reads "major.minor" or "major.minor.patch" (non-negative decimal numbers). Without a patch
+     * the patch becomes -1. On a text of another shape the version stays as it is and *ok is false.
      */
     void fromString(const QString &text, bool *ok = nullptr)
     {

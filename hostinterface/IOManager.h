@@ -5,7 +5,7 @@
 class MessageReceiver;
 
 #if defined(__GNUC__)
-#define HOSTINTERFACE_PRINTF(formatIndex, firstArgument)                                          \
+#define HOSTINTERFACE_PRINTF(formatIndex, firstArgument)                                           \
     __attribute__((format(printf, formatIndex, firstArgument)))
 #else
 #define HOSTINTERFACE_PRINTF(formatIndex, firstArgument)
@@ -14,11 +14,11 @@ class MessageReceiver;
 /**
  * The host's gateway to the tracking controller and to the other modules of the frontend.
  *
- * Owned by the host; it outlives every module. All calls are made on the GUI thread, are synchronous
- * and never overlap. Every operation that returns int answers 0 for success and any other value for
- * failure; after a failure the output argument is not to be used. Command lines are single lines of
- * blank-separated words, UTF-8 encoded; answers are single short lines. Numbers on the wire use the
- * C locale, whatever locale the process runs in.
+ * Owned by the host; it outlives every module. All calls are made on the GUI thread, are
+ * synchronous and never overlap. Every operation that returns int answers 0 for success and any
+ * other value for failure; after a failure the output argument is not to be used. Command lines are
+ * single lines of blank-separated words, UTF-8 encoded; answers are single short lines. Numbers on
+ * the wire use the C locale, whatever locale the process runs in.
  */
 class IOManager {
 public:
@@ -54,7 +54,8 @@ public:
      */
     virtual void send_message(const char *channel, const char *sender, int kind,
                               const char *text) = 0;
-    /** From now on delivers the messages of `channel` to `receiver`; a second call changes nothing. */
+    /** From now on delivers the messages of `channel` to `receiver`; a second call changes nothing.
+     */
     virtual void register_receiver(const char *channel, MessageReceiver *receiver) = 0;
     /** Stops delivering `channel` to `receiver`; does nothing when it was not registered. */
     virtual void unregister_receiver(const char *channel, MessageReceiver *receiver) = 0;

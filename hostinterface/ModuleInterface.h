@@ -42,7 +42,8 @@ public:
     virtual void exit_module() = 0;
     virtual QString get_module_name() const = 0;
     virtual QString get_module_version() const = 0;
-    /** Creates the menu entries and their dialogs at the first call; the host must not delete them. */
+    /** Creates the menu entries and their dialogs at the first call; the host must not delete them.
+     */
     virtual QList<_GuiElement *> get_gui_elements() = 0;
     /** Stores one parameter; unknown keys and unconvertible values are no error. */
     virtual void set_param(QString key, QVariant value) = 0;
