@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QDockWidget>
+
+class FaultEngine;
+class QCheckBox;
+class QLabel;
+class QLineEdit;
+class QTableWidget;
+class QTableWidgetItem;
+
+/** Lists the fault rules with how often each fired; adds, switches and removes them. */
+class FaultPanelDock : public QDockWidget {
+    Q_OBJECT
+
+public:
+    explicit FaultPanelDock(FaultEngine *faults, QWidget *parent = nullptr);
+
+private:
+    void addRule();
+    void removeRule();
+    void refresh();
+    void itemChanged(QTableWidgetItem *item);
+
+    FaultEngine *m_faults;
+    QLineEdit *m_rule;
+    QLabel *m_error;
+    QTableWidget *m_rules;
+    QCheckBox *m_linkDead;
+};

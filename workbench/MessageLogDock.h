@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QDockWidget>
+#include <QStringList>
+
+#include "MessageReceiver.h"
+
+class QPlainTextEdit;
+class SimulatedIOManager;
+
+/** The host's message log: shows every line sent on the channel "standard". */
+class MessageLogDock : public QDockWidget, public MessageReceiver {
+    Q_OBJECT
+
+public:
+    explicit MessageLogDock(SimulatedIOManager *io, QWidget *parent = nullptr);
+    ~MessageLogDock() override;
+
+    int transmit_message(int kind, const char *sender, const char *text) override;
+
+    /** The texts so far, without sender, oldest first. */
+    QStringList lines() const { return m_lines; }
+
+private:
+    SimulatedIOManager *m_io;
+    QPlainTextEdit *m_view;
+    QStringList m_lines;
+};

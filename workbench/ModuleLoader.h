@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QPluginLoader>
+#include <QString>
+
+#include "ModuleInterface.h"
+
+class BackendVersions;
+class IOManager;
+class QWidget;
+
+/**
+ * Loads the module as a host does and takes it through its calling order.
+ *
+ * Owned by the session; the module's host objects outlive it. The destructor shuts the module down
+ * if nobody did before.
+ */
+class ModuleLoader {
+public:
+    ModuleLoader();
+    ~ModuleLoader();
+    ModuleLoader(const ModuleLoader &) = delete;
+    ModuleLoader &operator=(const ModuleLoader &) = delete;
+
+    /** The built or installed plug-in, seen from the folder of the program. */
+    static QString defaultFile();
+
+    /**
+     * Loads the file, checks that it is this host's module, sets its parameters and asks for the
+     * menu entries.
+     *
+     * @return false with *error naming the file and what is wrong with it; nothing is loaded then
+     */
+    bool load(const QString &file, IOManager *io, BackendVersions *versions, QWidget *parent,
+              QString *error);
+    /** Tells the module to withdraw and to exit, then unloads it. Does nothing when none is loaded.
+     */
+    void shutDown();
+
+    bool isLoaded() const { return m_module != nullptr; }
+    QString name() const;
+    QString version() const;
+    const QList<_GuiElement *> &elements() const { return m_elements; }
+
+private:
+    /** What is wrong with the plug-in's metadata; empty when it is the module's. */
+    QString metadataProblem() const;
+
+    QPluginLoader m_loader;
+    ModuleInterface *m_module = nullptr;
+    QList<_GuiElement *> m_elements;
+};

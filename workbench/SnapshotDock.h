@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QDockWidget>
+
+#include "SnapshotHistory.h"
+
+class QLabel;
+class QPlainTextEdit;
+class QPushButton;
+class WorkbenchSession;
+
+/** Takes, compares, saves and restores snapshots of the simulated controller. */
+class SnapshotDock : public QDockWidget {
+    Q_OBJECT
+
+public:
+    explicit SnapshotDock(WorkbenchSession *session, QWidget *parent = nullptr);
+
+    /** Writes the controller's present state; the dock shows the result. */
+    bool saveTo(const QString &file);
+    /** Takes the state from a file; an unusable file changes nothing and is explained. */
+    bool loadFrom(const QString &file);
+
+private:
+    QPushButton *addButton(const QString &text, const QString &name, void (SnapshotDock::*slot)());
+    void take();
+    void compare();
+    void stepBack();
+    void stepForward();
+    void chooseSaveFile();
+    void chooseLoadFile();
+    void showHistory();
+
+    WorkbenchSession *m_session;
+    SnapshotHistory m_history;
+    QPushButton *m_back = nullptr;
+    QPushButton *m_forward = nullptr;
+    QLabel *m_status;
+    QPlainTextEdit *m_differences;
+};

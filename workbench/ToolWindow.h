@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QMainWindow>
+
+class TranscriptDock;
+class WorkbenchSession;
+
+/**
+ * The window beside the host: everything that looks at or changes the simulated controller. It has
+ * no parent, so that it can be used while the module runs a modal dialog. Owned by the main window.
+ */
+class ToolWindow : public QMainWindow {
+    Q_OBJECT
+
+public:
+    explicit ToolWindow(WorkbenchSession *session);
+    ~ToolWindow() override;
+
+    TranscriptDock *transcript() const { return m_transcript; }
+
+private:
+    TranscriptDock *m_transcript;
+};
