@@ -1,0 +1,109 @@
+#include "Script.h"
+
+#include "ScriptCommand.h"
+
+#include <QFile>
+
+namespace {
+
+/** Takes a word of the head; false when the words are none of it. */
+bool takeHead(Script *script, const QStringList &words)
+{
+    if (words.size() != 2)
+        return false;
+    if (words.first() == QLatin1String("scenario"))
+        script->scenario = words.last();
+    else if (words.first() == QLatin1String("tell"))
+        script->telling << words.last();
+    else if (words == QStringList{QStringLiteral("home"), QStringLiteral("unwritable")})
+        script->unwritableHome = true;
+    else
+        return false;
+    return true;
+}
+
+/** What is wrong with the words of a line; empty when a command takes them. */
+QString problemOf(const QStringList &words)
+{
+    int nameLength = 0;
+    const ScriptCommand *command = ScriptCommands::find(words, &nameLength);
+    if (!command) {
+        return QStringLiteral("expected an action or an expectation, found \"%1\"")
+                .arg(words.mid(0, nameLength).join(QLatin1Char(' ')));
+    }
+    const int count = words.size() - nameLength;
+    if (count < command->minimum || count > command->maximum) {
+        return QStringLiteral("expected \"%1 %2\", found %3 arguments")
+                .arg(command->word, command->usage)
+                .arg(count);
+    }
+    return QString();
+}
+
+} // namespace
+
+bool Script::split(const QString &line, QStringList *words)
+{
+    words->clear();
+    QString word;
+    bool inQuotes = false;
+    bool inWord = false;
+    for (int i = 0; i < line.size(); ++i) {
+        const QChar character = line.at(i);
+        if (inQuotes && character == QLatin1Char('\\') && i + 1 < line.size()) {
+            const QChar escaped = line.at(++i);
+            word += escaped == QLatin1Char('n') ? QLatin1Char('\n') : escaped;
+        } else if (character == QLatin1Char('"')) {
+            inQuotes = !inQuotes;
+            inWord = true;
+        } else if (character.isSpace() && !inQuotes) {
+            if (inWord)
+                words->append(word);
+            word.clear();
+            inWord = false;
+        } else {
+            word += character;
+            inWord = true;
+        }
+    }
+    if (inWord)
+        words->append(word);
+    return !inQuotes;
+}
+
+bool Script::parse(const QByteArray &text, const QString &name, Script *script, QString *error)
+{
+    *script = Script();
+    script->name = name;
+    const QStringList lines = QString::fromUtf8(text).split(QLatin1Char('\n'));
+    for (int i = 0; i < lines.size(); ++i) {
+        const QString line = lines.at(i).trimmed();
+        if (line.isEmpty() || line.startsWith(QLatin1Char('#')))
+            continue;
+        Line parsed;
+        parsed.number = i + 1;
+        QString problem;
+        if (!split(line, &parsed.words))
+            problem = QStringLiteral("expected a closing quote, found the end of the line");
+        else if (script->lines.isEmpty() && takeHead(script, parsed.words))
+            continue;
+        else
+            problem = problemOf(parsed.words);
+        if (!problem.isEmpty()) {
+            *error = QStringLiteral("%1:%2: %3").arg(name).arg(i + 1).arg(problem);
+            return false;
+        }
+        script->lines.append(parsed);
+    }
+    return true;
+}
+
+bool Script::load(const QString &file, Script *script, QString *error)
+{
+    QFile input(file);
+    if (!input.open(QIODevice::ReadOnly)) {
+        *error = QStringLiteral("%1: the script cannot be read: %2").arg(file, input.errorString());
+        return false;
+    }
+    return parse(input.readAll(), file, script, error);
+}

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+#include <QVector>
+
+/**
+ * A list of actions and expectations, one a line. Words are separated by blanks; a word with blanks
+ * stands in double quotes, in which \" and \\ and \n are the usual escapes. A line that begins with
+ * # is a comment; empty lines are ignored.
+ *
+ * Lines before the first action may name the scenario ("scenario NAME"), say in sentences what a
+ * person should try ("tell TEXT") and make the preferences' folder unwritable ("home unwritable").
+ */
+struct Script {
+    struct Line {
+        int number = 0; ///< from 1
+        QStringList words;
+    };
+
+    QString name;        ///< file name as given
+    QString scenario;    ///< empty: the default one
+    QStringList telling; ///< what a person should try
+    bool unwritableHome = false;
+    QVector<Line> lines;
+
+    /** Reads a script; false with *error "file:line: expected ..., found ...". */
+    static bool parse(const QByteArray &text, const QString &name, Script *script, QString *error);
+    static bool load(const QString &file, Script *script, QString *error);
+    /** Splits one line into words; false when a quote is not closed. */
+    static bool split(const QString &line, QStringList *words);
+};

@@ -1,0 +1,470 @@
+#include "FaultEngine.h"
+#include "MainWindow.h"
+#include "MessageLogDock.h"
+#include "ScriptCommand.h"
+#include "ScriptItem.h"
+#include "StatePath.h"
+#include "TimerHold.h"
+#include "UserInput.h"
+#include "WidgetFinder.h"
+#include "WorkbenchSession.h"
+
+#include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QDir>
+#include <QKeySequence>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QPointer>
+#include <QRegularExpression>
+#include <QSpinBox>
+#include <QTabBar>
+#include <QTabWidget>
+#include <functional>
+
+namespace {
+
+QString plain(QString text)
+{
+    return text.remove(QLatin1Char('&'));
+}
+
+/** A widget of the wanted class that takes input; null with *problem. */
+template <typename Widget>
+Widget *usable(const QString &name, QString *problem)
+{
+    QWidget *widget = WidgetFinder::usable(name, problem);
+    auto *wanted = qobject_cast<Widget *>(widget);
+    if (widget && !wanted) {
+        *problem = QStringLiteral("expected a %1 \"%2\", found a %3")
+                           .arg(QString::fromLatin1(Widget::staticMetaObject.className()), name,
+                                QString::fromLatin1(widget->metaObject()->className()));
+    }
+    return wanted;
+}
+
+QString openMenuEntry(ScriptContext &context, const QStringList &arguments)
+{
+    if (WidgetFinder::isBlocked(context.window)) {
+        return QStringLiteral("expected the menu to take input, found it blocked by %1")
+                .arg(WidgetFinder::describe(WidgetFinder::modalWindow()));
+    }
+    QStringList entries;
+    for (const QAction *menu : context.window->menuBar()->actions()) {
+        for (QAction *entry : menu->menu()->actions()) {
+            if (plain(entry->text()) != plain(arguments.first())) {
+                entries << plain(entry->text());
+                continue;
+            }
+            if (!entry->isEnabled()) {
+                return QStringLiteral("expected the entry \"%1\" enabled, found it disabled")
+                        .arg(arguments.first());
+            }
+            entry->trigger();
+            return QString();
+        }
+    }
+    return QStringLiteral("expected a menu entry \"%1\", found %2")
+            .arg(arguments.first(), entries.join(QStringLiteral(", ")));
+}
+
+/** The main window's shortcut for the key, when no modal window takes it. */
+QAction *shortcutOf(const MainWindow *window, const QKeySequence &keys)
+{
+    for (const QAction *menu : window->menuBar()->actions()) {
+        for (QAction *entry : menu->menu()->actions()) {
+            if (entry->shortcut() == keys && entry->isEnabled())
+                return entry;
+        }
+    }
+    return nullptr;
+}
+
+QString pressKey(ScriptContext &context, const QStringList &arguments)
+{
+    const QKeySequence keys(arguments.first());
+    if (keys.isEmpty() || keys[0] == Qt::Key_unknown)
+        return QStringLiteral("expected a key such as F8, found \"%1\"").arg(arguments.first());
+    QWidget *receiver = WidgetFinder::modalWindow();
+    if (!receiver) {
+        if (QAction *entry = shortcutOf(context.window, keys)) {
+            entry->trigger();
+            return QString();
+        }
+        receiver = QApplication::activeWindow() ? QApplication::activeWindow() : context.window;
+    }
+    UserInput::pressKey(receiver, keys);
+    return QString();
+}
+
+QString click(ScriptContext &, const QStringList &arguments)
+{
+    QString problem;
+    if (QWidget *widget = WidgetFinder::usable(arguments.first(), &problem))
+        UserInput::click(widget);
+    return problem;
+}
+
+QString choose(ScriptContext &, const QStringList &arguments)
+{
+    QString problem;
+    auto *box = usable<QComboBox>(arguments.at(0), &problem);
+    if (!box)
+        return problem;
+    const int index = box->findText(arguments.at(1));
+    if (index < 0) {
+        QStringList entries;
+        for (int i = 0; i < box->count(); ++i)
+            entries << box->itemText(i);
+        return QStringLiteral("expected an entry \"%1\", found \"%2\"")
+                .arg(arguments.at(1), entries.join(QStringLiteral("\", \"")));
+    }
+    UserInput::chooseEntry(box, index);
+    return QString();
+}
+
+/** The value a spin box shows, as a number, whichever kind it is. */
+double valueOf(const QAbstractSpinBox *box)
+{
+    return box->property("value").toDouble();
+}
+
+QString spin(ScriptContext &, const QStringList &arguments)
+{
+    QString problem;
+    QPointer<QAbstractSpinBox> box = usable<QAbstractSpinBox>(arguments.at(0), &problem);
+    if (!box)
+        return problem;
+    bool isNumber = false;
+    const double wanted = arguments.at(1).toDouble(&isNumber);
+    if (!isNumber)
+        return QStringLiteral("expected a number, found \"%1\"").arg(arguments.at(1));
+    box->setFocus();
+    double before = valueOf(box) + 1.0;
+    // Ends when the value stops moving: at the limit, or where a refusal puts it back.
+    while (box && valueOf(box) != wanted && valueOf(box) != before) {
+        before = valueOf(box);
+        UserInput::pressKey(box, before < wanted ? Qt::Key_Up : Qt::Key_Down);
+    }
+    return QString();
+}
+
+QString enterText(ScriptContext &, const QStringList &arguments)
+{
+    QString problem;
+    if (QWidget *editor = WidgetFinder::usable(arguments.at(0), &problem))
+        UserInput::replaceText(editor, arguments.at(1));
+    return problem;
+}
+
+QString clickCell(ScriptContext &, const QStringList &arguments)
+{
+    QString problem;
+    const ScriptItem item =
+            ScriptItem::find(arguments.at(0), arguments.at(1),
+                             arguments.value(2, QStringLiteral("0")), true, &problem);
+    if (problem.isEmpty())
+        UserInput::clickItem(item.view, item.index);
+    return problem;
+}
+
+QString doubleClickCell(ScriptContext &, const QStringList &arguments)
+{
+    QString problem;
+    const ScriptItem item =
+            ScriptItem::find(arguments.at(0), arguments.at(1), arguments.at(2), true, &problem);
+    if (problem.isEmpty())
+        UserInput::doubleClickItem(item.view, item.index);
+    return problem;
+}
+
+/** Selects a row by its first visible cell that takes no action when clicked. */
+QString selectRow(ScriptContext &, const QStringList &arguments)
+{
+    QString problem;
+    ScriptItem item =
+            ScriptItem::find(arguments.at(0), arguments.at(1), QStringLiteral("0"), true, &problem);
+    if (!problem.isEmpty())
+        return problem;
+    while (item.view->visualRect(item.index).isEmpty()
+           && item.index.sibling(item.index.row(), item.index.column() + 1).isValid())
+        item.index = item.index.sibling(item.index.row(), item.index.column() + 1);
+    UserInput::clickItem(item.view, item.index);
+    return QString();
+}
+
+QString typeIntoCell(ScriptContext &, const QStringList &arguments)
+{
+    QString problem;
+    const ScriptItem item =
+            ScriptItem::find(arguments.at(0), arguments.at(1), arguments.at(2), true, &problem);
+    if (!problem.isEmpty())
+        return problem;
+    UserInput::doubleClickItem(item.view, item.index);
+    QWidget *editor = UserInput::itemEditor(item.view);
+    if (!editor)
+        return QStringLiteral("expected the cell to be editable, found no editor in it");
+    UserInput::replaceText(editor, arguments.at(3));
+    UserInput::pressKey(editor, Qt::Key_Return);
+    return QString();
+}
+
+QString toggleCell(ScriptContext &, const QStringList &arguments)
+{
+    QString problem;
+    const ScriptItem item =
+            ScriptItem::find(arguments.at(0), arguments.at(1), arguments.at(2), true, &problem);
+    if (!problem.isEmpty())
+        return problem;
+    if (!item.index.flags().testFlag(Qt::ItemIsUserCheckable))
+        return QStringLiteral("expected a check box in the cell, found none");
+    UserInput::toggleItem(item.view, item.index);
+    return QString();
+}
+
+QString showPage(ScriptContext &, const QStringList &arguments)
+{
+    QString problem;
+    const auto *tabs = usable<QTabWidget>(arguments.at(0), &problem);
+    if (!tabs)
+        return problem;
+    QStringList titles;
+    for (int i = 0; i < tabs->count(); ++i) {
+        titles << plain(tabs->tabText(i));
+        if (titles.last() != plain(arguments.at(1)))
+            continue;
+        UserInput::clickTab(tabs->tabBar(), i);
+        return QString();
+    }
+    return QStringLiteral("expected a page \"%1\", found %2")
+            .arg(arguments.at(1), titles.join(QStringLiteral(", ")));
+}
+
+bool matches(const QString &text, const QString &pattern)
+{
+    const QRegularExpression expression(QRegularExpression::anchoredPattern(pattern),
+                                        QRegularExpression::DotMatchesEverythingOption);
+    return text == pattern || expression.match(text).hasMatch();
+}
+
+QString answerBox(ScriptContext &, const QStringList &arguments)
+{
+    auto *box = qobject_cast<QMessageBox *>(WidgetFinder::modalWindow());
+    if (!box) {
+        return QStringLiteral("expected a box \"%1: %2\", found %3")
+                .arg(arguments.at(0), arguments.at(1),
+                     WidgetFinder::describe(WidgetFinder::modalWindow()));
+    }
+    QString text = box->text();
+    if (!box->informativeText().isEmpty())
+        text += QLatin1Char('\n') + box->informativeText();
+    if (!matches(box->windowTitle(), arguments.at(0)) || !matches(text, arguments.at(1))) {
+        return QStringLiteral("expected a box \"%1: %2\", found \"%3: %4\"")
+                .arg(arguments.at(0), arguments.at(1), box->windowTitle(), text);
+    }
+    QStringList buttons;
+    for (QAbstractButton *button : box->buttons()) {
+        buttons << plain(button->text());
+        if (buttons.last() != arguments.at(2))
+            continue;
+        UserInput::click(button);
+        return QString();
+    }
+    return QStringLiteral("expected a button \"%1\", found %2")
+            .arg(arguments.at(2), buttons.join(QStringLiteral(", ")));
+}
+
+QString tick(ScriptContext &context, const QStringList &arguments)
+{
+    constexpr int pollMs = 600;
+    bool isNumber = true;
+    const int count = arguments.isEmpty() ? 1 : arguments.first().toInt(&isNumber);
+    if (!isNumber || count < 1)
+        return QStringLiteral("expected a number of ticks, found \"%1\"").arg(arguments.first());
+    const QWidget *modal = WidgetFinder::modalWindow();
+    for (int i = 0; i < count; ++i) {
+        context.session->io()->advance(pollMs);
+        context.timers->tick();
+        // A box that a timer brought up ends the wait for the user.
+        if (WidgetFinder::modalWindow() != modal)
+            break;
+    }
+    return QString();
+}
+
+QString addFault(ScriptContext &context, const QStringList &arguments)
+{
+    QString problem;
+    context.session->addFault(arguments.first(), &problem);
+    return problem;
+}
+
+QString switchFault(ScriptContext &context, const QString &number, bool on)
+{
+    FaultEngine *faults = context.session->io()->faults();
+    const int index = number.toInt() - 1;
+    if (index < 0 || index >= faults->rules().size()) {
+        return QStringLiteral("expected a rule from 1 to %1, found \"%2\"")
+                .arg(faults->rules().size())
+                .arg(number);
+    }
+    faults->setEnabled(index, on);
+    return QString();
+}
+
+/** "on" and "off" in the words of the command; an expectation for any other text. */
+QString readSwitch(const QString &text, const QString &on, const QString &off, bool *value)
+{
+    *value = text == on;
+    if (*value || text == off)
+        return QString();
+    return QStringLiteral("expected \"%1\" or \"%2\", found \"%3\"").arg(on, off, text);
+}
+
+QString setLink(ScriptContext &context, const QStringList &arguments)
+{
+    bool dead = false;
+    const QString problem =
+            readSwitch(arguments.first(), QStringLiteral("dead"), QStringLiteral("back"), &dead);
+    if (problem.isEmpty())
+        context.session->io()->faults()->setLinkDead(dead);
+    return problem;
+}
+
+QString setState(ScriptContext &context, const QStringList &arguments)
+{
+    QString problem;
+    ControllerState state = context.session->state();
+    if (StatePath::write(&state, arguments.at(0), arguments.at(1), &problem))
+        context.session->controller()->setState(state);
+    return problem;
+}
+
+QString setInVolume(ScriptContext &context, const QStringList &arguments)
+{
+    bool inVolume = false;
+    const QString problem =
+            readSwitch(arguments.at(1), QStringLiteral("in"), QStringLiteral("out"), &inVolume);
+    if (!problem.isEmpty())
+        return problem;
+    bool isKnown = false;
+    context.session->edit([&](ControllerState &state) {
+        for (TargetState &target : state.targets) {
+            if (target.shortName == arguments.at(0)) {
+                target.inVolume = inVolume;
+                isKnown = true;
+            }
+        }
+    });
+    return isKnown ? QString()
+                   : QStringLiteral("expected a target's short name, found \"%1\"")
+                             .arg(arguments.at(0));
+}
+
+QString setMeasurement(ScriptContext &context, const QStringList &arguments)
+{
+    bool running = false;
+    const QString problem =
+            readSwitch(arguments.first(), QStringLiteral("on"), QStringLiteral("off"), &running);
+    if (problem.isEmpty())
+        context.session->setMeasurementRunning(running);
+    return problem;
+}
+
+QString restart(ScriptContext &context, const QStringList &arguments)
+{
+    return context.session->restartWithProtocol(arguments.first())
+                   ? QString()
+                   : QStringLiteral("expected a version such as 1.24, found \"%1\"")
+                             .arg(arguments.first());
+}
+
+QString setMark(ScriptContext &context, const QStringList &)
+{
+    context.transcriptMark = context.session->io()->transcript().size();
+    context.logMark = context.window->messageLog()->lines().size();
+    return QString();
+}
+
+QString takePicture(ScriptContext &context, const QStringList &arguments)
+{
+    QWidget *modal = WidgetFinder::modalWindow();
+    QWidget *window = modal ? modal : QApplication::activeWindow();
+    if (arguments.size() > 1) {
+        QString problem;
+        QWidget *part = WidgetFinder::visible(arguments.at(1), &problem);
+        if (!part)
+            return problem;
+        window = part->window();
+    }
+    const QString file =
+            QDir(context.pictureDir).filePath(arguments.at(0) + QStringLiteral(".png"));
+    return (window ? window : context.window)->grab().save(file)
+                   ? QString()
+                   : QStringLiteral("expected to write %1, found it impossible").arg(file);
+}
+
+QVector<ScriptCommand> inputActions()
+{
+    return {
+            {"menu", 1, 1, "ENTRY", openMenuEntry},
+            {"key", 1, 1, "KEY", pressKey},
+            {"click", 1, 1, "WIDGET", click},
+            {"choose", 2, 2, "COMBOBOX ENTRY", choose},
+            {"spin", 2, 2, "SPINBOX VALUE", spin},
+            {"text", 2, 2, "EDITOR TEXT", enterText},
+            {"select", 2, 2, "TABLE ROW", selectRow},
+            {"cell", 3, 3, "TABLE ROW COLUMN", clickCell},
+            {"doubleclick", 3, 3, "TABLE ROW COLUMN", doubleClickCell},
+            {"type", 4, 4, "TABLE ROW COLUMN TEXT", typeIntoCell},
+            {"check", 3, 3, "TABLE ROW COLUMN", toggleCell},
+            {"page", 2, 2, "TABWIDGET TITLE", showPage},
+            {"answer", 3, 3, "TITLE TEXT BUTTON", answerBox},
+    };
+}
+
+QVector<ScriptCommand> controllerActions()
+{
+    return {
+            {"tick", 0, 1, "[COUNT]", tick},
+            {"fault", 1, 1, "RULE", addFault},
+            {"fault-on", 1, 1, "NUMBER",
+             [](ScriptContext &context, const QStringList &arguments) {
+                 return switchFault(context, arguments.first(), true);
+             }},
+            {"fault-off", 1, 1, "NUMBER",
+             [](ScriptContext &context, const QStringList &arguments) {
+                 return switchFault(context, arguments.first(), false);
+             }},
+            {"link", 1, 1, "dead|back", setLink},
+            {"set", 2, 2, "PATH VALUE", setState},
+            {"volume", 2, 2, "TARGET in|out", setInVolume},
+            {"measurement", 1, 1, "on|off", setMeasurement},
+            {"configuration", 0, 0, "",
+             [](ScriptContext &context, const QStringList &) {
+                 context.session->announceConfiguration();
+                 return QString();
+             }},
+            {"restart", 1, 1, "PROTOCOL", restart},
+            {"unload", 0, 0, "",
+             [](ScriptContext &context, const QStringList &) {
+                 context.session->unloadModule();
+                 return QString();
+             }},
+            {"mark", 0, 0, "", setMark},
+            {"screenshot", 1, 2, "NAME [WIDGET]", takePicture},
+    };
+}
+
+} // namespace
+
+const QVector<ScriptCommand> &ScriptCommands::actions()
+{
+    static const QVector<ScriptCommand> all = inputActions() + controllerActions();
+    return all;
+}

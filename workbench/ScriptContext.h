@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QString>
+
+class MainWindow;
+class TimerHold;
+class WorkbenchSession;
+
+/** What the lines of a script act on. The objects belong to whoever runs the script. */
+struct ScriptContext {
+    WorkbenchSession *session = nullptr;
+    MainWindow *window = nullptr;
+    TimerHold *timers = nullptr;
+    QString pictureDir;     ///< screenshots are written here; empty: into the current folder
+    int transcriptMark = 0; ///< expectations look at the transcript from here on
+    int logMark = 0;        ///< expectations look at the message log from here on
+};

@@ -1,0 +1,46 @@
+#include "ScriptItem.h"
+
+#include "WidgetFinder.h"
+
+#include <QAbstractItemView>
+
+namespace {
+
+int columnOf(const QAbstractItemModel *model, const QString &column)
+{
+    for (int i = 0; i < model->columnCount(); ++i) {
+        if (model->headerData(i, Qt::Horizontal).toString() == column)
+            return i;
+    }
+    bool isNumber = false;
+    const int number = column.toInt(&isNumber);
+    return isNumber ? number : -1;
+}
+
+} // namespace
+
+ScriptItem ScriptItem::find(const QString &table, const QString &row, const QString &column,
+                            bool mustBeUsable, QString *problem)
+{
+    ScriptItem item;
+    QWidget *widget = mustBeUsable ? WidgetFinder::usable(table, problem)
+                                   : WidgetFinder::visible(table, problem);
+    if (!widget)
+        return item;
+    item.view = qobject_cast<QAbstractItemView *>(widget);
+    if (!item.view) {
+        *problem = QStringLiteral("expected a table \"%1\", found a %2")
+                           .arg(table, QString::fromLatin1(widget->metaObject()->className()));
+        return item;
+    }
+    const QAbstractItemModel *model = item.view->model();
+    item.index = model->index(row.toInt() - 1, columnOf(model, column));
+    if (!item.index.isValid()) {
+        *problem = QStringLiteral("expected row %1, column \"%2\" in \"%3\", found %4 rows and %5 "
+                                  "columns")
+                           .arg(row, column, table)
+                           .arg(model->rowCount())
+                           .arg(model->columnCount());
+    }
+    return item;
+}

@@ -1,0 +1,83 @@
+#include "ScriptRunner.h"
+
+#include "ScriptCommand.h"
+#include "WidgetFinder.h"
+#include "WorkbenchSession.h"
+
+#include <QElapsedTimer>
+#include <QTimer>
+
+namespace {
+
+// Queued calls of one line's work are delivered before a timer fires, those that they cause in turn
+// one round later.
+constexpr int settlingRounds = 3;
+
+} // namespace
+
+ScriptRunner::ScriptRunner(const Script &script, const ScriptContext &context, QObject *parent)
+    : QObject(parent), m_script(script), m_context(context)
+{
+}
+
+void ScriptRunner::start()
+{
+    scheduleNext(settlingRounds);
+}
+
+void ScriptRunner::scheduleNext(int hops)
+{
+    QTimer::singleShot(1, this, [this, hops] {
+        if (m_finished)
+            return;
+        if (hops > 1)
+            scheduleNext(hops - 1);
+        else
+            runNext();
+    });
+}
+
+void ScriptRunner::runNext()
+{
+    if (m_next == m_script.lines.size()) {
+        const QWidget *modal = WidgetFinder::modalWindow();
+        finish(modal ? QStringLiteral("%1:end: expected no open window, found %2")
+                               .arg(m_script.name, WidgetFinder::describe(modal))
+                     : QString());
+        return;
+    }
+    const Script::Line line = m_script.lines.at(m_next++);
+    int nameLength = 0;
+    const ScriptCommand *command = ScriptCommands::find(line.words, &nameLength);
+    // A line that opens a dialog returns only when it closes; the next one is waiting for it
+    // already.
+    scheduleNext(settlingRounds);
+    const int operationsBefore = m_context.session->io()->transcript().size();
+    QElapsedTimer clock;
+    clock.start();
+    const int lineAfter = m_next;
+    const QString problem = command->run(m_context, line.words.mid(nameLength));
+    if (m_next == lineAfter)
+        recordCost(line, operationsBefore, clock.nsecsElapsed() / 1000);
+    if (!problem.isEmpty() && !m_finished)
+        finish(QStringLiteral("%1:%2: %3").arg(m_script.name).arg(line.number).arg(problem));
+}
+
+void ScriptRunner::recordCost(const Script::Line &line, int operationsBefore, qint64 elapsedUs)
+{
+    const int operations = m_context.session->io()->transcript().size() - operationsBefore;
+    if (operations <= 0)
+        return;
+    m_costs << QStringLiteral("%1: %2 operations, %3 ms: %4")
+                       .arg(line.number)
+                       .arg(operations)
+                       .arg(elapsedUs / 1000.0, 0, 'f', 1)
+                       .arg(line.words.join(QLatin1Char(' ')));
+}
+
+void ScriptRunner::finish(const QString &failure)
+{
+    m_finished = true;
+    m_failure = failure;
+    emit finished(failure.isEmpty());
+}

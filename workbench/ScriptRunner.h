@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <QStringList>
+
+#include "Script.h"
+#include "ScriptContext.h"
+
+/**
+ * Runs a script line by line from the event loop, whichever event loop that is: a line that opens a
+ * modal dialog is followed by the next one while the dialog runs. Stops at the first failed line.
+ *
+ * Owned by main() or a test; must outlive the event loops it runs in.
+ */
+class ScriptRunner : public QObject {
+    Q_OBJECT
+
+public:
+    ScriptRunner(const Script &script, const ScriptContext &context, QObject *parent = nullptr);
+
+    /** Runs the first line when control returns to the event loop. */
+    void start();
+    bool isFinished() const { return m_finished; }
+    /** "file:line: expected ..., found ..."; empty when every line succeeded. */
+    QString failure() const { return m_failure; }
+    /** For each action so far: line, number of operations, time the GUI thread was held. */
+    QStringList actionCosts() const { return m_costs; }
+
+signals:
+    void finished(bool success);
+
+private:
+    void scheduleNext(int hops);
+    void runNext();
+    void finish(const QString &failure);
+    void recordCost(const Script::Line &line, int operationsBefore, qint64 elapsedUs);
+
+    Script m_script;
+    ScriptContext m_context;
+    int m_next = 0;
+    bool m_finished = false;
+    QString m_failure;
+    QStringList m_costs;
+};

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QString>
+
+#include "ControllerState.h"
+
+/**
+ * Reads and writes single values of a controller's state by key path, for example
+ * bodyTypes.standard.bodies[0].description.
+ */
+namespace StatePath {
+
+/** The value as text: "true"/"false", shortest number, text as it is; lists and objects as JSON. */
+bool read(const ControllerState &state, const QString &path, QString *value, QString *problem);
+/** Replaces a text, number or truth value; the kind must stay the same. */
+bool write(ControllerState *state, const QString &path, const QString &value, QString *problem);
+
+} // namespace StatePath

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QObject>
+#include <QVector>
+
+class QTimer;
+
+/**
+ * Keeps slow timers from firing by themselves, so that scripts run the same each time: they fire
+ * when tick() says so. Works on the polling timers of the module's dialogs; short ones stay alive.
+ */
+class TimerHold : public QObject {
+    Q_OBJECT
+
+public:
+    explicit TimerHold(QObject *parent = nullptr);
+    ~TimerHold() override;
+
+    /** Holds the timers below this object too; forgotten when it is deleted. */
+    void watch(QObject *root);
+    /**
+     * Lets one interval pass: every running held timer fires once, the shortest interval first.
+     *
+     * @return the intervals in ms of the timers that fired
+     */
+    QVector<int> tick();
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    bool isHeld(const QTimer *timer) const;
+    void collect(QObject *root, QVector<QTimer *> *timers) const;
+
+    QVector<QObject *> m_roots;
+    bool m_firing = false;
+};
