@@ -120,7 +120,7 @@ bool StatePath::write(ControllerState *state, const QString &path, const QString
                            .arg(textOf(old), path, value);
         return false;
     }
-    const QJsonObject changed = replaced(root, steps(path), 0, leaf).toObject();
+    const QJsonObject changed{{QStringLiteral("state"), replaced(root, steps(path), 0, leaf)}};
     Scenario scenario;
     if (!ScenarioFile::parse(QJsonDocument(changed).toJson(), path, &scenario, problem))
         return false;

@@ -1,0 +1,201 @@
+#include "WorkbenchProgram.h"
+
+#include "MainWindow.h"
+#include "MessageLogDock.h"
+#include "ScenarioLocator.h"
+#include "ScriptRunner.h"
+#include "TimerHold.h"
+#include "ToolWindow.h"
+#include "TranscriptText.h"
+#include "WidgetFinder.h"
+#include "WorkbenchSession.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <QTemporaryDir>
+#include <QTextStream>
+#include <QTimer>
+
+namespace {
+
+constexpr int statusDone = 0;
+constexpr int statusFailed = 1;
+constexpr int statusUnusable = 2;
+constexpr int clockStepMs = 100;
+
+void complain(const QString &text)
+{
+    QTextStream(stderr) << "workbench: " << text << '\n';
+}
+
+} // namespace
+
+WorkbenchProgram::WorkbenchProgram(const WorkbenchOptions &options) : m_options(options) {}
+
+WorkbenchProgram::~WorkbenchProgram() = default;
+
+int WorkbenchProgram::run()
+{
+    QString error;
+    if (!loadScript(&error) || !prepareHome(&error) || !createSession(&error)
+        || !openWindows(&error)) {
+        complain(error);
+        return statusUnusable;
+    }
+    const int status = m_options.isScripted() ? runScripted() : runInteractive();
+    shutDown();
+    return status;
+}
+
+bool WorkbenchProgram::loadScript(QString *error)
+{
+    QString file = m_options.scriptFile;
+    if (!m_options.tourDir.isEmpty())
+        file = ScenarioLocator::tourFile();
+    else if (!m_options.demo.isEmpty())
+        file = ScenarioLocator::demoFile(m_options.demo);
+    if (file.isEmpty())
+        return true;
+    if (!m_options.demo.isEmpty() && !QFileInfo(file).isFile()) {
+        *error = QStringLiteral("--demo: expected one of %1, found \"%2\"")
+                         .arg(ScenarioLocator::demoNames().join(QStringLiteral(", ")),
+                              m_options.demo);
+        return false;
+    }
+    if (!Script::load(file, &m_script, error))
+        return false;
+    if (!m_script.scenario.isEmpty() && !m_options.scenarioGiven)
+        m_options.scenario = m_script.scenario;
+    return true;
+}
+
+bool WorkbenchProgram::prepareHome(QString *error)
+{
+    // The preferences of whoever runs a script neither decide its outcome nor get changed by it.
+    if (!m_options.isScripted() && m_options.demo.isEmpty())
+        return true;
+    m_home = std::make_unique<QTemporaryDir>();
+    qputenv("HOME", QFile::encodeName(m_home->path()));
+    if (!m_home->isValid()) {
+        *error = QStringLiteral("no temporary home folder: %1").arg(m_home->errorString());
+        return false;
+    }
+    // A file in the place of a folder holds off everybody, the superuser included.
+    QFile obstacle(m_home->filePath(QStringLiteral(".QOR")));
+    if (m_script.unwritableHome && !obstacle.open(QIODevice::WriteOnly)) {
+        *error = QStringLiteral("%1: %2").arg(obstacle.fileName(), obstacle.errorString());
+        return false;
+    }
+    return true;
+}
+
+bool WorkbenchProgram::createSession(QString *error)
+{
+    const QString file = ScenarioLocator::scenarioFile(m_options.scenario);
+    if (!QFileInfo(file).isFile()) {
+        *error = QStringLiteral("--scenario: expected a file or one of %1, found \"%2\"")
+                         .arg(ScenarioLocator::scenarioNames().join(QStringLiteral(", ")),
+                              m_options.scenario);
+        return false;
+    }
+    Scenario scenario;
+    if (!ScenarioFile::load(file, &scenario, error))
+        return false;
+    m_session = std::make_unique<WorkbenchSession>(scenario);
+    m_session->io()->setDialogProbe([] {
+        const QWidget *modal = WidgetFinder::modalWindow();
+        return modal ? QString::fromLatin1(modal->metaObject()->className()) : QString();
+    });
+    for (const QString &rule : scenario.faults + m_options.faults) {
+        if (!m_session->addFault(rule, error)) {
+            *error = QStringLiteral("--fault \"%1\": %2").arg(rule, *error);
+            return false;
+        }
+    }
+    return true;
+}
+
+bool WorkbenchProgram::openWindows(QString *error)
+{
+    m_window = std::make_unique<MainWindow>(m_session.get());
+    const QString plugin =
+            m_options.pluginFile.isEmpty() ? ModuleLoader::defaultFile() : m_options.pluginFile;
+    if (!m_session->loadModule(plugin, m_window.get(), error))
+        return false;
+    m_window->toolWindow()->show();
+    m_window->show();
+    m_window->activateWindow();
+    return true;
+}
+
+int WorkbenchProgram::runScripted()
+{
+    m_timers = std::make_unique<TimerHold>();
+    for (const _GuiElement *element : m_session->module()->elements())
+        m_timers->watch(element->content);
+    ScriptContext context;
+    context.session = m_session.get();
+    context.window = m_window.get();
+    context.timers = m_timers.get();
+    context.pictureDir = m_options.tourDir;
+    if (!m_options.tourDir.isEmpty() && !QDir().mkpath(m_options.tourDir)) {
+        complain(QStringLiteral("%1: the folder cannot be created").arg(m_options.tourDir));
+        return statusUnusable;
+    }
+    m_runner = std::make_unique<ScriptRunner>(m_script, context);
+    QObject::connect(m_runner.get(), &ScriptRunner::finished, qApp, [](bool success) {
+        // Ends the event loops of open dialogs too.
+        QApplication::exit(success ? statusDone : statusFailed);
+    });
+    m_runner->start();
+    int status = QApplication::exec();
+    if (!m_runner->isFinished()) {
+        complain(QStringLiteral("%1: the window was closed before the end").arg(m_script.name));
+        status = statusFailed;
+    }
+    if (!m_runner->failure().isEmpty())
+        complain(m_runner->failure());
+    QString error;
+    if (!m_options.tourDir.isEmpty() && !writeTourResults(&error)) {
+        complain(error);
+        status = statusUnusable;
+    }
+    return status;
+}
+
+bool WorkbenchProgram::writeTourResults(QString *error) const
+{
+    const QDir dir(m_options.tourDir);
+    if (!TranscriptText::save(dir.filePath(QStringLiteral("transcript.txt")),
+                              m_session->io()->transcript(), error))
+        return false;
+    QSaveFile costs(dir.filePath(QStringLiteral("stalls.txt")));
+    const QByteArray text = m_runner->actionCosts().join(QLatin1Char('\n')).toUtf8() + '\n';
+    const bool saved =
+            costs.open(QIODevice::WriteOnly) && costs.write(text) == text.size() && costs.commit();
+    if (!saved)
+        *error = QStringLiteral("%1: %2").arg(costs.fileName(), costs.errorString());
+    return saved;
+}
+
+int WorkbenchProgram::runInteractive()
+{
+    m_session->io()->setMeasuring(true);
+    QTimer clock;
+    QObject::connect(&clock, &QTimer::timeout, qApp,
+                     [this] { m_session->io()->advance(clockStepMs); });
+    clock.start(clockStepMs);
+    return QApplication::exec();
+}
+
+void WorkbenchProgram::shutDown()
+{
+    m_runner.reset();
+    m_session->unloadModule();
+    m_window.reset();
+    m_timers.reset();
+    m_session.reset();
+}

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <memory>
+
+#include <QString>
+
+#include "Script.h"
+#include "WorkbenchOptions.h"
+
+class MainWindow;
+class QTemporaryDir;
+class ScriptRunner;
+class TimerHold;
+class WorkbenchSession;
+
+/**
+ * The program behind main(): sets up the session and the windows that the options ask for, runs
+ * them and ends with an exit status. Lives on main()'s stack, after the application object.
+ */
+class WorkbenchProgram {
+public:
+    explicit WorkbenchProgram(const WorkbenchOptions &options);
+    ~WorkbenchProgram();
+
+    /** 0 when done, 1 when an expectation failed, 2 when the input cannot be used. */
+    int run();
+
+private:
+    /** Each answers false with *error when the input cannot be used. */
+    bool loadScript(QString *error);
+    bool prepareHome(QString *error);
+    bool createSession(QString *error);
+    bool openWindows(QString *error);
+
+    int runScripted();
+    int runInteractive();
+    bool writeTourResults(QString *error) const;
+    void shutDown();
+
+    WorkbenchOptions m_options;
+    Script m_script;
+    std::unique_ptr<QTemporaryDir> m_home;
+    std::unique_ptr<WorkbenchSession> m_session;
+    std::unique_ptr<MainWindow> m_window;
+    std::unique_ptr<TimerHold> m_timers;
+    std::unique_ptr<ScriptRunner> m_runner;
+};

@@ -1,0 +1,48 @@
+#include "DisplayCheck.h"
+#include "WorkbenchOptions.h"
+#include "WorkbenchProgram.h"
+
+#include <QApplication>
+#include <QTextStream>
+
+namespace {
+
+constexpr int statusUnusable = 2;
+
+int complain(const QString &text)
+{
+    QTextStream(stderr) << "workbench: " << text << '\n';
+    return statusUnusable;
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i)
+        arguments << QString::fromLocal8Bit(argv[i]);
+    WorkbenchOptions options;
+    QString error;
+    if (!WorkbenchOptions::parse(arguments, &options, &error))
+        return complain(error);
+    if (options.help || options.version) {
+        QTextStream(stdout) << (options.help ? WorkbenchOptions::helpText()
+                                             : QStringLiteral("workbench " WORKBENCH_VERSION "\n"));
+        return 0;
+    }
+    if (options.isScripted() && !DisplayCheck::isReachable())
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    if (!DisplayCheck::isReachable()) {
+        return complain(QStringLiteral(
+                "there is no display. Without one, --tour DIR drives the dialogs and writes "
+                "pictures, and --headless runs --script FILE or --demo NAME."));
+    }
+    // A platform named on the command line is none of the workbench's options; the environment is.
+    int ownArguments = 1;
+    QApplication application(ownArguments, argv);
+    QApplication::setApplicationName(QStringLiteral("workbench"));
+    QApplication::setQuitOnLastWindowClosed(false);
+    WorkbenchProgram program(options);
+    return program.run();
+}
