@@ -83,10 +83,11 @@ QVector<TrackingPulse::Sensor> TrackingPulse::sensors() const
             m_link.log(tr("Error: Unable to get body of sensor sensor"));
         if (body.value_or(QStringLiteral("none")) == QLatin1String("none"))
             continue;
-        auto description = m_link.text("inertial sensor_model_desc %s", word.constData());
+        const auto description = m_link.text("inertial sensor_model_desc %s", word.constData());
         if (!description)
             m_link.log(tr("Error: Unable to get vendor model of inertial sensor"));
-        found.append({*identifier, description.value_or(*identifier).remove(QLatin1Char('\''))});
+        QString shown = ControllerLink::withoutDoubleQuotes(description.value_or(*identifier));
+        found.append({*identifier, shown.remove(QLatin1Char('\''))});
     }
     return found;
 }

@@ -1,0 +1,166 @@
+#include "bodysettingsdlg.h"
+
+#include "ui_BodySettingsDlg.h"
+
+#include "editdelegate.h"
+#include "fixedangledlg.h"
+
+#include <QHeaderView>
+#include <QPointer>
+
+namespace {
+
+enum Column { IdColumn, NameColumn, StateColumn, ColumnCount };
+
+/** On the item of the "Name" column: the name was never read. */
+constexpr int unreadRole = Qt::UserRole;
+
+} // namespace
+
+BodySettingsDlg::BodySettingsDlg(IOManager *iom, QWidget *parent, BackendVersions *beVers, QString)
+    : QDialog(parent),
+      m_iom(iom),
+      m_beVers(beVers),
+      m_link(iom, beVers),
+      m_ui(std::make_unique<Ui::BodySettingsDlg>()),
+      m_nameDelegate(new EditDelegate(this))
+{
+    m_ui->setupUi(this);
+    setupTable();
+    show_fixed_angle_button(true);
+}
+
+BodySettingsDlg::~BodySettingsDlg() = default;
+
+void BodySettingsDlg::setupTable()
+{
+    QTableWidget *table = m_ui->tableWidget;
+    table->setColumnCount(ColumnCount);
+    table->setHorizontalHeaderLabels({tr("ID"), tr("Name"), tr("State")});
+    table->horizontalHeader()->setSectionsClickable(false);
+    table->horizontalHeader()->setStretchLastSection(true);
+    table->verticalHeader()->hide();
+    table->setItemDelegateForColumn(NameColumn, m_nameDelegate);
+    // Tab leaves the table, so that the buttons can be reached without a mouse.
+    table->setTabKeyNavigation(false);
+}
+
+int BodySettingsDlg::update_and_exec()
+{
+    // Reading again would take the names away that the user has typed.
+    if (isVisible()) {
+        raise();
+        activateWindow();
+        return Rejected;
+    }
+    updateTable();
+    m_ui->tableWidget->setEnabled(canRename());
+    m_ui->pushButton_ok->setEnabled(canRename());
+    if (m_ui->tableWidget->rowCount() > 0)
+        m_ui->tableWidget->setCurrentCell(0, NameColumn);
+    m_ui->tableWidget->setFocus();
+    return exec();
+}
+
+void BodySettingsDlg::updateTable()
+{
+    const auto count = m_link.integer("body number_of_bodies standard");
+    if (!count)
+        m_link.log(tr("Error: Unable to get number of standard bodies"));
+    m_ui->tableWidget->setRowCount(qMax(0, count.value_or(0)));
+    for (int row = 0; row < m_ui->tableWidget->rowCount(); ++row)
+        fillRow(row);
+}
+
+void BodySettingsDlg::fillRow(int row)
+{
+    QTableWidget *table = m_ui->tableWidget;
+    const int number = row + 1;
+    auto *id = new QTableWidgetItem(QString::number(number));
+    id->setFlags(Qt::ItemIsEnabled);
+    table->setItem(row, IdColumn, id);
+
+    const auto description = m_link.text("body desc standard b%.2d", number);
+    if (!description)
+        m_link.log(tr("Error: Unable to get name of standard body"));
+    auto *name = new QTableWidgetItem(description.value_or(QString()));
+    name->setData(unreadRole, !description);
+    name->setFlags(canRename() ? Qt::ItemIsSelectable | Qt::ItemIsEditable | Qt::ItemIsEnabled
+                               : Qt::ItemFlags(Qt::ItemIsEnabled));
+    table->setItem(row, NameColumn, name);
+
+    const auto calibrated = m_link.text("body calibrated standard b%.2d", number);
+    if (!calibrated)
+        m_link.log(tr("Error: Unable to get the calibration status of standard body"));
+    auto *state = new QTableWidgetItem(calibrated == QLatin1String("yes") ? tr("calibrated")
+                                                                          : tr("not calibrated"));
+    state->setFlags(Qt::ItemIsEnabled);
+    table->setItem(row, StateColumn, state);
+}
+
+QStringList BodySettingsDlg::get_current_body_names() const
+{
+    QStringList names;
+    for (int row = 0; row < m_ui->tableWidget->rowCount(); ++row) {
+        const QTableWidgetItem *name = m_ui->tableWidget->item(row, NameColumn);
+        names.append(name ? name->text() : QString());
+    }
+    return names;
+}
+
+void BodySettingsDlg::saveBodySettings()
+{
+    const QStringList names = get_current_body_names();
+    for (int row = 0; row < names.size(); ++row) {
+        const QTableWidgetItem *item = m_ui->tableWidget->item(row, NameColumn);
+        // A name that could not be read must not be replaced by the blank that stands for it.
+        if (names.at(row).isEmpty() && item && item->data(unreadRole).toBool())
+            continue;
+        // Without the quotes the line would end before its value.
+        const QByteArray name = names.at(row).isEmpty() ? QByteArrayLiteral("\"\"")
+                                                        : ControllerLink::argument(names.at(row));
+        if (!m_link.set("body desc standard b%.2d %s", row + 1, name.constData()))
+            m_link.log(tr("Error: Unable to set name of standard body"));
+    }
+}
+
+void BodySettingsDlg::show_fixed_angle_button(bool show)
+{
+    m_ui->pushButton_special->setVisible(show);
+    if (!show)
+        return;
+    const bool known = m_link.protocolAtLeast(1, 6);
+    if (!known)
+        m_link.log(tr("TrackingSettings: Old version of Controller"));
+    m_ui->pushButton_special->setEnabled(known);
+}
+
+void BodySettingsDlg::on_pushButton_ok_clicked()
+{
+    saveBodySettings();
+    accept();
+}
+
+void BodySettingsDlg::on_pushButton_cancel_clicked()
+{
+    reject();
+}
+
+void BodySettingsDlg::on_pushButton_special_clicked()
+{
+    // Whoever deletes this dialog meanwhile deletes its child with it.
+    const QPointer<FixedAngleDlg> dialog = new FixedAngleDlg(m_iom, this, m_beVers);
+    dialog->update_and_exec();
+    delete dialog.data();
+}
+
+void BodySettingsDlg::resizeEvent(QResizeEvent *event)
+{
+    QDialog::resizeEvent(event);
+    // The last column takes what the others leave.
+    constexpr int idShare = 12;
+    constexpr int nameShare = 53;
+    const int width = m_ui->tableWidget->viewport()->width();
+    m_ui->tableWidget->setColumnWidth(IdColumn, width * idShare / 100);
+    m_ui->tableWidget->setColumnWidth(NameColumn, width * nameShare / 100);
+}

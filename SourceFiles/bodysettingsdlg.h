@@ -1,0 +1,62 @@
+#pragma once
+
+#include "ControllerLink.h"
+
+#include <QDialog>
+#include <QStringList>
+
+#include <memory>
+
+class BackendVersions;
+class EditDelegate;
+class IOManager;
+
+namespace Ui {
+class BodySettingsDlg;
+}
+
+/**
+ * Lists the standard bodies and lets the user rename them; the names are written on OK.
+ *
+ * Owned by whoever embeds it, and may be opened any number of times; the host's objects outlive it.
+ */
+class BodySettingsDlg : public QDialog {
+    Q_OBJECT
+
+public:
+    /** `moduleVersion` is taken for the sake of embedding programs; the dialog does not show it. */
+    BodySettingsDlg(IOManager *iom, QWidget *parent, BackendVersions *beVers,
+                    QString moduleVersion);
+    ~BodySettingsDlg() override;
+
+    void setupTable();
+    /** Fills the table from the controller; a failed query is logged and the next one follows. */
+    void updateTable();
+    /** The names that the table holds now, in row order. */
+    QStringList get_current_body_names() const;
+    /** Writes every name, changed or not; a refused one is logged and the next one follows. */
+    void saveBodySettings();
+    void show_fixed_angle_button(bool show);
+
+public slots:
+    /** Reads the bodies and runs the dialog; below protocol 1.16 nothing can be edited. */
+    int update_and_exec();
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+
+private slots:
+    void on_pushButton_ok_clicked();
+    void on_pushButton_cancel_clicked();
+    void on_pushButton_special_clicked();
+
+private:
+    void fillRow(int row);
+    bool canRename() const { return m_link.protocolAtLeast(1, 16); }
+
+    IOManager *m_iom;
+    BackendVersions *m_beVers;
+    ControllerLink m_link;
+    std::unique_ptr<Ui::BodySettingsDlg> m_ui;
+    EditDelegate *m_nameDelegate; ///< owned as a child
+};
