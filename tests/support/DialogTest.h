@@ -1,10 +1,17 @@
 #pragma once
 
-#include <QObject>
-#include <QTemporaryDir>
 #include <memory>
 
-class DialogRobot;
+#include <QApplication>
+#include <QLocale>
+#include <QObject>
+#include <QStringList>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include "DialogRobot.h"
+#include "Drive.h"
+#include "TestHost.h"
 
 /**
  * Base of every test class. Each test function runs with a home folder of its own and the C locale
@@ -36,3 +43,15 @@ private:
     std::unique_ptr<DialogRobot> m_robot;
     std::unique_ptr<QTemporaryDir> m_home;
 };
+
+/** The application of a test program, on the offscreen platform. */
+std::unique_ptr<QApplication> makeTestApplication(int &argc, char **argv);
+
+/** The main() of a test program of one test class. */
+#define TRACKING_TEST_MAIN(Class)                                                                 \
+    int main(int argc, char **argv)                                                               \
+    {                                                                                             \
+        const auto application = makeTestApplication(argc, argv);                                  \
+        Class test;                                                                               \
+        return QTest::qExec(&test, argc, argv);                                                   \
+    }

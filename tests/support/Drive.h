@@ -2,19 +2,24 @@
 
 #include <QString>
 #include <QStringList>
+#include <QWidget>
+#include <QtTest>
 
 class QComboBox;
-class QLabel;
-class QPushButton;
 class QTableWidget;
-class QWidget;
 
 /** Real user input on widgets found by object name. A widget that is missing fails the test. */
 namespace Drive {
 
-/** The visible or hidden descendant of that object name; fails the test when there is none. */
+/** The descendant of that object name; a missing one ends the test program. */
 template <typename Widget>
-Widget *find(QWidget *root, const char *objectName);
+Widget *find(QWidget *root, const char *objectName)
+{
+    auto *widget = root->findChild<Widget *>(QString::fromLatin1(objectName));
+    if (!widget)
+        qFatal("no widget %s", objectName);
+    return widget;
+}
 
 void click(QWidget *root, const char *objectName);
 void clickCell(QTableWidget *table, int row, int column);
@@ -23,14 +28,19 @@ void toggleCell(QTableWidget *table, int row, int column);
 void doubleClickCell(QTableWidget *table, int row, int column);
 /** Double-clicks the cell, replaces its text by typing, presses Enter. */
 void typeIntoCell(QTableWidget *table, int row, int column, const QString &text);
-/** Opens the list by keyboard and picks the entry of that text, as a user does. */
+/** Opens the list and picks the entry of that text, as a user does. */
 void choose(QComboBox *box, const QString &text);
+/** Puts a number into a spin box by typing and pressing Enter. */
+void typeNumber(QWidget *spinBox, const QString &number);
+/** Delivers what is queued: a committed editor, a key that acts after its event. */
+void settle();
 QString cell(const QTableWidget *table, int row, int column);
 QStringList row(const QTableWidget *table, int row);
+QStringList column(const QTableWidget *table, int column);
 
 /**
- * Stops the real timers of `root` from firing and makes them fire on demand: tick() lets one
- * interval of the named timer pass.
+ * Stops the named timers of `root` from firing by themselves: from now on tick() lets one interval
+ * of such a timer pass.
  */
 void holdTimers(QObject *root);
 /** Fires the running timer of that object name once; false when it is not active. */
