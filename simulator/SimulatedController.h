@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QMetaType>
 #include <QObject>
 #include <QStringList>
 
@@ -49,3 +50,5 @@ private:
     ControllerState m_state;
     QStringList m_unknownCommands;
 };
+
+Q_DECLARE_METATYPE(CommandAccess)
