@@ -4,7 +4,6 @@
 #include "WidgetFinder.h"
 #include "WorkbenchSession.h"
 
-#include <QElapsedTimer>
 #include <QTimer>
 
 namespace {
@@ -39,6 +38,7 @@ void ScriptRunner::scheduleNext(int hops)
 
 void ScriptRunner::runNext()
 {
+    recordCost();
     if (m_next == m_script.lines.size()) {
         const QWidget *modal = WidgetFinder::modalWindow();
         finish(modal ? QStringLiteral("%1:end: expected no open window, found %2")
@@ -52,26 +52,25 @@ void ScriptRunner::runNext()
     // A line that opens a dialog returns only when it closes; the next one is waiting for it
     // already.
     scheduleNext(settlingRounds);
-    const int operationsBefore = m_context.session->io()->transcript().size();
-    QElapsedTimer clock;
-    clock.start();
-    const int lineAfter = m_next;
+    m_operationsBefore = m_context.session->io()->transcript().size();
+    m_clock.start();
     const QString problem = command->run(m_context, line.words.mid(nameLength));
-    if (m_next == lineAfter)
-        recordCost(line, operationsBefore, clock.nsecsElapsed() / 1000);
     if (!problem.isEmpty() && !m_finished)
         finish(QStringLiteral("%1:%2: %3").arg(m_script.name).arg(line.number).arg(problem));
 }
 
-void ScriptRunner::recordCost(const Script::Line &line, int operationsBefore, qint64 elapsedUs)
+void ScriptRunner::recordCost()
 {
-    const int operations = m_context.session->io()->transcript().size() - operationsBefore;
+    if (m_next == 0)
+        return;
+    const Script::Line &line = m_script.lines.at(m_next - 1);
+    const int operations = m_context.session->io()->transcript().size() - m_operationsBefore;
     if (operations <= 0)
         return;
-    m_costs << QStringLiteral("%1: %2 operations, %3 ms: %4")
+    m_costs << QStringLiteral("line %1: %2 operations, %3 ms: %4")
                        .arg(line.number)
                        .arg(operations)
-                       .arg(elapsedUs / 1000.0, 0, 'f', 1)
+                       .arg(m_clock.nsecsElapsed() / 1e6, 0, 'f', 1)
                        .arg(line.words.join(QLatin1Char(' ')));
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QObject>
 #include <QString>
 #include <QStringList>
@@ -24,7 +25,7 @@ public:
     bool isFinished() const { return m_finished; }
     /** "file:line: expected ..., found ..."; empty when every line succeeded. */
     QString failure() const { return m_failure; }
-    /** For each action so far: line, number of operations, time the GUI thread was held. */
+    /** For each line that asked the controller for anything: number of operations, time it took. */
     QStringList actionCosts() const { return m_costs; }
 
 signals:
@@ -34,11 +35,13 @@ private:
     void scheduleNext(int hops);
     void runNext();
     void finish(const QString &failure);
-    void recordCost(const Script::Line &line, int operationsBefore, qint64 elapsedUs);
+    void recordCost();
 
     Script m_script;
     ScriptContext m_context;
     int m_next = 0;
+    int m_operationsBefore = 0; ///< when the last line began
+    QElapsedTimer m_clock;      ///< runs since the last line began
     bool m_finished = false;
     QString m_failure;
     QStringList m_costs;

@@ -82,6 +82,9 @@ void SecondClientPanel::buildBodyGroup(QVBoxLayout *layout)
     form->addRow(tr("Number of bodies:"), row(m_count, setCount));
     layout->addWidget(group);
 
+    connect(m_type, &QComboBox::currentTextChanged, this, [this](const QString &word) {
+        m_count->setValue(m_session->state().bodyTypes.value(word).bodies.size());
+    });
     connect(rename, &QPushButton::clicked, this, &SecondClientPanel::renameBody);
     connect(remove, &QPushButton::clicked, this, &SecondClientPanel::deleteBody);
     connect(setCount, &QPushButton::clicked, this, &SecondClientPanel::changeCount);

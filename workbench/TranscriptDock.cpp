@@ -69,13 +69,17 @@ TranscriptDock::TranscriptDock(SimulatedIOManager *io, QWidget *parent)
     });
     connect(exportButton, &QPushButton::clicked, this, &TranscriptDock::chooseExportFile);
     connect(io, &SimulatedIOManager::recorded, this, [this](const TranscriptEntry &entry) {
-        const bool atEnd =
-                m_view->verticalScrollBar()->value() == m_view->verticalScrollBar()->maximum();
         m_model->append(entry);
-        if (atEnd)
-            m_view->scrollToBottom();
         showCount();
     });
+    // The view lays out new rows later, so the end is followed when it moves.
+    QScrollBar *bar = m_view->verticalScrollBar();
+    connect(bar, &QScrollBar::rangeChanged, this, [this, bar](int, int maximum) {
+        if (m_followsEnd)
+            bar->setValue(maximum);
+    });
+    connect(bar, &QScrollBar::valueChanged, this,
+            [this, bar](int value) { m_followsEnd = value == bar->maximum(); });
     showCount();
 }
 

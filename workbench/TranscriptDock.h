@@ -28,4 +28,5 @@ private:
     TranscriptFilter *m_filter;
     QTableView *m_view;
     QLabel *m_status;
+    bool m_followsEnd = true;
 };

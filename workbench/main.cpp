@@ -15,6 +15,16 @@ int complain(const QString &text)
     return statusUnusable;
 }
 
+QtMessageHandler defaultHandler = nullptr;
+
+/** Leaves out what the offscreen platform says about windows nobody sees. */
+void quietHandler(QtMsgType type, const QMessageLogContext &context, const QString &text)
+{
+    if (!text.startsWith(QLatin1String("This plugin does not support "))
+        && !text.startsWith(QLatin1String("QStandardPaths: XDG_RUNTIME_DIR")))
+        defaultHandler(type, context, text);
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -33,6 +43,7 @@ int main(int argc, char *argv[])
     }
     if (options.isScripted() && !DisplayCheck::isReachable())
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    defaultHandler = qInstallMessageHandler(quietHandler);
     if (!DisplayCheck::isReachable()) {
         return complain(QStringLiteral(
                 "there is no display. Without one, --tour DIR drives the dialogs and writes "
