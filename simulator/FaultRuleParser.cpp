@@ -100,20 +100,23 @@ private:
     bool readPattern()
     {
         Effect effect;
-        while (m_at < m_tokens.size() && !triggerNames.contains(word())
-               && !findEffect(word(), &effect))
+        bool isEnded = false;
+        while (!isEnded && m_at < m_tokens.size() && !triggerNames.contains(word())
+               && !findEffect(word(), &effect)) {
+            const int star = word().indexOf(QLatin1Char('*'));
+            isEnded = star >= 0;
+            if (isEnded && star != word().size() - 1) {
+                m_error = QStringLiteral("column %1: expected \"*\" only at the end of the pattern")
+                                  .arg(m_tokens.at(m_at).column + star + 1);
+                return false;
+            }
             ++m_at;
+        }
         if (m_at == 0)
             return fail(QStringLiteral("a command pattern"));
         const int end = m_at < m_tokens.size() ? m_tokens.at(m_at).column : m_text.size();
         const int begin = m_tokens.first().column;
         m_rule->pattern = m_text.mid(begin, end - begin).trimmed();
-        const int star = m_rule->pattern.indexOf(QLatin1Char('*'));
-        if (star >= 0 && star != m_rule->pattern.size() - 1) {
-            m_error = QStringLiteral("column %1: expected \"*\" only at the end of the pattern")
-                              .arg(begin + star + 1);
-            return false;
-        }
         return true;
     }
 
@@ -281,7 +284,7 @@ bool parse(const QString &text, FaultRule *rule, QString *error)
             *error = reader.error();
         return false;
     }
-    parsed.source = text.simplified() == text ? text : text.trimmed();
+    parsed.source = text.trimmed();
     *rule = parsed;
     return true;
 }

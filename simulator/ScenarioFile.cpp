@@ -16,9 +16,10 @@
 
 namespace {
 
+/** Where the parser gave up; it counts the sign that it stumbled over as read. */
 QString placeOf(const QByteArray &json, int offset)
 {
-    const QByteArray before = json.left(qBound(0, offset, json.size()));
+    const QByteArray before = json.left(qBound(0, offset - 1, json.size()));
     const int line = before.count('\n') + 1;
     const int column = before.size() - before.lastIndexOf('\n');
     return QStringLiteral("line %1, column %2").arg(line).arg(column);
