@@ -2,8 +2,10 @@
 
 #include "ui_bodyadministrationdialog.h"
 
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QPointer>
+#include <QScreen>
 
 #include "BackendVersions.h"
 #include "BodyTypeAdministrationTab.h"
@@ -46,9 +48,23 @@ BodyAdministrationDlg::BodyAdministrationDlg(IOManager *manager, QWidget *parent
     m_is_bodycal_module_available = false;
     m_is_bodyadjustment_module_available = false;
     m_is_joywand_multiuser = false;
+    resizeToFont();
 }
 
 BodyAdministrationDlg::~BodyAdministrationDlg() = default;
+
+void BodyAdministrationDlg::resizeToFont()
+{
+    // Wide enough for the names beside all other columns, at any scale and within the screen.
+    constexpr int characters = 165;
+    constexpr int lines = 36;
+    const QSize wanted(fontMetrics().averageCharWidth() * characters,
+                       fontMetrics().lineSpacing() * lines);
+    const QScreen *screen = QGuiApplication::primaryScreen();
+    setWindowFlag(Qt::WindowMaximizeButtonHint);
+    setSizeGripEnabled(true);
+    resize(screen ? wanted.boundedTo(screen->availableSize()) : wanted);
+}
 
 void BodyAdministrationDlg::createTabs()
 {

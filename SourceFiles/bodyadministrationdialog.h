@@ -60,6 +60,7 @@ private slots:
 
 private:
     void createTabs();
+    void resizeToFont();
     void addPages();
     void initMessageReceiver();
     bool is_config_locked() const;

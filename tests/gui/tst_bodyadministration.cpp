@@ -27,8 +27,7 @@ void tst_BodyAdministration::renamesBodyByDoubleClick()
         Drive::click(window, "pushButton_exit");
     });
     dialog.update_and_exec();
-    QCOMPARE(host.state().bodyTypes["standard"].bodies[1].description,
-             QStringLiteral("left_hand"));
+    QCOMPARE(host.state().bodyTypes["standard"].bodies[1].description, QStringLiteral("left_hand"));
     QCOMPARE(host.log(), QStringList());
 }
 

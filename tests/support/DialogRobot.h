@@ -24,7 +24,8 @@ public:
     explicit DialogRobot(QObject *parent = nullptr);
     ~DialogRobot() override;
 
-    /** The next box has this title and text (text, then informative text after a newline if any). */
+    /** The next box has this title and text (text, then informative text after a newline if any).
+     */
     void expectBox(const QString &title, const QString &text, QMessageBox::StandardButton answer);
     /** The next box as above; `meanwhile` runs while it stands, before it is answered. */
     void expectBox(const QString &title, const QString &text, QMessageBox::StandardButton answer,

@@ -48,10 +48,10 @@ private:
 std::unique_ptr<QApplication> makeTestApplication(int &argc, char **argv);
 
 /** The main() of a test program of one test class. */
-#define TRACKING_TEST_MAIN(Class)                                                                 \
-    int main(int argc, char **argv)                                                               \
-    {                                                                                             \
+#define TRACKING_TEST_MAIN(Class)                                                                  \
+    int main(int argc, char **argv)                                                                \
+    {                                                                                              \
         const auto application = makeTestApplication(argc, argv);                                  \
-        Class test;                                                                               \
-        return QTest::qExec(&test, argc, argv);                                                   \
+        Class test;                                                                                \
+        return QTest::qExec(&test, argc, argv);                                                    \
     }
