@@ -3,6 +3,7 @@
 #include <array>
 #include <cmath>
 #include <cstdarg>
+#include <cstring>
 
 #include "BackendVersions.h"
 #include "IOManager.h"
@@ -98,7 +99,9 @@ bool ControllerLink::command(const char *format, ...) const
     AnswerBuffer buffer{};
     if (!m_iom || line.isEmpty() || m_iom->send_command(buffer.data(), line.constData()) != 0)
         return false;
-    return decode(buffer) == QLatin1String("morvek2 ok");
+    buffer.back() = '\0';
+    // Bytes, not text: decoding would forgive a byte order mark.
+    return std::strcmp(buffer.data(), "morvek2 ok") == 0;
 }
 
 void ControllerLink::log(const QString &line) const

@@ -166,40 +166,66 @@ void BodyReader::readFilterSummary(AdminBodyType &record, const QString &type, i
     const QByteArray word = ControllerLink::argument(type);
     const int number = index + 1;
     const auto enabled = m_link.text("body filter6d_enabled %s b%.2d", word.constData(), number);
-    if (!enabled)
+    if (!enabled) {
+        log(QStringLiteral("Error: Unable to get filter6d state of body %1 b%2"), type, index);
         return;
+    }
     if (*enabled != QLatin1String("yes")) {
         body.filter6dPreset = QStringLiteral("not active");
         return;
     }
     const auto preset = m_link.text("body filter6d_preset %s b%.2d", word.constData(), number);
-    if (!preset)
+    if (!preset) {
+        log(QStringLiteral("Error: Unable to get filter6d preset of body %1 b%2"), type, index);
         return;
-    if (isCustomPreset(*preset)) {
-        body.filter6dPreset = customFilterSummary(word, number);
-    } else if (const auto description = m_link.text(
-                       "filter6d preset_desc %s", ControllerLink::argument(*preset).constData())) {
-        body.filter6dPreset = ControllerLink::withoutDoubleQuotes(*description);
     }
+    const auto summary =
+            isCustomPreset(*preset) ? customFilterSummary(type, index) : presetSummary(*preset);
+    if (summary)
+        body.filter6dPreset = *summary;
 }
 
-QString BodyReader::customFilterSummary(const QByteArray &type, int number) const
+std::optional<QString> BodyReader::presetSummary(const QString &preset) const
 {
-    const double prediction =
-            m_link.real("body filter6d_prediction %s b%.2d", type.constData(), number)
-                    .value_or(0.0);
-    const QString mode = m_link.text("body filter6d_mode %s b%.2d", type.constData(), number)
-                                 .value_or(QString());
-    const QString description = ControllerLink::withoutDoubleQuotes(
-            m_link.text("filter6d mode_desc %s", ControllerLink::argument(mode).constData())
-                    .value_or(QString()));
-    const QString milliseconds = QString::number(ControllerLink::wholeMilliseconds(prediction));
-    if (!mode.contains(QLatin1String("hybrid")))
-        return QStringLiteral("%1ms/%2").arg(milliseconds, description);
-    const double strength =
-            m_link.real("body filter6d_strength %s b%.2d", type.constData(), number).value_or(0.0);
+    const auto description =
+            m_link.text("filter6d preset_desc %s", ControllerLink::argument(preset).constData());
+    if (!description) {
+        m_link.log(QStringLiteral("Error: Unable to get description of filter6d preset %1")
+                           .arg(preset));
+        return std::nullopt;
+    }
+    return ControllerLink::withoutDoubleQuotes(*description);
+}
+
+std::optional<QString> BodyReader::customFilterSummary(const QString &type, int index) const
+{
+    const QByteArray word = ControllerLink::argument(type);
+    const int number = index + 1;
+    const auto prediction =
+            m_link.real("body filter6d_prediction %s b%.2d", word.constData(), number);
+    if (!prediction)
+        log(QStringLiteral("Error: Unable to get filter6d prediction of body %1 b%2"), type, index);
+    const auto mode = m_link.text("body filter6d_mode %s b%.2d", word.constData(), number);
+    if (!mode)
+        log(QStringLiteral("Error: Unable to get filter6d mode of body %1 b%2"), type, index);
+    if (!prediction || !mode)
+        return std::nullopt;
+    const auto description =
+            m_link.text("filter6d mode_desc %s", ControllerLink::argument(*mode).constData());
+    if (!description) {
+        m_link.log(
+                QStringLiteral("Error: Unable to get description of filter6d mode %1").arg(*mode));
+        return std::nullopt;
+    }
+    const QString milliseconds = QString::number(ControllerLink::wholeMilliseconds(*prediction));
+    const QString name = ControllerLink::withoutDoubleQuotes(*description);
+    if (!mode->contains(QLatin1String("hybrid")))
+        return QStringLiteral("%1ms/%2").arg(milliseconds, name);
+    const auto strength = m_link.real("body filter6d_strength %s b%.2d", word.constData(), number);
+    if (!strength)
+        log(QStringLiteral("Error: Unable to get filter6d strength of body %1 b%2"), type, index);
     return QStringLiteral("%1/%2ms/%3")
-            .arg(QString::number(strength, 'f', 2), milliseconds, description);
+            .arg(QString::number(strength.value_or(0.0), 'f', 2), milliseconds, name);
 }
 
 bool BodyReader::isWarmupRuleMet() const
