@@ -1,6 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <memory>
+#include <optional>
 
 #include <QIcon>
 #include <QMap>
@@ -206,16 +208,28 @@ protected:
     void setSelectionOfTables(QTableWidget *bodyTable, QTableWidget *tlTable);
     /** Bar, label and buttons of the search as at the beginning; leaves a running one alone. */
     void resetSearchWidgets();
-    /** One-based number of the first body of the type that holds the target; 0 when none does. */
-    int numberOfBodyWithTarget(const QString &type, int bodies, const QString &shortName) const;
+    /**
+     * One-based number of the first of `bodies` bodies that holds the target; 0 when none does.
+     * `targetOfBody` asks for the target of a body by its number; an unreadable one is skipped.
+     */
+    static int
+    numberOfBodyWithTarget(int bodies, const QString &shortName,
+                           const std::function<std::optional<QString>(int)> &targetOfBody);
     /** Name of the category shown; null in a tab without categories. */
     QString currentGroup() const;
     /** Hides the dialog and asks the calibration module to calibrate the current body. */
     void requestBodyCalibration();
     /** The 6DOF filter dialog for one body; 0 standard bodies, 1 Joywand devices. */
     void openFilterDialog(int filterBodyType, int index);
+    /** The commands and log lines around the global 6DOF filter of a body type. */
+    struct GlobalFilter {
+        const char *query;
+        const char *switchOn;
+        QString queryError;
+        QString switchError;
+    };
     /** Switches a body type's global 6DOF filter on when it is off. */
-    void switchGlobalFilterOn(const char *parameter, const QString &bodiesName);
+    void switchGlobalFilterOn(const GlobalFilter &filter);
 
     /** The categories of the tab's targets, for its category filter. */
     void fillCategories(QComboBox *box) const;

@@ -130,12 +130,12 @@ void BodyTypeAdministrationTab::updateCalStatusTablewidgetTl(const QString &type
     filler.refreshMarks(table);
 }
 
-int BodyTypeAdministrationTab::numberOfBodyWithTarget(const QString &type, int bodies,
-                                                      const QString &shortName) const
+int BodyTypeAdministrationTab::numberOfBodyWithTarget(
+        int bodies, const QString &shortName,
+        const std::function<std::optional<QString>(int)> &targetOfBody)
 {
-    const QByteArray word = ControllerLink::argument(type);
     for (int number = 1; !shortName.isEmpty() && number <= bodies; ++number) {
-        if (m_link.text("body targetlib_name %s b%02d", word.constData(), number) == shortName)
+        if (targetOfBody(number) == shortName)
             return number;
     }
     return 0;
@@ -194,21 +194,15 @@ void BodyTypeAdministrationTab::requestBodyCalibration()
                 QStringLiteral("OpenBodyCalDialog %1 b%2").arg(widgets.type, bodyNumber(row)));
 }
 
-void BodyTypeAdministrationTab::switchGlobalFilterOn(const char *parameter,
-                                                     const QString &bodiesName)
+void BodyTypeAdministrationTab::switchGlobalFilterOn(const GlobalFilter &filter)
 {
     if (!m_link.protocolAtLeast(1, 12) || m_is_config_locked)
         return;
-    const auto filter = m_link.text("%s", parameter);
-    if (!filter) {
-        m_link.log(QStringLiteral("Error: Unable to get global filter6d status of %1")
-                           .arg(bodiesName));
-        return;
-    }
-    if (*filter == QLatin1String("no") && !m_link.set("%s yes", parameter)) {
-        m_link.log(QStringLiteral("Error: Unable to set global filter6d status of %1")
-                           .arg(bodiesName));
-    }
+    const auto state = m_link.text("%s", filter.query);
+    if (!state)
+        m_link.log(filter.queryError);
+    else if (*state == QLatin1String("no") && !m_link.set("%s", filter.switchOn))
+        m_link.log(filter.switchError);
 }
 
 // Categories

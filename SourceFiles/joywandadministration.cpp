@@ -237,7 +237,9 @@ void JoywandAdministration::ON_spinBox_joywands_valueChanged(int count)
 
 void JoywandAdministration::ON_activeConfigurationChanged()
 {
-    switchGlobalFilterOn("joywand filter", QStringLiteral("Joywand bodies"));
+    switchGlobalFilterOn({"joywand filter", "joywand filter yes",
+                          tr("Error: Unable to get global filter6d status of Joywand bodies"),
+                          tr("Error: Unable to set global filter6d status of Joywand bodies")});
 }
 
 // Multi-user mode

@@ -366,7 +366,9 @@ bool MtAdministration::deleteCalibrationStandardTargetIfNeeded(const QString &sh
     if (shortName.isEmpty())
         return true;
     const int bodies = link().integer("standard number_of_bodies").value_or(0);
-    const int number = numberOfBodyWithTarget(QStringLiteral("standard"), bodies, shortName);
+    const int number = numberOfBodyWithTarget(bodies, shortName, [this](int body) {
+        return link().text("body targetlib_name standard b%02d", body);
+    });
     if (number == 0)
         return true;
     const Answer answer = UserQuestion::okCancel(

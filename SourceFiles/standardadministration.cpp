@@ -200,7 +200,9 @@ bool StandardAdministration::morvek2_setNumberOfBodies(const QString &type, int 
 
 void StandardAdministration::ON_activeConfigurationChanged()
 {
-    switchGlobalFilterOn("standard filter_bodies", QStringLiteral("standard bodies"));
+    switchGlobalFilterOn({"standard filter_bodies", "standard filter_bodies yes",
+                          tr("Error: Unable to get global filter6d status of standard bodies"),
+                          tr("Error: Unable to set global filter6d status of standard bodies")});
 }
 
 // Moving bodies
@@ -322,8 +324,9 @@ bool StandardAdministration::deleteCalibrationMeatoolReferenceIfNeeded(const QSt
     if (shortName.isEmpty())
         return true;
     const int references = link().integer("measurementtool number_of_references").value_or(0);
-    const int number = numberOfBodyWithTarget(QStringLiteral("measurementtool_reference"),
-                                              references, shortName);
+    const int number = numberOfBodyWithTarget(references, shortName, [this](int reference) {
+        return link().text("body targetlib_name measurementtool_reference b%02d", reference);
+    });
     if (number == 0)
         return true;
     const Answer answer = UserQuestion::okCancel(
