@@ -98,20 +98,21 @@ CommandOutcome restoreSensor(CommandContext &c)
 
 QVector<CommandEntry> actionCommands()
 {
-    constexpr const char *tab = "BodyTypeAdministrationTab";
     return {
             {Access::Action, "morvek2 cal targetlib start", 0, 1, false,
-             "starts a search for library targets", tab, startSearch},
+             "starts a search for library targets", "TargetSearchRun", startSearch},
             {Access::Action, "morvek2 cal targetlib stop", 0, 1, false, "ends the running search",
-             tab, stopSearch},
+             "TargetSearchRun", stopSearch},
             {Access::Action, "morvek2 body calibrate_from_targetlib TYPE bNN NAME", 0, 1, true,
-             "gives the body the geometry of a target, by number word or short name", tab,
-             calibrateFromLibrary},
+             "gives the body the geometry of a target, by number word or short name",
+             "BodyCommands, TargetAssignment", calibrateFromLibrary},
             {Access::Action, "morvek2 body switch TYPE bNN TYPE bNN", 1, 11, true,
-             "exchanges two bodies of a type", tab, switchBodies},
+             "exchanges two bodies of a type", "BodyCommands", switchBodies},
             {Access::Action, "morvek2 targetlib check_custom_calibration", 0, 1, false,
-             "finds out which targets have a custom calibration", tab, checkCustomCalibration},
+             "finds out which targets have a custom calibration", "TargetAssignment",
+             checkCustomCalibration},
             {Access::Action, "morvek2 set inertial sensor_default SENSOR", 1, 21, true,
-             "restores the hand-eye calibration that the sensor keeps", tab, restoreSensor},
+             "restores the hand-eye calibration that the sensor keeps", "BodyCommands",
+             restoreSensor},
     };
 }

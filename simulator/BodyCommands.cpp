@@ -3,11 +3,6 @@
 
 namespace {
 
-constexpr const char *tabBase = "BodyTypeAdministrationTab";
-constexpr const char *tabAndFilter = "BodyTypeAdministrationTab, FilterDialog";
-constexpr const char *everyBodyList =
-        "BodyTypeAdministrationTab, FilterDialog, FixedAngleDlg, BodySettingsDlg";
-
 CommandOutcome noSuchBody()
 {
     return CommandOutcome::refused(QStringLiteral("there is no such body"));
@@ -116,39 +111,43 @@ QVector<CommandEntry> bodyCommands()
     using Access = CommandAccess;
     return {
             {Access::Get, "body number_of_bodies TYPE", 0, 1, false, "number of bodies of the type",
-             everyBodyList, numberOfBodies},
+             "BodyReader, BodySettingsDlg, FilterDialog, FixedAngleDlg", numberOfBodies},
             {Access::Get, "body type_desc TYPE", 0, 3, false,
-             "name of the body type for people, in double quotes", tabBase, typeDescription},
-            {Access::Get, "body desc TYPE bNN", 0, 16, false, "the body's name", everyBodyList,
+             "name of the body type for people, in double quotes", "BodyReader", typeDescription},
+            {Access::Get, "body desc TYPE bNN", 0, 16, false, "the body's name",
+             "BodyReader, BodySettingsDlg, FilterDialog, FixedAngleDlg",
              read<QString, &BodyState::description>},
             {Access::Set, "body desc TYPE bNN TEXT", 0, 16, true,
              "names the body; the text may stand in double quotes",
-             "BodyTypeAdministrationTab, BodySettingsDlg, StandardAdministration, MtAdministration",
+             "BodyCommands, BodyTypeAdministrationTab, BodySettingsDlg, MtAdministration, "
+             "StandardAdministration, TargetAssignment",
              setDescription},
-            {Access::Get, "body active TYPE bNN", 1, 11, false, "the body is active", tabBase,
+            {Access::Get, "body active TYPE bNN", 1, 11, false, "the body is active", "BodyReader",
              read<bool, &BodyState::active>},
             {Access::Set, "body active TYPE bNN VALUE", 1, 11, true,
-             "switches the body on or off; only a calibrated body can be switched on", tabBase,
-             setActive},
+             "switches the body on or off; only a calibrated body can be switched on",
+             "BodyTypeAdministrationTab", setActive},
             {Access::Get, "body calibrated TYPE bNN", 0, 3, false, "the body is calibrated",
-             everyBodyList, read<bool, &BodyState::calibrated>},
+             "BodyReader, BodySettingsDlg, FilterDialog, FixedAngleDlg",
+             read<bool, &BodyState::calibrated>},
             {Access::Get, "body recalibrated TYPE bNN", 1, 11, false,
-             "the body was calibrated again after it got its geometry", tabBase,
+             "the body was calibrated again after it got its geometry", "BodyReader",
              read<bool, &BodyState::recalibrated>},
             {Access::Get, "body targetlib_name TYPE bNN", 1, 11, false,
              "short name of the library target that gave the geometry, or none",
-             "BodyTypeAdministrationTab, StandardAdministration, MtAdministration",
+             "BodyReader, BodyTypeAdministrationTab, TargetAssignment",
              readOrNone<&BodyState::target>},
             {Access::Get, "body target_type TYPE bNN", 1, 6, false, "kind of the body's target",
              "FixedAngleDlg", read<QString, &BodyState::targetType>},
             {Access::Set, "body number_of_marker TYPE bNN VALUE", 0, 1, true,
              "0 takes the geometry and the library target from the body",
-             "BodyTypeAdministrationTab, StandardAdministration, MtAdministration",
+             "BodyCommands, MtAdministration, StandardAdministration, TargetAssignment",
              setNumberOfMarkers},
             {Access::Get, "body inertial_sensor TYPE bNN", 1, 12, false,
-             "name of the inertial sensor that the body carries, or none", tabAndFilter,
-             readOrNone<&BodyState::sensor>},
+             "name of the inertial sensor that the body carries, or none",
+             "BodyReader, BodyTypeAdministrationTab, FilterDialog", readOrNone<&BodyState::sensor>},
             {Access::Set, "body inertial_sensor TYPE bNN SENSOR", 1, 12, true,
-             "gives the body a sensor that no other body carries, or none", tabBase, setSensor},
+             "gives the body a sensor that no other body carries, or none", "BodyCommands",
+             setSensor},
     };
 }

@@ -5,9 +5,6 @@
 
 namespace {
 
-constexpr const char *dialogAndTab = "FilterDialog, BodyTypeAdministrationTab";
-constexpr const char *dialogOnly = "FilterDialog";
-
 /** The body when its type has the filter, else null with the reason in *refusal. */
 BodyState *filteredBody(const CommandContext &c, CommandOutcome *refusal)
 {
@@ -148,35 +145,39 @@ QVector<CommandEntry> bodyFilterCommands()
     using Access = CommandAccess;
     return {
             {Access::Get, "body filter6d_enabled TYPE bNN", 1, 12, false, "the body is filtered",
-             dialogAndTab, read<&BodyState::filterEnabled>},
+             "BodyReader, FilterDialog", read<&BodyState::filterEnabled>},
             {Access::Set, "body filter6d_enabled TYPE bNN VALUE", 1, 12, true,
-             "switches the body's filter; an inertial body is always filtered", dialogOnly,
+             "switches the body's filter; an inertial body is always filtered", "FilterDialog",
              setEnabled},
             {Access::Get, "body filter6d_preset TYPE bNN", 1, 12, false,
-             "identifier of the body's preset", dialogAndTab, read<&BodyState::filterPreset>},
+             "identifier of the body's preset", "BodyReader, FilterDialog",
+             read<&BodyState::filterPreset>},
             {Access::Set, "body filter6d_preset TYPE bNN NAME", 1, 12, true,
              "chooses a preset, which brings its strength, prediction and mode",
-             "FilterDialog, BodyTypeAdministrationTab, MtAdministration", setPreset},
+             "BodyCommands, FilterDialog, MtAdministration", setPreset},
             {Access::Get, "body filter6d_preset_available TYPE bNN NAME", 1, 21, false,
-             "the preset may be chosen for the body", dialogAndTab, presetAvailable},
-            {Access::Get, "body filter6d_strength TYPE bNN", 1, 12, false, "strength", dialogAndTab,
-             read<&BodyState::filterStrength>},
+             "the preset may be chosen for the body", "BodyCommands, FilterDialog",
+             presetAvailable},
+            {Access::Get, "body filter6d_strength TYPE bNN", 1, 12, false, "strength",
+             "BodyReader, FilterDialog", read<&BodyState::filterStrength>},
             {Access::Set, "body filter6d_strength TYPE bNN VALUE", 1, 12, true,
-             "sets the strength within its limits, under a custom preset only", dialogOnly,
+             "sets the strength within its limits, under a custom preset only", "FilterDialog",
              setReal<&BodyState::filterStrength, &ControllerState::strengthMin,
                      &ControllerState::strengthMax>},
             {Access::Get, "body filter6d_prediction TYPE bNN", 1, 12, false,
-             "prediction in seconds", dialogAndTab, read<&BodyState::filterPrediction>},
+             "prediction in seconds", "BodyReader, FilterDialog",
+             read<&BodyState::filterPrediction>},
             {Access::Set, "body filter6d_prediction TYPE bNN VALUE", 1, 12, true,
              "sets the prediction in seconds within its limits, under a custom preset only",
-             dialogOnly,
+             "FilterDialog",
              setReal<&BodyState::filterPrediction, &ControllerState::predictionMin,
                      &ControllerState::predictionMax>},
             {Access::Get, "body filter6d_mode TYPE bNN", 1, 12, false,
-             "identifier of the body's filter mode", dialogAndTab, read<&BodyState::filterMode>},
+             "identifier of the body's filter mode", "BodyReader, FilterDialog",
+             read<&BodyState::filterMode>},
             {Access::Set, "body filter6d_mode TYPE bNN NAME", 1, 12, true,
-             "chooses a mode, under a custom preset only", dialogOnly, setMode},
+             "chooses a mode, under a custom preset only", "FilterDialog", setMode},
             {Access::Get, "body filter6d_mode_available TYPE bNN NAME", 1, 21, false,
-             "the mode may be chosen for the body", dialogOnly, modeAvailable},
+             "the mode may be chosen for the body", "FilterDialog", modeAvailable},
     };
 }

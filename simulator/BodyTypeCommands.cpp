@@ -158,7 +158,7 @@ QVector<CommandEntry> standardCommands()
 {
     return {
             {Access::Get, "standard number_of_bodies", 0, 1, false, "number of standard bodies",
-             "TrackingDlg, MtAdministration", count<standardWord>},
+             "MtAdministration, TrackingDlg", count<standardWord>},
             {Access::Set, "standard number_of_bodies VALUE", 0, 1, true,
              "adds or drops standard bodies at the end", "StandardAdministration",
              setCount<standardWord>},
@@ -185,68 +185,67 @@ QVector<CommandEntry> standardCommands()
 
 QVector<CommandEntry> joywandCommands()
 {
-    constexpr const char *tab = "JoywandAdministration";
     return {
             {Access::Get, "joywand number_of_devices", 0, 1, false, "number of devices",
              "FilterDialog", count<joywandWord>},
             {Access::Set, "joywand number_of_devices VALUE", 0, 1, true,
-             "adds or drops devices at the end, and their head targets", tab,
+             "adds or drops devices at the end, and their head targets", "JoywandAdministration",
              setCount<joywandWord>},
             {Access::Get, "joywand max_number_of_devices", 0, 1, false, "most devices there can be",
-             tab, maximum<joywandWord>},
+             "JoywandAdministration", maximum<joywandWord>},
             {Access::Get, "joywand filter", 1, 12, false,
-             "global switch of the devices' 6DOF filter", tab,
+             "global switch of the devices' 6DOF filter", "JoywandAdministration",
              readFlag<&ControllerState::joywandFilter>},
-            {Access::Set, "joywand filter VALUE", 1, 12, true, "sets the global switch", tab,
-             writeFlag<&ControllerState::joywandFilter>},
+            {Access::Set, "joywand filter VALUE", 1, 12, true, "sets the global switch",
+             "JoywandAdministration", writeFlag<&ControllerState::joywandFilter>},
             {Access::Get, "joywand device bNN", 0, 1, false,
-             "kind, vendor, model and serial number of the device in a slot, or none", tab, device},
+             "kind, vendor, model and serial number of the device in a slot, or none",
+             "JoywandAdministration", device},
             {Access::Get, "joywand multiuser_available", 0, 13, false, "several users are possible",
-             tab, readFlag<&ControllerState::multiUserAvailable>},
+             "JoywandAdministration", readFlag<&ControllerState::multiUserAvailable>},
             {Access::Get, "joywand multiuser_with_head_available", 0, 13, false,
-             "head targets are possible", tab,
+             "head targets are possible", "JoywandAdministration",
              readFlag<&ControllerState::multiUserWithHeadAvailable>},
-            {Access::Get, "joywand multiuser", 0, 13, false, "several users are on", tab,
-             readFlag<&ControllerState::multiUser>},
-            {Access::Get, "joywand multiuser_with_head", 0, 13, false, "head targets are on", tab,
-             readFlag<&ControllerState::multiUserWithHead>},
+            {Access::Get, "joywand multiuser", 0, 13, false, "several users are on",
+             "JoywandAdministration", readFlag<&ControllerState::multiUser>},
+            {Access::Get, "joywand multiuser_with_head", 0, 13, false, "head targets are on",
+             "JoywandAdministration", readFlag<&ControllerState::multiUserWithHead>},
     };
 }
 
 QVector<CommandEntry> toolCommands()
 {
-    constexpr const char *tab = "MtAdministration";
     return {
             {Access::Get, "measurementtool available", 1, 3, false,
-             "the controller has measurement tools", tab,
+             "the controller has measurement tools", "MtAdministration",
              readFlag<&ControllerState::measurementToolAvailable>},
             {Access::Get, "measurementtool max_number_of_tools", 1, 3, false,
-             "most tools there can be", tab, maximum<toolWord>},
+             "most tools there can be", "MtAdministration", maximum<toolWord>},
             {Access::Get, "measurementtool max_number_of_references", 1, 3, false,
-             "most references there can be", tab, maximum<referenceWord>},
+             "most references there can be", "MtAdministration", maximum<referenceWord>},
             {Access::Set, "measurementtool number_of_tools VALUE", 1, 3, true,
-             "adds or drops tools at the end", tab, setCount<toolWord>},
+             "adds or drops tools at the end", "MtAdministration", setCount<toolWord>},
             {Access::Get, "measurementtool number_of_references", 1, 3, false,
              "number of references", "StandardAdministration", count<referenceWord>},
             {Access::Set, "measurementtool number_of_references VALUE", 1, 3, true,
-             "adds or drops references at the end", tab, setCount<referenceWord>},
+             "adds or drops references at the end", "MtAdministration", setCount<referenceWord>},
             {Access::Get, "measurementtool reference_of_tool bNN", 1, 3, false,
-             "number word of the reference that the tool uses, or none", tab, referenceOfTool},
+             "number word of the reference that the tool uses, or none", "MtAdministration",
+             referenceOfTool},
             {Access::Set, "measurementtool reference_of_tool bNN VALUE", 1, 3, true,
-             "gives the tool a reference, or none", tab, setReferenceOfTool},
+             "gives the tool a reference, or none", "MtAdministration", setReferenceOfTool},
     };
 }
 
 QVector<CommandEntry> handCommands()
 {
-    constexpr const char *tab = "FingertrackingAdministration";
     return {
-            {Access::Get, "fingertracking available", 0, 17, false, "the controller has hands", tab,
-             handsAvailable},
+            {Access::Get, "fingertracking available", 0, 17, false, "the controller has hands",
+             "FingertrackingAdministration", handsAvailable},
             {Access::Get, "fingertracking max_number_of_hands", 0, 17, false,
-             "most hands there can be", tab, maximum<handWord>},
+             "most hands there can be", "FingertrackingAdministration", maximum<handWord>},
             {Access::Set, "fingertracking number_of_hands VALUE", 0, 17, true,
-             "adds or drops hands at the end", tab, setCount<handWord>},
+             "adds or drops hands at the end", "FingertrackingAdministration", setCount<handWord>},
     };
 }
 

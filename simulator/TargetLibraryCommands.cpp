@@ -104,29 +104,31 @@ CommandOutcome numberOfGroups(CommandContext &c)
 
 QVector<CommandEntry> targetLibraryCommands()
 {
-    constexpr const char *catalogue = "Targetlibrary";
-    constexpr const char *tab = "BodyTypeAdministrationTab";
     return {
             {Access::Get, "targetlib number_of_targets", 0, 1, false,
-             "number of targets in the library", catalogue, numberOfTargets},
+             "number of targets in the library", "Targetlibrary", numberOfTargets},
             {Access::Get, "targetlib target_name tNN", 0, 1, false,
-             "short name in apostrophes and long name in double quotes", catalogue, targetName},
+             "short name in apostrophes and long name in double quotes", "Targetlibrary",
+             targetName},
             {Access::Get, "targetlib target_bodytype tNN", 0, 1, false,
-             "body type in apostrophes, or none", catalogue, targetBodyType},
+             "body type in apostrophes, or none", "Targetlibrary", targetBodyType},
             {Access::Get, "targetlib target_status_calibrated tNN", 0, 1, false,
              "type and number of the body that holds the target, or none",
-             "Targetlibrary, BodyTypeAdministrationTab", statusCalibrated},
+             "TargetAssignment, Targetlibrary", statusCalibrated},
             {Access::Get, "targetlib target_status_calibrated_custom tNN", 0, 1, false,
-             "the target's calibration is a custom one", tab, readFlag<&TargetState::custom>},
+             "the target's calibration is a custom one", "TargetAssignment",
+             readFlag<&TargetState::custom>},
             {Access::Get, "targetlib target_status_tracked tNN", 0, 1, false,
-             "the last search found the target", tab, readFlag<&TargetState::tracked>},
+             "the last search found the target", "TargetAssignment, TargetSearchRun",
+             readFlag<&TargetState::tracked>},
             {Access::Get, "targetlib number_of_groups", 0, 1, false, "number of target groups",
-             catalogue, numberOfGroups},
-            {Access::Get, "targetlib group_name gNN", 0, 1, false, "name of a group", catalogue,
-             nameOfGroup},
+             "Targetlibrary", numberOfGroups},
+            {Access::Get, "targetlib group_name gNN", 0, 1, false, "name of a group",
+             "Targetlibrary", nameOfGroup},
             {Access::Get, "targetlib number_of_group_members gNN", 0, 1, false,
-             "number of targets in a group", catalogue, numberOfMembers},
+             "number of targets in a group", "Targetlibrary", numberOfMembers},
             {Access::Get, "targetlib group_member gNN mNN", 0, 1, false,
-             "number word of a target of the group, in double quotes", catalogue, groupMember},
+             "number word of a target of the group, in double quotes", "Targetlibrary",
+             groupMember},
     };
 }

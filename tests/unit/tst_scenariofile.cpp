@@ -12,7 +12,7 @@ namespace {
 
 QString scenarioFolder()
 {
-    return QFINDTESTDATA("../../scenarios");
+    return QStringLiteral(TRACKING_SCENARIO_DIR);
 }
 
 ControllerState shipped(const char *name)

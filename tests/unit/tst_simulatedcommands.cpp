@@ -1,4 +1,7 @@
+#include <QDir>
 #include <QFile>
+#include <QHash>
+#include <QRegularExpression>
 #include <QSet>
 #include <QTest>
 
@@ -185,6 +188,7 @@ private slots:
     void unknownLines_data();
     void unknownLines();
     void referencePageIsCurrent();
+    void usersSendTheCommand();
 
 private:
     void allRows();
@@ -198,7 +202,7 @@ void tst_SimulatedCommands::initTestCase()
 {
     Scenario scenario;
     QString error;
-    const QString path = QFINDTESTDATA("../../scenarios/studio.json");
+    const QString path = QStringLiteral(TRACKING_SCENARIO_DIR "/studio.json");
     QVERIFY2(ScenarioFile::load(path, &scenario, &error), qPrintable(error));
     m_studio = scenario.state;
 }
@@ -307,9 +311,50 @@ void tst_SimulatedCommands::unknownLines()
 
 void tst_SimulatedCommands::referencePageIsCurrent()
 {
-    QFile page(QFINDTESTDATA("../../docs/commands.md"));
+    QFile page(QStringLiteral(TRACKING_SOURCE_DIR "/docs/commands.md"));
     QVERIFY2(page.open(QIODevice::ReadOnly), "docs/commands.md is missing");
     QCOMPARE(QString::fromUtf8(page.readAll()), commandsMarkdown());
+}
+
+/** The source files of a module's class, which are named after it in one spelling or another. */
+static QByteArray sourcesOf(const QString &className)
+{
+    QByteArray sources;
+    const QString root = QStringLiteral(TRACKING_SOURCE_DIR);
+    for (const char *folder : {"/SourceFiles", "/general"}) {
+        const QDir directory(root + QLatin1String(folder));
+        for (const QString &name : directory.entryList({QStringLiteral("*.cpp")})) {
+            QFile header(directory.filePath(
+                    name.section(QLatin1Char('_'), 0, 0).remove(QStringLiteral(".cpp"))
+                    + QStringLiteral(".h")));
+            QFile source(directory.filePath(name));
+            if (!header.open(QIODevice::ReadOnly) || !source.open(QIODevice::ReadOnly))
+                continue;
+            const QString declared = QString::fromUtf8(header.readAll());
+            if (declared.contains(
+                        QRegularExpression(QStringLiteral("^class %1\\b[^;]*\\{").arg(className),
+                                           QRegularExpression::MultilineOption)))
+                sources += source.readAll();
+        }
+    }
+    return sources;
+}
+
+void tst_SimulatedCommands::usersSendTheCommand()
+{
+    QHash<QString, QByteArray> sources;
+    for (const CommandEntry &entry : CommandTable::instance().entries()) {
+        const QByteArray pattern(entry.pattern);
+        const int words = pattern.startsWith("morvek2 ") ? 3 : 2;
+        const QByteArray beginning = pattern.split(' ').mid(0, words).join(' ');
+        for (const QString &user : QString::fromLatin1(entry.usedBy).split(QStringLiteral(", "))) {
+            if (!sources.contains(user))
+                sources.insert(user, sourcesOf(user));
+            QVERIFY2(sources.value(user).contains(beginning),
+                     qPrintable(QStringLiteral("%1 does not use %2")
+                                        .arg(user, QString::fromLatin1(entry.pattern))));
+        }
+    }
 }
 
 QTEST_GUILESS_MAIN(tst_SimulatedCommands)

@@ -72,7 +72,7 @@ void tst_SimulatedController::initTestCase()
 {
     Scenario scenario;
     QString error;
-    const QString path = QFINDTESTDATA("../../scenarios/studio.json");
+    const QString path = QStringLiteral(TRACKING_SCENARIO_DIR "/studio.json");
     QVERIFY2(ScenarioFile::load(path, &scenario, &error), qPrintable(error));
     m_studio = scenario.state;
 }
@@ -511,6 +511,7 @@ void tst_SimulatedController::searchFindsOneAfterAnother()
         return count;
     };
     QCOMPARE(tracked(), 0);
+    QSignalSpy changes(m_controller.get(), &SimulatedController::stateChanged);
     QVector<int> seen;
     for (int tick = 0; tick < 3; ++tick) {
         QVERIFY(get("status step_active").startsWith("cal"));
@@ -521,6 +522,9 @@ void tst_SimulatedController::searchFindsOneAfterAnother()
     QCOMPARE(get("targetlib target_status_tracked t01"), QByteArray("yes"));
     QCOMPARE(get("status step_active"), QByteArray("none"));
     QCOMPARE(tracked(), 7);
+    QCOMPARE(changes.count(), 4);
+    QCOMPARE(get("status step_active"), QByteArray("none"));
+    QCOMPARE(changes.count(), 4);
     QCOMPARE(get("status active"), QByteArray("none"));
     QCOMPARE(get("status progress"), QByteArray("1.000"));
     QCOMPARE(get("targetlib target_status_tracked t15"), QByteArray("yes"));

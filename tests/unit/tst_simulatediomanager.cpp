@@ -93,7 +93,7 @@ void tst_SimulatedIOManager::initTestCase()
 {
     Scenario scenario;
     QString error;
-    const QString path = QFINDTESTDATA("../../scenarios/studio.json");
+    const QString path = QStringLiteral(TRACKING_SCENARIO_DIR "/studio.json");
     QVERIFY2(ScenarioFile::load(path, &scenario, &error), qPrintable(error));
     m_studio = scenario.state;
 }
