@@ -110,6 +110,19 @@ CommandAccess accessOf(Operation operation)
     return operation == Operation::Set ? CommandAccess::Set : CommandAccess::Get;
 }
 
+/** What the controller says, if the rules let it be asked at all. */
+CommandReply askController(SimulatedController *controller, const TranscriptEntry &entry,
+                           const QVector<FaultRule> &rules)
+{
+    CommandReply refused;
+    refused.answer = "morvek2 err \"refused\"";
+    if (contains(rules, Effect::Refuse))
+        return refused;
+    const bool clamped = contains(rules, Effect::Clamp);
+    return controller->execute(accessOf(entry.operation),
+                               clamped ? halved(entry.line) : entry.line);
+}
+
 void copyOut(char *out, const TranscriptEntry &entry)
 {
     if (entry.result == SimulatedIOManager::Ok && out)
@@ -278,14 +291,7 @@ void SimulatedIOManager::carryOut(TranscriptEntry *entry)
     }
 
     const bool isAction = entry->operation == Operation::Command;
-    CommandReply reply;
-    if (contains(rules, Effect::Refuse)) {
-        reply.answer = isAction ? "morvek2 err \"refused\"" : "";
-    } else {
-        const bool clamped = contains(rules, Effect::Clamp);
-        reply = m_controller->execute(accessOf(entry->operation),
-                                      clamped ? halved(entry->line) : entry->line);
-    }
+    const CommandReply reply = askController(m_controller, *entry, rules);
     // A controller answers an action that it refuses, so that the operation itself succeeds.
     if (reply.unknown)
         entry->result = Unknown;
