@@ -26,6 +26,11 @@ bool TargetSearchPanel::isSearching() const
     return !m_widgets.start->isEnabled();
 }
 
+bool TargetSearchPanel::isRunning() const
+{
+    return m_run.isRunning() && m_pollTimer->isActive();
+}
+
 bool TargetSearchPanel::start()
 {
     if (!m_run.canStart())
@@ -114,6 +119,7 @@ void TargetSearchPanel::reset()
 {
     if (isRunning())
         return;
+    m_widgets.start->setEnabled(true);
     m_widgets.progressBar->setValue(0);
     m_widgets.stop->setEnabled(false);
     m_widgets.resultLabel->clear();

@@ -25,7 +25,7 @@ public:
     /** A search runs exactly while its start button is disabled. */
     bool isSearching() const;
     /** True while this tab polls a search it started. */
-    bool isRunning() const { return m_run.isRunning(); }
+    bool isRunning() const;
 
     /** Starts a search when the controller can; false when nothing was touched. */
     bool start();
