@@ -250,6 +250,11 @@ void SimulatedIOManager::setDialogProbe(std::function<QString()> probe)
     m_dialogProbe = std::move(probe);
 }
 
+void SimulatedIOManager::setResponder(std::function<void(TranscriptEntry *)> responder)
+{
+    m_responder = std::move(responder);
+}
+
 int SimulatedIOManager::receiverCount(const char *channel) const
 {
     int count = 0;
@@ -266,7 +271,9 @@ TranscriptEntry SimulatedIOManager::perform(Operation operation, const QByteArra
     entry.virtualMs = m_virtualMs;
     entry.operation = operation;
     entry.line = line;
-    if (m_faults->linkDead())
+    if (m_responder)
+        m_responder(&entry);
+    else if (m_faults->linkDead())
         entry.result = Failed;
     else
         carryOut(&entry);

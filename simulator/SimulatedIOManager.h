@@ -58,6 +58,12 @@ public:
     qint64 virtualTime() const { return m_virtualMs; }
     void advance(qint64 ms) { m_virtualMs += ms; }
 
+    /**
+     * From now on the responder gives each operation its answer and result, and neither the
+     * controller nor a fault has part in it; an empty function gives the controller back its say.
+     */
+    void setResponder(std::function<void(TranscriptEntry *)> responder);
+
     /** Names the dialog that is open, for the transcript. */
     void setDialogProbe(std::function<QString()> probe);
     /** Real duration is recorded only when asked for, so that transcripts compare byte for byte. */
@@ -81,6 +87,7 @@ private:
     QVector<QPair<QByteArray, MessageReceiver *>> m_receivers; ///< in the order of registration
     QVector<TranscriptEntry> m_transcript;
     std::function<QString()> m_dialogProbe;
+    std::function<void(TranscriptEntry *)> m_responder;
     qint64 m_virtualMs = 0;
     bool m_measuring = false;
 };

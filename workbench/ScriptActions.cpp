@@ -366,6 +366,12 @@ QString setInVolume(ScriptContext &context, const QStringList &arguments)
                              .arg(arguments.at(0));
 }
 
+QString setOracle(ScriptContext &context, const QStringList &arguments)
+{
+    return readSwitch(arguments.first(), QStringLiteral("on"), QStringLiteral("off"),
+                      &context.comparesDialogs);
+}
+
 QString setMeasurement(ScriptContext &context, const QStringList &arguments)
 {
     bool running = false;
@@ -456,6 +462,7 @@ QVector<ScriptCommand> controllerActions()
                  context.session->unloadModule();
                  return QString();
              }},
+            {"oracle", 1, 1, "on|off", setOracle},
             {"mark", 0, 0, "", setMark},
             {"screenshot", 1, 2, "NAME [WIDGET]", takePicture},
     };

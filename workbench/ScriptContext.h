@@ -14,4 +14,6 @@ struct ScriptContext {
     QString pictureDir;     ///< screenshots are written here; empty: into the current folder
     int transcriptMark = 0; ///< expectations look at the transcript from here on
     int logMark = 0;        ///< expectations look at the message log from here on
+    bool comparesDialogs =
+            false; ///< after each line the open dialog must agree with the controller
 };

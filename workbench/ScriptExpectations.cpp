@@ -1,3 +1,4 @@
+#include "DialogOracle.h"
 #include "FaultEngine.h"
 #include "MainWindow.h"
 #include "MessageLogDock.h"
@@ -174,6 +175,14 @@ QString expectFired(ScriptContext &context, const QStringList &arguments)
                    QString::number(rules.at(index).fired));
 }
 
+QString expectNoDifference(ScriptContext &context, const QStringList &)
+{
+    const QStringList lines =
+            DialogOracle::differences(context.session->state(), WidgetFinder::modalWindow());
+    return lines.isEmpty() ? QString()
+                           : QStringLiteral("expected no difference, found %1").arg(quoted(lines));
+}
+
 } // namespace
 
 const QVector<ScriptCommand> &ScriptCommands::expectations()
@@ -199,6 +208,7 @@ const QVector<ScriptCommand> &ScriptCommands::expectations()
                  return expectEnabled(arguments.first(), false);
              }},
             {"expect hidden", 1, 1, "WIDGET", expectHidden},
+            {"expect no-difference", 0, 0, "", expectNoDifference},
             {"expect fired", 2, 2, "RULE TIMES", expectFired},
     };
     return all;

@@ -1,5 +1,6 @@
 #include "ScriptRunner.h"
 
+#include "DialogOracle.h"
 #include "ScriptCommand.h"
 #include "WidgetFinder.h"
 #include "WorkbenchSession.h"
@@ -39,6 +40,11 @@ void ScriptRunner::scheduleNext(int hops)
 void ScriptRunner::runNext()
 {
     recordCost();
+    const QString difference = differenceAfterLine();
+    if (!difference.isEmpty()) {
+        finish(difference);
+        return;
+    }
     if (m_next == m_script.lines.size()) {
         const QWidget *modal = WidgetFinder::modalWindow();
         finish(modal ? QStringLiteral("%1:end: expected no open window, found %2")
@@ -57,6 +63,20 @@ void ScriptRunner::runNext()
     const QString problem = command->run(m_context, line.words.mid(nameLength));
     if (!problem.isEmpty() && !m_finished)
         finish(QStringLiteral("%1:%2: %3").arg(m_script.name).arg(line.number).arg(problem));
+}
+
+QString ScriptRunner::differenceAfterLine() const
+{
+    if (!m_context.comparesDialogs || m_next == 0)
+        return QString();
+    const QStringList lines =
+            DialogOracle::differences(m_context.session->state(), WidgetFinder::modalWindow());
+    if (lines.isEmpty())
+        return QString();
+    return QStringLiteral("%1:%2: expected the dialog to agree with the controller, found %3")
+            .arg(m_script.name)
+            .arg(m_script.lines.at(m_next - 1).number)
+            .arg(lines.join(QStringLiteral("; ")));
 }
 
 void ScriptRunner::recordCost()

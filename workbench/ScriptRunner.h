@@ -35,6 +35,8 @@ private:
     void scheduleNext(int hops);
     void runNext();
     void finish(const QString &failure);
+    /** What the oracle has to say about the last line; empty when it is not asked or content. */
+    QString differenceAfterLine() const;
     void recordCost();
 
     Script m_script;

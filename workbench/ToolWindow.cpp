@@ -2,8 +2,11 @@
 
 #include "ControllerPanelDock.h"
 #include "FaultPanelDock.h"
+#include "OracleDock.h"
 #include "SecondClientPanel.h"
 #include "SnapshotDock.h"
+#include "StallDock.h"
+#include "StallMeter.h"
 #include "TranscriptDock.h"
 #include "WorkbenchSession.h"
 
@@ -11,7 +14,8 @@
 #include <QStyle>
 
 ToolWindow::ToolWindow(WorkbenchSession *session)
-    : m_transcript(new TranscriptDock(session->io(), this))
+    : m_transcript(new TranscriptDock(session->io(), this)),
+      m_stalls(new StallMeter(session->io(), this))
 {
     setObjectName(QStringLiteral("toolWindow"));
     setWindowTitle(tr("Simulated controller"));
@@ -28,6 +32,8 @@ ToolWindow::ToolWindow(WorkbenchSession *session)
     addDockWidget(Qt::BottomDockWidgetArea, m_transcript);
     tabifyDockWidget(client, faults);
     tabifyDockWidget(client, snapshots);
+    tabifyDockWidget(client, new OracleDock(session, this));
+    tabifyDockWidget(client, new StallDock(m_stalls, this));
     client->raise();
     resize(960, 720);
 }

@@ -2,6 +2,7 @@
 
 #include <QMainWindow>
 
+class StallMeter;
 class TranscriptDock;
 class WorkbenchSession;
 
@@ -17,7 +18,9 @@ public:
     ~ToolWindow() override;
 
     TranscriptDock *transcript() const { return m_transcript; }
+    StallMeter *stalls() const { return m_stalls; }
 
 private:
     TranscriptDock *m_transcript;
+    StallMeter *m_stalls;
 };

@@ -2,8 +2,12 @@
 
 #include "MainWindow.h"
 #include "MessageLogDock.h"
+#include "Recorder.h"
+#include "Recording.h"
+#include "Replayer.h"
 #include "ScenarioLocator.h"
 #include "ScriptRunner.h"
+#include "StallMeter.h"
 #include "TimerHold.h"
 #include "ToolWindow.h"
 #include "TranscriptText.h"
@@ -39,15 +43,54 @@ WorkbenchProgram::~WorkbenchProgram() = default;
 
 int WorkbenchProgram::run()
 {
+    if (!m_options.transcriptDiff.isEmpty())
+        return compareRecordings();
     QString error;
     if (!loadScript(&error) || !prepareHome(&error) || !createSession(&error)
-        || !openWindows(&error)) {
+        || !startRecording(&error) || !openWindows(&error)) {
         complain(error);
         return statusUnusable;
     }
-    const int status = m_options.isScripted() ? runScripted() : runInteractive();
+    int status = m_options.isScripted() ? runScripted() : runInteractive();
     shutDown();
+    if (m_replayer && !m_replayer->difference().isEmpty()) {
+        complain(m_replayer->difference());
+        status = statusFailed;
+    }
     return status;
+}
+
+int WorkbenchProgram::compareRecordings()
+{
+    QVector<TranscriptEntry> left;
+    QVector<TranscriptEntry> right;
+    QString error;
+    if (!Recording::load(m_options.transcriptDiff.at(0), &left, &error)
+        || !Recording::load(m_options.transcriptDiff.at(1), &right, &error)) {
+        complain(error);
+        return statusUnusable;
+    }
+    const QString difference = Recording::difference(left, right);
+    QTextStream(stdout) << difference;
+    return difference.isEmpty() ? statusDone : statusFailed;
+}
+
+bool WorkbenchProgram::startRecording(QString *error)
+{
+    if (!m_options.replayFile.isEmpty()) {
+        QVector<TranscriptEntry> recording;
+        if (!Recording::load(m_options.replayFile, &recording, error))
+            return false;
+        m_replayer = std::make_unique<Replayer>(m_session->io(), recording);
+        // What follows the first difference means nothing.
+        QObject::connect(
+                m_replayer.get(), &Replayer::differed, qApp,
+                [] { QApplication::exit(statusFailed); }, Qt::QueuedConnection);
+    }
+    if (m_options.recordFile.isEmpty())
+        return true;
+    m_recorder = std::make_unique<Recorder>(m_session->io());
+    return m_recorder->start(m_options.recordFile, error);
 }
 
 bool WorkbenchProgram::loadScript(QString *error)
@@ -125,6 +168,9 @@ bool WorkbenchProgram::openWindows(QString *error)
             m_options.pluginFile.isEmpty() ? ModuleLoader::defaultFile() : m_options.pluginFile;
     if (!m_session->loadModule(plugin, m_window.get(), error))
         return false;
+    StallMeter *stalls = m_window->toolWindow()->stalls();
+    stalls->setLatencyMs(m_options.latencyMs);
+    stalls->start();
     m_window->toolWindow()->show();
     m_window->show();
     m_window->activateWindow();
@@ -197,5 +243,4 @@ void WorkbenchProgram::shutDown()
     m_session->unloadModule();
     m_window.reset();
     m_timers.reset();
-    m_session.reset();
 }

@@ -9,6 +9,8 @@
 
 class MainWindow;
 class QTemporaryDir;
+class Recorder;
+class Replayer;
 class ScriptRunner;
 class TimerHold;
 class WorkbenchSession;
@@ -30,7 +32,10 @@ private:
     bool loadScript(QString *error);
     bool prepareHome(QString *error);
     bool createSession(QString *error);
+    bool startRecording(QString *error);
     bool openWindows(QString *error);
+
+    int compareRecordings();
 
     int runScripted();
     int runInteractive();
@@ -41,6 +46,8 @@ private:
     Script m_script;
     std::unique_ptr<QTemporaryDir> m_home;
     std::unique_ptr<WorkbenchSession> m_session;
+    std::unique_ptr<Recorder> m_recorder;
+    std::unique_ptr<Replayer> m_replayer;
     std::unique_ptr<MainWindow> m_window;
     std::unique_ptr<TimerHold> m_timers;
     std::unique_ptr<ScriptRunner> m_runner;

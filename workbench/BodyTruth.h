@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QString>
+
+#include "ControllerState.h"
+
+/** What a table of bodies must show, derived from the controller's state alone. */
+namespace BodyTruth {
+
+/**
+ * The text or check mark of a cell.
+ *
+ * @param column title of the column
+ * @param text   "checked"/"unchecked" for a check box; what stands there otherwise
+ * @return false when nothing can be said about this column
+ */
+bool cell(const ControllerState &state, const QString &bodyType, int index, const QString &column,
+          QString *text);
+
+} // namespace BodyTruth

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QDockWidget>
+
+class QLabel;
+class QSlider;
+class QTableWidget;
+class StallMeter;
+
+/** Shows the longest stall of each dialog, and sets the time that each operation takes. */
+class StallDock : public QDockWidget {
+    Q_OBJECT
+
+public:
+    explicit StallDock(StallMeter *meter, QWidget *parent = nullptr);
+
+private:
+    void setLatency(int latencyMs);
+    void refresh();
+
+    StallMeter *m_meter;
+    QSlider *m_latency;
+    QLabel *m_latencyText;
+    QTableWidget *m_worst;
+};

@@ -1,0 +1,55 @@
+#include "StallMeter.h"
+
+#include "SimulatedIOManager.h"
+
+#include <QThread>
+
+namespace {
+
+constexpr int beatMs = 20;
+constexpr int longestLatencyMs = 500;
+
+} // namespace
+
+StallMeter::StallMeter(SimulatedIOManager *io, QObject *parent) : QObject(parent)
+{
+    connect(io, &SimulatedIOManager::recorded, this, &StallMeter::count);
+    connect(&m_heartbeat, &QTimer::timeout, this, &StallMeter::beat);
+    m_heartbeat.setTimerType(Qt::PreciseTimer);
+}
+
+void StallMeter::start()
+{
+    m_sinceBeat.start();
+    m_heartbeat.start(beatMs);
+}
+
+void StallMeter::setLatencyMs(int latencyMs)
+{
+    m_latencyMs = qBound(0, latencyMs, longestLatencyMs);
+}
+
+void StallMeter::count(const TranscriptEntry &entry)
+{
+    if (entry.operation == TranscriptEntry::Operation::Message)
+        return;
+    // The caller waits for its answer on this thread, as it does for a slow controller.
+    if (m_latencyMs > 0)
+        QThread::msleep(ulong(m_latencyMs));
+    if (m_current.operations == 0) {
+        m_current.firstCommand = QString::fromUtf8(entry.line);
+        m_current.dialog = entry.dialog;
+    }
+    ++m_current.operations;
+}
+
+void StallMeter::beat()
+{
+    m_current.heldMs = qMax<qint64>(0, m_sinceBeat.restart() - beatMs);
+    Stall &worst = m_worst[m_current.dialog];
+    if (m_current.heldMs > worst.heldMs) {
+        worst = m_current;
+        emit worstChanged();
+    }
+    m_current = Stall();
+}
