@@ -286,13 +286,11 @@ QString tick(ScriptContext &context, const QStringList &arguments)
     const int count = arguments.isEmpty() ? 1 : arguments.first().toInt(&isNumber);
     if (!isNumber || count < 1)
         return QStringLiteral("expected a number of ticks, found \"%1\"").arg(arguments.first());
-    const QWidget *modal = WidgetFinder::modalWindow();
-    for (int i = 0; i < count; ++i) {
+    // A box that a timer brought up, and that a later line answered, ends the wait.
+    const int linesBefore = context.linesStarted;
+    for (int i = 0; i < count && context.linesStarted == linesBefore; ++i) {
         context.session->io()->advance(pollMs);
         context.timers->tick();
-        // A box that a timer brought up ends the wait for the user.
-        if (WidgetFinder::modalWindow() != modal)
-            break;
     }
     return QString();
 }

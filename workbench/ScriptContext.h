@@ -14,6 +14,7 @@ struct ScriptContext {
     QString pictureDir;     ///< screenshots are written here; empty: into the current folder
     int transcriptMark = 0; ///< expectations look at the transcript from here on
     int logMark = 0;        ///< expectations look at the message log from here on
+    int linesStarted = 0;   ///< a line sees from it whether later ones ran while it waited
     bool comparesDialogs =
             false; ///< after each line the open dialog must agree with the controller
 };

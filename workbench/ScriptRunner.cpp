@@ -53,6 +53,7 @@ void ScriptRunner::runNext()
         return;
     }
     const Script::Line line = m_script.lines.at(m_next++);
+    ++m_context.linesStarted;
     int nameLength = 0;
     const ScriptCommand *command = ScriptCommands::find(line.words, &nameLength);
     // A line that opens a dialog returns only when it closes; the next one is waiting for it

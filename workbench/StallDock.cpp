@@ -40,16 +40,16 @@ StallDock::StallDock(StallMeter *meter, QWidget *parent)
     layout->addWidget(new QLabel(tr("Longest time the dialogs could not react:")));
     layout->addWidget(m_worst);
     setWidget(content);
-    connect(m_latency, &QSlider::valueChanged, this, &StallDock::setLatency);
+    connect(m_latency, &QSlider::valueChanged, m_meter, &StallMeter::setLatencyMs);
+    connect(m_meter, &StallMeter::latencyChanged, this, &StallDock::showLatency);
     connect(m_meter, &StallMeter::worstChanged, this, &StallDock::refresh);
-    m_latency->setValue(m_meter->latencyMs());
-    setLatency(m_meter->latencyMs());
+    showLatency(m_meter->latencyMs());
     refresh();
 }
 
-void StallDock::setLatency(int latencyMs)
+void StallDock::showLatency(int latencyMs)
 {
-    m_meter->setLatencyMs(latencyMs);
+    m_latency->setValue(latencyMs);
     m_latencyText->setText(tr("Each operation takes %1 ms.").arg(latencyMs));
 }
 

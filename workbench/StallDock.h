@@ -15,7 +15,7 @@ public:
     explicit StallDock(StallMeter *meter, QWidget *parent = nullptr);
 
 private:
-    void setLatency(int latencyMs);
+    void showLatency(int latencyMs);
     void refresh();
 
     StallMeter *m_meter;

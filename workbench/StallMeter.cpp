@@ -26,7 +26,11 @@ void StallMeter::start()
 
 void StallMeter::setLatencyMs(int latencyMs)
 {
-    m_latencyMs = qBound(0, latencyMs, longestLatencyMs);
+    const int bounded = qBound(0, latencyMs, longestLatencyMs);
+    if (bounded == m_latencyMs)
+        return;
+    m_latencyMs = bounded;
+    emit latencyChanged(bounded);
 }
 
 void StallMeter::count(const TranscriptEntry &entry)

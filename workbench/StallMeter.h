@@ -36,6 +36,7 @@ public:
     const QMap<QString, Stall> &worst() const { return m_worst; }
 
 signals:
+    void latencyChanged(int latencyMs);
     /** A dialog has a new longest stall. */
     void worstChanged();
 
