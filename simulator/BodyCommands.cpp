@@ -135,7 +135,7 @@ QVector<CommandEntry> bodyCommands()
              read<bool, &BodyState::recalibrated>},
             {Access::Get, "body targetlib_name TYPE bNN", 1, 11, false,
              "short name of the library target that gave the geometry, or none",
-             "BodyReader, BodyTypeAdministrationTab, TargetAssignment",
+             "BodyReader, MtAdministration, StandardAdministration, TargetAssignment",
              readOrNone<&BodyState::target>},
             {Access::Get, "body target_type TYPE bNN", 1, 6, false, "kind of the body's target",
              "FixedAngleDlg", read<QString, &BodyState::targetType>},
