@@ -55,6 +55,13 @@ protected:
         QTest::keyClick(box, Qt::Key_Space);
     }
 
+    /** Presses Alt and the letter in the dialog, which becomes the active window first. */
+    static void mnemonic(QWidget *dialog, Qt::Key letter)
+    {
+        QApplication::setActiveWindow(dialog);
+        QTest::keyClick(dialog, letter, Qt::AltModifier);
+    }
+
     static bool isEnabled(QWidget *dialog, const char *name)
     {
         return Drive::find<QWidget>(dialog, name)->isEnabled();

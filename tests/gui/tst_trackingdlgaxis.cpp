@@ -108,5 +108,5 @@ void tst_trackingdlgaxis::otherVectorKeepsTheSelection()
     });
 }
 
-QTEST_MAIN(tst_trackingdlgaxis)
+TRACKING_TEST_MAIN(tst_trackingdlgaxis)
 #include "tst_trackingdlgaxis.moc"

@@ -322,5 +322,5 @@ void tst_trackingdlgpulse::fillingIsNoChange()
     QCOMPARE(host.writes(), QStringList{QStringLiteral("tracking auto_restart yes")});
 }
 
-QTEST_MAIN(tst_trackingdlgpulse)
+TRACKING_TEST_MAIN(tst_trackingdlgpulse)
 #include "tst_trackingdlgpulse.moc"
