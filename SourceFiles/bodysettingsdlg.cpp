@@ -157,10 +157,13 @@ void BodySettingsDlg::on_pushButton_special_clicked()
 void BodySettingsDlg::resizeEvent(QResizeEvent *event)
 {
     QDialog::resizeEvent(event);
-    // The last column takes what the others leave.
+    // Shares of the width in percent; the last column takes the rest.
     constexpr int idShare = 12;
     constexpr int nameShare = 53;
-    const int width = m_ui->tableWidget->viewport()->width();
-    m_ui->tableWidget->setColumnWidth(IdColumn, width * idShare / 100);
-    m_ui->tableWidget->setColumnWidth(NameColumn, width * nameShare / 100);
+    QTableWidget *table = m_ui->tableWidget;
+    const int width = table->viewport()->width();
+    table->setColumnWidth(IdColumn, width * idShare / 100);
+    table->setColumnWidth(NameColumn, width * nameShare / 100);
+    table->setColumnWidth(StateColumn,
+                          width - table->columnWidth(IdColumn) - table->columnWidth(NameColumn));
 }

@@ -11,6 +11,7 @@
 #include <QScopeGuard>
 #include <QVector>
 
+#include <array>
 #include <cmath>
 
 FixedAngleDlg::FixedAngleDlg(IOManager *iom, QWidget *parent, BackendVersions *beVers)
@@ -155,13 +156,13 @@ void FixedAngleDlg::on_pushButton_help_clicked()
 void FixedAngleDlg::resizeEvent(QResizeEvent *event)
 {
     QDialog::resizeEvent(event);
-    // The last column takes what the others leave.
-    constexpr int idShare = 10;
-    constexpr int nameShare = 36;
-    constexpr int angleShare = 18;
-    const int width = m_table->viewport()->width();
-    m_table->setColumnWidth(0, width * idShare / 100);
-    m_table->setColumnWidth(1, width * nameShare / 100);
-    m_table->setColumnWidth(2, width * angleShare / 100);
-    m_table->setColumnWidth(3, width * angleShare / 100);
+    // Shares of the width in percent; the last column takes the rest.
+    constexpr std::array<int, 4> shares{10, 36, 18, 18};
+    int rest = m_table->viewport()->width();
+    const int width = rest;
+    for (int column = 0; column < int(shares.size()); ++column) {
+        m_table->setColumnWidth(column, width * shares[column] / 100);
+        rest -= m_table->columnWidth(column);
+    }
+    m_table->setColumnWidth(int(shares.size()), rest);
 }
