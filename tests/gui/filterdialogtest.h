@@ -54,8 +54,6 @@ inline QStringList entries(const QComboBox *box)
 /** Base of the filter dialog's tests: a small controller, and a dialog that a user is in front of.
  */
 class FilterDialogTest : public DialogTest {
-    Q_OBJECT
-
 protected:
     static constexpr int standard = 0;
     static constexpr int joywand = 1;

@@ -352,11 +352,10 @@ void tst_FilterDialog::noCalibratedBody()
         QVERIFY(!w.active->isChecked());
         QCOMPARE(host.lines(), soFar);
     });
-    QCOMPARE(host.lines(),
-             construction
-                     + QStringList{"filter6d available standard", "config is_changeable",
-                                   "body number_of_bodies standard", "body calibrated standard b01",
-                                   "body calibrated standard b02", "body calibrated standard b03"});
+    const QStringList asked = {"filter6d available standard",    "config is_changeable",
+                               "body number_of_bodies standard", "body calibrated standard b01",
+                               "body calibrated standard b02",   "body calibrated standard b03"};
+    QCOMPARE(host.lines(), construction + asked);
 }
 
 void tst_FilterDialog::inertialBodyHidesTheSwitch()

@@ -78,7 +78,8 @@ void tst_FilterDialogFailures::bodyListQuery_data()
             << "Error: Unable to get number of Joywand devices" << QStringList();
     QTest::newRow("standard calibrated")
             << "body calibrated standard b01" << standard
-            << "Error: Unable to get calibration state of body standard b01" << both.mid(1);
+            << "Error: Unable to get calibration state of body standard b01"
+            << QStringList(both.mid(1));
     QTest::newRow("joywand calibrated")
             << "body calibrated joywand b02" << joywand
             << "Error: Unable to get calibration state of body joywand b02" << wands;
