@@ -145,6 +145,13 @@ protected:
         return [](const FilterWidgets &) {};
     }
 
+    /** Gives the check box the keyboard and presses it. */
+    static void toggle(QCheckBox *box)
+    {
+        box->setFocus(Qt::TabFocusReason);
+        QTest::keyClick(box, Qt::Key_Space);
+    }
+
     /** Gives the box the keyboard and types over what it shows. */
     static void type(QAbstractSpinBox *box, const QString &text)
     {

@@ -348,7 +348,7 @@ void tst_FilterDialog::noCalibratedBody()
         QVERIFY(!w.prediction->isEnabled());
         QVERIFY(!w.mode->isEnabled());
         const QStringList soFar = host.lines();
-        Drive::click(w.dialog, "checkBox_active");
+        toggle(w.active);
         QVERIFY(!w.active->isChecked());
         QCOMPARE(host.lines(), soFar);
     });

@@ -110,7 +110,7 @@ void tst_FilterDialogEdit::switchingOffAndOn()
             "body filter6d_prediction standard b01", "body filter6d_mode standard b01"};
     visit(host, standard, 0, [&](const FilterWidgets &w) {
         host.clear();
-        Drive::click(w.dialog, "checkBox_active");
+        toggle(w.active);
         QVERIFY(!w.active->isChecked());
         QCOMPARE(host.lines(), QStringList({"body filter6d_enabled standard b01 no"}) + reread);
         QVERIFY(!host.state().bodyTypes["standard"].bodies[0].filterEnabled);
@@ -122,7 +122,7 @@ void tst_FilterDialogEdit::switchingOffAndOn()
         QVERIFY(!w.prediction->isEnabled());
         QVERIFY(!w.mode->isEnabled());
         host.clear();
-        Drive::click(w.dialog, "checkBox_active");
+        toggle(w.active);
         QCOMPARE(host.lines(), QStringList({"body filter6d_enabled standard b01 yes"}) + reread);
         QVERIFY(w.preset->isEnabled());
         QVERIFY(w.strength->isEnabled());
@@ -423,7 +423,7 @@ void tst_FilterDialogEdit::joywandIdentifiers()
         type(w.strength, "0.67");
         type(w.prediction, "15");
         Drive::choose(w.mode, "Adaptive slow");
-        Drive::click(w.dialog, "checkBox_active");
+        toggle(w.active);
     });
     QCOMPARE(host.writes(), QStringList({"body filter6d_preset joywand b01 preset6d_custom",
                                          "body filter6d_strength joywand b01 0.670000",
@@ -454,7 +454,7 @@ void tst_FilterDialogEdit::lockedSendsNothing()
     state.configChangeable = false;
     TestHost host(state);
     visit(host, standard, 0, [&](const FilterWidgets &w) {
-        Drive::click(w.dialog, "checkBox_active");
+        toggle(w.active);
         QTest::keyClick(w.preset, Qt::Key_Down);
         QTest::keyClick(w.strength, Qt::Key_Up);
         QTest::keyClick(w.dialog, Qt::Key_Escape);

@@ -211,7 +211,7 @@ void tst_FilterDialogFailures::failedWrite()
     const QString kind = QTest::currentDataTag();
     visit(host, standard, 0, [&](const FilterWidgets &w) {
         if (kind == "enabled")
-            Drive::click(w.dialog, "checkBox_active");
+            toggle(w.active);
         else if (kind == "preset")
             Drive::choose(w.preset, "Default");
         else if (kind == "strength")
