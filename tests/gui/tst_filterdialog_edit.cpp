@@ -15,6 +15,7 @@ private slots:
     void editEndsOnce_data();
     void editEndsOnce();
     void stepsAreSentWhenEditingEnds();
+    void valueSetWithoutFocusIsSentAtTheEnd();
     void enterPressesNoButton_data();
     void enterPressesNoButton();
     void sameValueIsNotSent();
@@ -213,6 +214,22 @@ void tst_FilterDialogEdit::stepsAreSentWhenEditingEnds()
         QCOMPARE(host.writes(), QStringList({"body filter6d_strength standard b01 0.450000"}));
     });
     QCOMPARE(host.writes().size(), 1);
+}
+
+void tst_FilterDialogEdit::valueSetWithoutFocusIsSentAtTheEnd()
+{
+    TestHost host(smallState());
+    visit(host, standard, 0, [&](const FilterWidgets &w) {
+        w.body->setFocus(Qt::TabFocusReason);
+        // Assistive technology steps a box that does not have the keyboard.
+        w.strength->stepUp();
+        w.prediction->stepDown();
+        QCOMPARE(host.writes(), QStringList());
+        QTest::keyClick(w.dialog, Qt::Key_Escape);
+        QVERIFY(!w.dialog->isVisible());
+    });
+    QCOMPARE(host.writes(), QStringList({"body filter6d_strength standard b01 0.430000",
+                                         "body filter6d_prediction standard b01 0.019000"}));
 }
 
 void tst_FilterDialogEdit::enterPressesNoButton_data()
