@@ -15,6 +15,8 @@ bool takeHead(Script *script, const QStringList &words)
         script->scenario = words.last();
     else if (words.first() == QLatin1String("tell"))
         script->telling << words.last();
+    else if (words.first() == QLatin1String("latency"))
+        script->latencyMs = words.last().toInt();
     else if (words == QStringList{QStringLiteral("home"), QStringLiteral("unwritable")})
         script->unwritableHome = true;
     else
@@ -87,7 +89,10 @@ bool Script::parse(const QByteArray &text, const QString &name, Script *script, 
             problem = QStringLiteral("expected a closing quote, found the end of the line");
         else if (script->lines.isEmpty() && takeHead(script, parsed.words))
             continue;
-        else
+        else if (script->setup.isEmpty() && parsed.words == QStringList{QStringLiteral("begin")}) {
+            script->setup.swap(script->lines);
+            continue;
+        } else
             problem = problemOf(parsed.words);
         if (!problem.isEmpty()) {
             *error = QStringLiteral("%1:%2: %3").arg(name).arg(i + 1).arg(problem);

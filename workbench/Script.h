@@ -11,7 +11,9 @@
  * # is a comment; empty lines are ignored.
  *
  * Lines before the first action may name the scenario ("scenario NAME"), say in sentences what a
- * person should try ("tell TEXT") and make the preferences' folder unwritable ("home unwritable").
+ * person should try ("tell TEXT"), give each operation a duration that a person feels ("latency
+ * MS") and make the preferences' folder unwritable ("home unwritable"). Actions before a line
+ * "begin" set the stage: they are carried out before a person takes over.
  */
 struct Script {
     struct Line {
@@ -22,7 +24,9 @@ struct Script {
     QString name;        ///< file name as given
     QString scenario;    ///< empty: the default one
     QStringList telling; ///< what a person should try
+    int latencyMs = 0;   ///< only where a person watches
     bool unwritableHome = false;
+    QVector<Line> setup;
     QVector<Line> lines;
 
     /** Reads a script; false with *error "file:line: expected ..., found ...". */

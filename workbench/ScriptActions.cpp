@@ -26,6 +26,7 @@
 #include <QTabBar>
 #include <QTabWidget>
 #include <functional>
+#include <utility>
 
 namespace {
 
@@ -364,6 +365,23 @@ QString setInVolume(ScriptContext &context, const QStringList &arguments)
                              .arg(arguments.at(0));
 }
 
+QString swapBodies(ScriptContext &context, const QStringList &arguments)
+{
+    const int count = context.session->state().bodyTypes.value(arguments.at(0)).bodies.size();
+    const int first = arguments.at(1).toInt();
+    const int second = arguments.at(2).toInt();
+    if (qMin(first, second) < 1 || qMax(first, second) > count) {
+        return QStringLiteral("expected two bodies from 1 to %1, found %2 and %3")
+                .arg(count)
+                .arg(arguments.at(1), arguments.at(2));
+    }
+    context.session->edit([&](ControllerState &state) {
+        QVector<BodyState> &bodies = state.bodyTypes[arguments.at(0)].bodies;
+        std::swap(bodies[first - 1], bodies[second - 1]);
+    });
+    return QString();
+}
+
 QString setOracle(ScriptContext &context, const QStringList &arguments)
 {
     return readSwitch(arguments.first(), QStringLiteral("on"), QStringLiteral("off"),
@@ -391,6 +409,7 @@ QString restart(ScriptContext &context, const QStringList &arguments)
 QString setMark(ScriptContext &context, const QStringList &)
 {
     context.transcriptMark = context.session->io()->transcript().size();
+    context.timeMarkMs = context.session->io()->virtualTime();
     context.logMark = context.window->messageLog()->lines().size();
     return QString();
 }
@@ -447,6 +466,7 @@ QVector<ScriptCommand> controllerActions()
              }},
             {"link", 1, 1, "dead|back", setLink},
             {"set", 2, 2, "PATH VALUE", setState},
+            {"swap", 3, 3, "TYPE BODY BODY", swapBodies},
             {"volume", 2, 2, "TARGET in|out", setInVolume},
             {"measurement", 1, 1, "on|off", setMeasurement},
             {"configuration", 0, 0, "",

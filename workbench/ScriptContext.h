@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QtGlobal>
 
 class MainWindow;
 class TimerHold;
@@ -14,6 +15,7 @@ struct ScriptContext {
     QString pictureDir;     ///< screenshots are written here; empty: into the current folder
     int transcriptMark = 0; ///< expectations look at the transcript from here on
     int logMark = 0;        ///< expectations look at the message log from here on
+    qint64 timeMarkMs = 0;  ///< virtual time at the mark
     int linesStarted = 0;   ///< a line sees from it whether later ones ran while it waited
     bool comparesDialogs =
             false; ///< after each line the open dialog must agree with the controller

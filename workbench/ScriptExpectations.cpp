@@ -175,6 +175,16 @@ QString expectFired(ScriptContext &context, const QStringList &arguments)
                    QString::number(rules.at(index).fired));
 }
 
+QString expectWithin(ScriptContext &context, const QStringList &arguments)
+{
+    const qint64 elapsedMs = context.session->io()->virtualTime() - context.timeMarkMs;
+    return elapsedMs <= arguments.first().toLongLong()
+                   ? QString()
+                   : QStringLiteral("expected at most %1 ms, found %2 ms")
+                             .arg(arguments.first())
+                             .arg(elapsedMs);
+}
+
 QString expectNoDifference(ScriptContext &context, const QStringList &)
 {
     const QStringList lines =
@@ -208,6 +218,7 @@ const QVector<ScriptCommand> &ScriptCommands::expectations()
                  return expectEnabled(arguments.first(), false);
              }},
             {"expect hidden", 1, 1, "WIDGET", expectHidden},
+            {"expect within", 1, 1, "MS", expectWithin},
             {"expect no-difference", 0, 0, "", expectNoDifference},
             {"expect fired", 2, 2, "RULE TIMES", expectFired},
     };

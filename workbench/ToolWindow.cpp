@@ -1,6 +1,7 @@
 #include "ToolWindow.h"
 
 #include "ControllerPanelDock.h"
+#include "DemonstrationDock.h"
 #include "FaultPanelDock.h"
 #include "OracleDock.h"
 #include "SecondClientPanel.h"
@@ -39,3 +40,8 @@ ToolWindow::ToolWindow(WorkbenchSession *session)
 }
 
 ToolWindow::~ToolWindow() = default;
+
+void ToolWindow::showDemonstration(const Script &script, const ScriptContext &context)
+{
+    addDockWidget(Qt::TopDockWidgetArea, new DemonstrationDock(script, context, this));
+}

@@ -3,6 +3,8 @@
 #include <QMainWindow>
 
 class StallMeter;
+struct Script;
+struct ScriptContext;
 class TranscriptDock;
 class WorkbenchSession;
 
@@ -19,6 +21,9 @@ public:
 
     TranscriptDock *transcript() const { return m_transcript; }
     StallMeter *stalls() const { return m_stalls; }
+
+    /** Adds a dock that tells what to try and plays it on demand. */
+    void showDemonstration(const Script &script, const ScriptContext &context);
 
 private:
     TranscriptDock *m_transcript;

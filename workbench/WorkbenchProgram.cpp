@@ -6,6 +6,7 @@
 #include "Recording.h"
 #include "Replayer.h"
 #include "ScenarioLocator.h"
+#include "ScriptCommand.h"
 #include "ScriptRunner.h"
 #include "StallMeter.h"
 #include "TimerHold.h"
@@ -47,7 +48,7 @@ int WorkbenchProgram::run()
         return compareRecordings();
     QString error;
     if (!loadScript(&error) || !prepareHome(&error) || !createSession(&error)
-        || !startRecording(&error) || !openWindows(&error)) {
+        || !startRecording(&error) || !openWindows(&error) || !setTheStage(&error)) {
         complain(error);
         return statusUnusable;
     }
@@ -225,6 +226,28 @@ bool WorkbenchProgram::writeTourResults(QString *error) const
     if (!saved)
         *error = QStringLiteral("%1: %2").arg(costs.fileName(), costs.errorString());
     return saved;
+}
+
+bool WorkbenchProgram::setTheStage(QString *error)
+{
+    ScriptContext context;
+    context.session = m_session.get();
+    context.window = m_window.get();
+    for (const Script::Line &line : qAsConst(m_script.setup)) {
+        int nameLength = 0;
+        const ScriptCommand *command = ScriptCommands::find(line.words, &nameLength);
+        const QString problem = command->run(context, line.words.mid(nameLength));
+        if (!problem.isEmpty()) {
+            *error = QStringLiteral("%1:%2: %3").arg(m_script.name).arg(line.number).arg(problem);
+            return false;
+        }
+    }
+    if (!m_options.isScripted() && !m_script.lines.isEmpty()) {
+        StallMeter *stalls = m_window->toolWindow()->stalls();
+        stalls->setLatencyMs(qMax(m_options.latencyMs, m_script.latencyMs));
+        m_window->toolWindow()->showDemonstration(m_script, context);
+    }
+    return true;
 }
 
 int WorkbenchProgram::runInteractive()

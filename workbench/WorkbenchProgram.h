@@ -34,6 +34,7 @@ private:
     bool createSession(QString *error);
     bool startRecording(QString *error);
     bool openWindows(QString *error);
+    bool setTheStage(QString *error);
 
     int compareRecordings();
 
