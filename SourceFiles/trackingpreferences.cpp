@@ -73,6 +73,9 @@ bool TrackingPreferences::save(bool fixedAngleVisible, bool autoRestartShown,
     document(fixedAngleVisible, autoRestartShown)
             .save(stream, indentation, QDomNode::EncodingFromTextStream);
     stream.flush();
+    // commit() alone does not notice that the last buffer found no room on the disk.
+    if (!file.flush())
+        file.cancelWriting();
     if (!file.commit()) {
         *problem = tr("Error: Unable to write the tracking preferences file %1").arg(m_fileName);
         return false;
