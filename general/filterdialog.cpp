@@ -57,6 +57,7 @@ int FilterDialog::update_and_exec(int bodyType, int bodyIndex)
     const bool available = isFilterAvailable(bodyType);
     bIsConfigLocked = getConfigLocked();
     if (!available || bIsConfigLocked) {
+        clearBodies();
         enableDialog(false, bodyType);
         return exec();
     }
@@ -66,6 +67,17 @@ int FilterDialog::update_and_exec(int bodyType, int bodyIndex)
     updateFilterValues();
     bUserAction = true;
     return exec();
+}
+
+void FilterDialog::clearBodies()
+{
+    // Only a dialog that was open before has something to show of a body.
+    if (ui->comboBox_body->count() == 0)
+        return;
+    mapIsTargetInertial.clear();
+    ui->comboBox_body->clear();
+    update_checkbox_active();
+    updateFilterValues();
 }
 
 bool FilterDialog::isFilterAvailable(int bodyType) const

@@ -97,6 +97,7 @@ private slots:
     void on_pushButton_exit_clicked();
 
 private:
+    void clearBodies();
     bool isFilterAvailable(int bodyType) const;
     void addBody(bool standard, int number);
     void addStandardBody(int number);
