@@ -26,7 +26,8 @@ public:
     TrackingSettingBodyAdminModule();
     ~TrackingSettingBodyAdminModule() override;
 
-    /** Withdraws the body administration from the host's channels; nothing before the dialogs exist. */
+    /** Withdraws the body administration from the host's channels; nothing before the dialogs
+     * exist. */
     void about_to_exit_module() override;
     /** Deletes both dialogs and forgets the menu entries; the actions stay until destruction. */
     void exit_module() override;
@@ -35,8 +36,8 @@ public:
     /** "v" and the three version numbers, without padding. */
     QString get_module_version() const override;
     /**
-     * The two menu entries. The first call creates the dialogs with the host objects stored by then;
-     * every later call returns the same entries.
+     * The two menu entries. The first call creates the dialogs with the host objects stored by
+     * then; every later call returns the same entries.
      */
     QList<_GuiElement *> get_gui_elements() override;
     /**

@@ -1,0 +1,15 @@
+#!/bin/bash
+# Fails when a source file is not laid out as .clang-format says. With --fix it lays them out.
+set -euo pipefail
+cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/.."
+
+mode=(--dry-run -Werror)
+[[ ${1:-} == --fix ]] && mode=(-i)
+
+folders=()
+for folder in SourceFiles benchmarks examples general hostinterface simulator tests workbench; do
+    [[ -d $folder ]] && folders+=("$folder")
+done
+mapfile -t files < <(find "${folders[@]}" -name '*.cpp' -o -name '*.h' | sort)
+[[ ${#files[@]} -gt 0 ]] || { echo "no source files found" >&2; exit 1; }
+clang-format "${mode[@]}" "${files[@]}"
