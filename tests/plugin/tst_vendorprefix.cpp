@@ -14,7 +14,7 @@ bool run(const QStringList &arguments, QByteArray *output)
     QProcess process;
     process.setProcessChannelMode(QProcess::MergedChannels);
     process.start(QStringLiteral(CMAKE_PROGRAM), arguments);
-    const bool finished = process.waitForFinished(280000);
+    const bool finished = process.waitForFinished(840000);
     *output = process.readAll();
     return finished && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
 }
