@@ -62,6 +62,14 @@ std::optional<int> ControllerLink::integer(const char *format, ...) const
     return value;
 }
 
+std::optional<int> ControllerLink::count(const char *format, ...) const
+{
+    constexpr int largest = 9999;
+    LINE_OF(format);
+    const auto value = line.isEmpty() ? std::nullopt : integer("%s", line.constData());
+    return value && *value >= 0 && *value <= largest ? value : std::nullopt;
+}
+
 std::optional<double> ControllerLink::real(const char *format, ...) const
 {
     LINE_OF(format);

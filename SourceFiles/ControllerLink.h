@@ -26,6 +26,11 @@ public:
     std::optional<QString> text(const char *format, ...) const
             __attribute__((format(printf, 2, 3)));
     std::optional<int> integer(const char *format, ...) const __attribute__((format(printf, 2, 3)));
+    /**
+     * A number of things, 0 to 9999. Any other answer is garbage and counts as a failed query: it
+     * must not keep the program busy.
+     */
+    std::optional<int> count(const char *format, ...) const __attribute__((format(printf, 2, 3)));
     std::optional<double> real(const char *format, ...) const __attribute__((format(printf, 2, 3)));
     std::optional<bool> flag(const char *format, ...) const __attribute__((format(printf, 2, 3)));
 

@@ -251,7 +251,7 @@ bool TrackingDlg::any_body_fixed_angle() const
 {
     if (!knowsFixedAngles())
         return false;
-    const auto count = m_link.integer("standard number_of_bodies");
+    const auto count = m_link.count("standard number_of_bodies");
     if (!count)
         m_link.log(tr("Error: Unable to check number of standard bodies"));
     bool any = false;

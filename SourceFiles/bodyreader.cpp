@@ -54,10 +54,10 @@ void BodyReader::readType(AdminBodyType &record, const QString &type) const
 int BodyReader::readCount(const QString &type) const
 {
     const auto count =
-            m_link.integer("body number_of_bodies %s", ControllerLink::argument(type).constData());
+            m_link.count("body number_of_bodies %s", ControllerLink::argument(type).constData());
     if (!count)
         m_link.log(QStringLiteral("Error: Unable to get number of %1 bodies").arg(type));
-    return qMax(0, count.value_or(0));
+    return count.value_or(0);
 }
 
 void BodyReader::readBody(AdminBodyType &record, const QString &type, int index) const

@@ -64,7 +64,7 @@ int BodySettingsDlg::update_and_exec()
 
 void BodySettingsDlg::updateTable()
 {
-    const auto count = m_link.integer("body number_of_bodies standard");
+    const auto count = m_link.count("body number_of_bodies standard");
     if (!count)
         m_link.log(tr("Error: Unable to get number of standard bodies"));
     m_ui->tableWidget->setRowCount(qMax(0, count.value_or(0)));

@@ -167,7 +167,7 @@ int FingertrackingAdministration::morvek2_getMaxNumberOfBodies(const QString &ty
     constexpr int defaultMaximum = 4;
     if (type != handsType)
         return 0;
-    const auto maximum = link().integer("fingertracking max_number_of_hands");
+    const auto maximum = link().count("fingertracking max_number_of_hands");
     if (!maximum)
         link().log(tr("Error: Unable to get max number of %1 hand bodies").arg(type));
     return maximum.value_or(defaultMaximum);

@@ -43,7 +43,7 @@ int FixedAngleDlg::update_and_exec()
 
 void FixedAngleDlg::get_fixed_angle_info(QList<FixedAngleBody *> &bodies) const
 {
-    const auto count = m_link.integer("body number_of_bodies standard");
+    const auto count = m_link.count("body number_of_bodies standard");
     if (!count)
         m_link.log(tr("Error: Unable to check number of standard bodies"));
     for (int number = 1; number <= count.value_or(0); ++number)

@@ -212,7 +212,7 @@ void JoywandAdministration::updateTableWidgetCell(const QString &type, int index
 int JoywandAdministration::morvek2_getMaxNumberOfBodies(const QString &type)
 {
     constexpr int defaultMaximum = 20;
-    const auto maximum = link().integer("joywand max_number_of_devices");
+    const auto maximum = link().count("joywand max_number_of_devices");
     if (!maximum)
         link().log(tr("Error: Unable to get max number of %1 bodies").arg(type));
     return maximum.value_or(defaultMaximum);

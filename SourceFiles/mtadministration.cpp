@@ -179,9 +179,9 @@ int MtAdministration::morvek2_getMaxNumberOfBodies(const QString &type)
     constexpr int defaultMaximum = 4;
     std::optional<int> maximum;
     if (type == toolType)
-        maximum = link().integer("measurementtool max_number_of_tools");
+        maximum = link().count("measurementtool max_number_of_tools");
     else if (type == referenceType)
-        maximum = link().integer("measurementtool max_number_of_references");
+        maximum = link().count("measurementtool max_number_of_references");
     if (!maximum)
         link().log(tr("Error: Unable to get max number of %1 bodies").arg(type));
     return maximum.value_or(defaultMaximum);
@@ -365,7 +365,7 @@ bool MtAdministration::deleteCalibrationStandardTargetIfNeeded(const QString &sh
 {
     if (shortName.isEmpty())
         return true;
-    const int bodies = link().integer("standard number_of_bodies").value_or(0);
+    const int bodies = link().count("standard number_of_bodies").value_or(0);
     const int number = numberOfBodyWithTarget(bodies, shortName, [this](int body) {
         return link().text("body targetlib_name standard b%02d", body);
     });

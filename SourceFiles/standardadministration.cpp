@@ -182,7 +182,7 @@ int StandardAdministration::morvek2_getMaxNumberOfBodies(const QString &type)
     constexpr int defaultMaximum = 4;
     if (type != standardType)
         return 0;
-    const auto maximum = link().integer("standard max_number_of_bodies");
+    const auto maximum = link().count("standard max_number_of_bodies");
     if (!maximum)
         link().log(tr("Error: Unable to get max number of %1 bodies").arg(type));
     return maximum.value_or(defaultMaximum);
@@ -323,7 +323,7 @@ bool StandardAdministration::deleteCalibrationMeatoolReferenceIfNeeded(const QSt
 {
     if (shortName.isEmpty())
         return true;
-    const int references = link().integer("measurementtool number_of_references").value_or(0);
+    const int references = link().count("measurementtool number_of_references").value_or(0);
     const int number = numberOfBodyWithTarget(references, shortName, [this](int reference) {
         return link().text("body targetlib_name measurementtool_reference b%02d", reference);
     });

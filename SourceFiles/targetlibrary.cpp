@@ -12,7 +12,7 @@ Targetlibrary::Targetlibrary(IOManager *manager, BackendVersions *versions, QObj
 
 void Targetlibrary::fillTargetMap()
 {
-    const int count = m_link.integer("targetlib number_of_targets").value_or(0);
+    const int count = m_link.count("targetlib number_of_targets").value_or(0);
     for (int number = 1; number <= count; ++number)
         readTarget(number);
 }
@@ -42,7 +42,7 @@ void Targetlibrary::readTarget(int number)
 
 void Targetlibrary::fillGroupOfTargetMap()
 {
-    const int groups = m_link.integer("targetlib number_of_groups").value_or(0);
+    const int groups = m_link.count("targetlib number_of_groups").value_or(0);
     for (int group = 1; group <= groups; ++group) {
         const auto name = m_link.text("targetlib group_name g%02d", group);
         if (!name) {
@@ -50,7 +50,7 @@ void Targetlibrary::fillGroupOfTargetMap()
             continue;
         }
         const int members =
-                m_link.integer("targetlib number_of_group_members g%02d", group).value_or(0);
+                m_link.count("targetlib number_of_group_members g%02d", group).value_or(0);
         for (int member = 1; member <= members; ++member) {
             const auto tid = m_link.text("targetlib group_member g%02d m%02d", group, member);
             if (tid)

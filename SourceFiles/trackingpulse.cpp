@@ -68,7 +68,7 @@ double TrackingPulse::frequencyHz() const
 QVector<TrackingPulse::Sensor> TrackingPulse::sensors() const
 {
     QVector<Sensor> found;
-    const auto count = m_link.integer("inertial number_of_sensors");
+    const auto count = m_link.count("inertial number_of_sensors");
     if (!count)
         m_link.log(tr("Error: Unable to get number of inertial sensors"));
     for (int number = 1; number <= count.value_or(0); ++number) {

@@ -141,10 +141,10 @@ void FilterDialog::update_comboBox_body(int bodyType, int bodyIndex)
         addBody(standard, bodyIndex + 1);
         return;
     }
-    const int count = standard ? answered(link().integer("body number_of_bodies standard"),
+    const int count = standard ? answered(link().count("body number_of_bodies standard"),
                                           tr("Error: Unable to get number of standard bodies"))
                                          .value_or(0)
-                               : answered(link().integer("joywand number_of_devices"),
+                               : answered(link().count("joywand number_of_devices"),
                                           tr("Error: Unable to get number of Joywand devices"))
                                          .value_or(0);
     for (int number = 1; number <= count; ++number) {
@@ -312,7 +312,7 @@ void FilterDialog::showPrediction(std::optional<int> predictionMs)
 
 void FilterDialog::setup_combobox_preset_info()
 {
-    const int count = answered(link().integer("filter6d number_of_presets"),
+    const int count = answered(link().count("filter6d number_of_presets"),
                                tr("Error: Unable to get number of filter 6d presets"))
                               .value_or(0);
     for (int number = 1; number <= count; ++number) {
@@ -352,7 +352,7 @@ void FilterDialog::update_combobox_preset_list_02(const QString &body)
 {
     const QScopedValueRollback<bool> filling(bUserAction, false);
     ui->comboBox_preset->clear();
-    const int count = answered(link().integer("filter6d number_of_presets"),
+    const int count = answered(link().count("filter6d number_of_presets"),
                                tr("Error: Unable to get number of filter 6d presets"))
                               .value_or(0);
     for (int number = 1; number <= count; ++number) {
@@ -399,7 +399,7 @@ void FilterDialog::update_combobox_preset()
 void FilterDialog::setup_comboBox_mode()
 {
     const QScopedValueRollback<bool> filling(bUserAction, false);
-    const int count = answered(link().integer("filter6d number_of_modes"),
+    const int count = answered(link().count("filter6d number_of_modes"),
                                tr("Error: Unable to get number of filter 6d modes"))
                               .value_or(0);
     for (int number = 1; number <= count; ++number) {
@@ -420,7 +420,7 @@ void FilterDialog::update_comboBox_mode_list_02(const QString &body)
 {
     const QScopedValueRollback<bool> filling(bUserAction, false);
     ui->comboBox_mode->clear();
-    const int count = answered(link().integer("filter6d number_of_modes"),
+    const int count = answered(link().count("filter6d number_of_modes"),
                                tr("Error: Unable to get number of filter 6d modes"))
                               .value_or(0);
     for (int number = 1; number <= count; ++number) {
