@@ -442,8 +442,14 @@ void tst_FilterDialog::openedAgainAfterALock()
         QCOMPARE(w.strength->text(), QString("0.42"));
     });
     host.fault("filter6d available standard fail");
-    visit(host, dialog, standard, 0,
-          [&](const FilterWidgets &w) { QVERIFY(w.error->text().contains("not available")); });
+    visit(host, dialog, standard, 0, [&](const FilterWidgets &w) {
+        QVERIFY(w.error->text().contains("not available"));
+        QCOMPARE(enabledWidgets(w.dialog), QStringList());
+        QCOMPARE(w.body->count(), 0);
+        QVERIFY(!w.active->isChecked());
+        QCOMPARE(w.preset->currentText(), QString());
+        QCOMPARE(w.mode->currentText(), QString());
+    });
     host.io.faults()->clear();
     visit(host, dialog, standard, 0,
           [&](const FilterWidgets &w) { QCOMPARE(w.error->text(), QString()); });
