@@ -1,0 +1,96 @@
+// How another program embeds a dialog of the module: it brings an IOManager and the versions of the
+// controller, makes the dialog, and opens it. Here both come from the simulated controller.
+
+#include "BackendVersions.h"
+#include "ScenarioFile.h"
+#include "SimulatedController.h"
+#include "SimulatedIOManager.h"
+#include "bodysettingsdlg.h"
+#include "moduleversion.h"
+
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QPixmap>
+#include <QTextStream>
+#include <QTimer>
+
+namespace {
+
+constexpr int wrongInput = 2;
+
+struct Arguments {
+    QString scenario;
+    QString picture; ///< empty when a user works the dialog
+};
+
+Arguments readArguments(const QCoreApplication &application)
+{
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral(
+            "Opens the body names dialog over a simulated controller and prints what it wrote."));
+    parser.addHelpOption();
+    parser.addPositionalArgument(QStringLiteral("scenario"),
+                                 QStringLiteral("controller as a JSON file"),
+                                 QStringLiteral("[scenario]"));
+    const QCommandLineOption picture(
+            QStringLiteral("picture"),
+            QStringLiteral("Save a picture of the dialog as <file> and accept it at once."),
+            QStringLiteral("file"));
+    parser.addOption(picture);
+    parser.process(application);
+    return {parser.positionalArguments().value(0, QStringLiteral(TRACKING_SCENARIO_FILE)),
+            parser.value(picture)};
+}
+
+BackendVersions versionsOf(const ControllerState &state)
+{
+    BackendVersions versions;
+    versions.systemPt().fromString(state.systemVersion);
+    versions.systemCt().fromString(state.controllerVersion);
+    versions.protocol().fromString(state.protocol);
+    versions.atcModel() = state.model;
+    return versions;
+}
+
+void printWrites(const SimulatedIOManager &io)
+{
+    QTextStream out(stdout);
+    for (const TranscriptEntry &entry : io.transcript()) {
+        if (entry.operation == TranscriptEntry::Operation::Set)
+            out << QString::fromUtf8(entry.line) << '\n';
+    }
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QApplication application(argc, argv);
+    const Arguments arguments = readArguments(application);
+
+    Scenario scenario;
+    QString error;
+    if (!ScenarioFile::load(arguments.scenario, &scenario, &error)) {
+        QTextStream(stderr) << error << '\n';
+        return wrongInput;
+    }
+    SimulatedController controller(scenario.state);
+    SimulatedIOManager io(&controller);
+    BackendVersions versions = versionsOf(scenario.state);
+
+    BodySettingsDlg dialog(&io, nullptr, &versions, moduleVersion());
+    bool isSaved = true;
+    if (!arguments.picture.isEmpty()) {
+        // The timer fires in the loop of exec(), when the dialog stands on the screen.
+        QTimer::singleShot(0, &dialog, [&] {
+            isSaved = dialog.grab().save(arguments.picture);
+            dialog.saveBodySettings();
+            dialog.accept();
+        });
+    }
+    dialog.update_and_exec();
+    printWrites(io);
+    if (!isSaved)
+        QTextStream(stderr) << "The picture cannot be written: " << arguments.picture << '\n';
+    return isSaved ? EXIT_SUCCESS : EXIT_FAILURE;
+}
