@@ -3,7 +3,7 @@
 #include <QAbstractItemDelegate>
 #include <QComboBox>
 #include <QHeaderView>
-#include <QKeyEvent>
+#include <QLabel>
 #include <QSignalBlocker>
 #include <QSpinBox>
 #include <QTableWidget>
@@ -329,6 +329,26 @@ void BodyTypeAdministrationTab::update_tab()
     updateBodyTypesInfo();
     current_bid = qMin(current_bid, getNumberOfBodies(current_btype) - 1);
     updateView();
+}
+
+int BodyTypeAdministrationTab::maximumOr(const std::optional<int> &maximum, int defaultMaximum,
+                                         const QString &error) const
+{
+    if (!maximum)
+        m_link.log(error);
+    return maximum.value_or(defaultMaximum);
+}
+
+void BodyTypeAdministrationTab::showLimit(QLabel *label, const QSpinBox *spinBox,
+                                          const QString &text)
+{
+    label->setText(spinBox->value() >= spinBox->maximum() ? text : QString());
+}
+
+void BodyTypeAdministrationTab::bodyRowChosen()
+{
+    activate_pushButton_select();
+    activate_pushButton_deselect();
 }
 
 void BodyTypeAdministrationTab::refreshBody(const QString &type, int index)

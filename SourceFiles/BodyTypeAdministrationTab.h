@@ -22,6 +22,7 @@
 #include "targetsearchpanel.h"
 #include "targettablefiller.h"
 
+class QLabel;
 class QTableWidgetItem;
 class QTimer;
 
@@ -199,6 +200,13 @@ protected:
     /** The type's description, or its word when the controller gave none. */
     QString typeLabel(const QString &type) const;
 
+    /** The limit that was read, or the default with `error` in the log when it was not. */
+    int maximumOr(const std::optional<int> &maximum, int defaultMaximum,
+                  const QString &error) const;
+    /** Shows `text` while the spin box stands at its maximum. */
+    static void showLimit(QLabel *label, const QSpinBox *spinBox, const QString &text);
+    /** The row chosen in the body table changed: select and deselect follow. */
+    void bodyRowChosen();
     /** Re-reads one body and shows it. */
     void refreshBody(const QString &type, int index);
     /** First half of the tabs' refresh: remembers the current body and refills the target table. */

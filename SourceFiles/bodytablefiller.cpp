@@ -45,6 +45,30 @@ BodyTableIcons::BodyTableIcons(const QIcon &okIcon, const QIcon &notCalibratedIc
 {
 }
 
+void BodyTableFiller::setUp(QTableWidget *table, const QStringList &headers, int stretchedColumn)
+{
+    table->setColumnCount(headers.size());
+    table->setRowCount(0);
+    table->setHorizontalHeaderLabels(headers);
+    table->horizontalHeader()->setSectionsClickable(false);
+    table->horizontalHeader()->setStretchLastSection(true);
+    table->verticalHeader()->setVisible(false);
+    table->setSelectionMode(QAbstractItemView::SingleSelection);
+    table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    sizeColumns(table, stretchedColumn);
+}
+
+void BodyTableFiller::sizeColumns(QTableWidget *table, int stretchedColumn)
+{
+    QHeaderView *header = table->horizontalHeader();
+    header->setStretchLastSection(false);
+    for (int column = 0; column < table->columnCount(); ++column) {
+        header->setSectionResizeMode(column, column == stretchedColumn
+                                                     ? QHeaderView::Stretch
+                                                     : QHeaderView::ResizeToContents);
+    }
+}
+
 void BodyTableFiller::fill(const QString &type, const AdminBodyType &record,
                            const CustomCell &custom) const
 {

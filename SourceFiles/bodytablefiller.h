@@ -35,6 +35,11 @@ public:
     /** Integer on delete and reset cells: 1 when a click acts, 0 when they are shown disabled. */
     static constexpr int liveRole = Qt::UserRole + 1;
 
+    /** Columns, headers and selection of an empty body table. */
+    static void setUp(QTableWidget *table, const QStringList &headers, int stretchedColumn);
+    /** Every column as wide as its contents but one, which takes what is left. */
+    static void sizeColumns(QTableWidget *table, int stretchedColumn);
+
     /**
      * @param warmupRuleMet inertial sensors are there and their warm-up does not run
      * @param locked        the configuration cannot be changed: nothing is editable or live

@@ -2,7 +2,6 @@
 
 #include "ui_fingertrackingadministration.h"
 
-#include <QHeaderView>
 #include <QResizeEvent>
 
 #include "editdelegate.h"
@@ -18,8 +17,7 @@ enum HandsColumn {
     NameColumn,
     CalibrationColumn,
     DeleteColumn,
-    ResetColumn,
-    ColumnCount
+    ResetColumn
 };
 
 } // namespace
@@ -97,17 +95,11 @@ void FingertrackingAdministration::checkActivateFingertracking()
 void FingertrackingAdministration::setup_fingertracking_table()
 {
     QTableWidget *table = ui->tableWidget_fingertracking;
-    table->setColumnCount(ColumnCount);
-    table->setRowCount(0);
-    table->setHorizontalHeaderLabels(
-            {tr("ID"), tr("Active"), tr("Name"), tr("Calibration"), tr("Delete"), tr("Reset")});
-    table->horizontalHeader()->setSectionsClickable(false);
-    table->horizontalHeader()->setStretchLastSection(true);
-    table->verticalHeader()->setVisible(false);
-    table->setSelectionMode(QAbstractItemView::SingleSelection);
-    table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    BodyTableFiller::setUp(
+            table,
+            {tr("ID"), tr("Active"), tr("Name"), tr("Calibration"), tr("Delete"), tr("Reset")},
+            NameColumn);
     table->setItemDelegateForColumn(NameColumn, m_editDelegate);
-    set_table_column_size();
 }
 
 void FingertrackingAdministration::setupTableWidgetData()
@@ -120,21 +112,14 @@ void FingertrackingAdministration::setupTableWidgetData()
 
 void FingertrackingAdministration::set_table_column_size()
 {
-    QHeaderView *header = ui->tableWidget_fingertracking->horizontalHeader();
-    header->setStretchLastSection(false);
-    for (int column = 0; column < ColumnCount; ++column) {
-        header->setSectionResizeMode(column, column == NameColumn ? QHeaderView::Stretch
-                                                                  : QHeaderView::ResizeToContents);
-    }
+    BodyTableFiller::sizeColumns(ui->tableWidget_fingertracking, NameColumn);
 }
 
 void FingertrackingAdministration::update_fingertracking_table()
 {
     if (m_available) {
-        const bool full = ui->spinBox_hands->value() >= ui->spinBox_hands->maximum();
-        ui->label_error->setText(
-                full ? tr("<b><font color=red>Max. number of Hands is reached!</font></b>")
-                     : QString());
+        showLimit(ui->label_error, ui->spinBox_hands,
+                  tr("<b><font color=red>Max. number of Hands is reached!</font></b>"));
     }
     set_table_column_size();
     emit selection_changed(current_btype, current_bid);
@@ -167,10 +152,8 @@ int FingertrackingAdministration::morvek2_getMaxNumberOfBodies(const QString &ty
     constexpr int defaultMaximum = 4;
     if (type != handsType)
         return 0;
-    const auto maximum = link().count("fingertracking max_number_of_hands");
-    if (!maximum)
-        link().log(tr("Error: Unable to get max number of %1 hand bodies").arg(type));
-    return maximum.value_or(defaultMaximum);
+    return maximumOr(link().count("fingertracking max_number_of_hands"), defaultMaximum,
+                     tr("Error: Unable to get max number of %1 hand bodies").arg(type));
 }
 
 bool FingertrackingAdministration::morvek2_setNumberOfBodies(const QString &type, int count)
@@ -185,8 +168,7 @@ bool FingertrackingAdministration::morvek2_setNumberOfBodies(const QString &type
 
 void FingertrackingAdministration::on_tableWidget_fingertracking_itemSelectionChanged()
 {
-    activate_pushButton_select();
-    activate_pushButton_deselect();
+    bodyRowChosen();
 }
 
 void FingertrackingAdministration::on_pushButton_calibration_clicked()

@@ -2,7 +2,6 @@
 
 #include "ui_joywandadministration.h"
 
-#include <QHeaderView>
 #include <QResizeEvent>
 #include <QTableWidgetItem>
 
@@ -24,8 +23,7 @@ enum JoywandColumn {
     CalibrationColumn,
     FilterColumn,
     DeleteColumn,
-    ResetColumn,
-    ColumnCount
+    ResetColumn
 };
 
 enum HeadColumn { HeadIdColumn, HeadCalibrationColumn, HeadDeleteColumn, HeadResetColumn };
@@ -85,14 +83,10 @@ int JoywandAdministration::getCurrentBodyindex()
 void JoywandAdministration::setup_joywand_table()
 {
     QTableWidget *table = ui->tableWidget_joywand;
-    table->setColumnCount(ColumnCount);
-    table->setRowCount(0);
-    table->setHorizontalHeaderLabels({tr("ID"), tr("Active"), tr("Name"), tr("Model"), tr("Serial"),
-                                      tr("Calibration"), tr("Filter"), tr("Delete"), tr("Reset")});
-    table->horizontalHeader()->setSectionsClickable(false);
-    table->verticalHeader()->setVisible(false);
-    table->setSelectionMode(QAbstractItemView::SingleSelection);
-    table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    BodyTableFiller::setUp(table,
+                           {tr("ID"), tr("Active"), tr("Name"), tr("Model"), tr("Serial"),
+                            tr("Calibration"), tr("Filter"), tr("Delete"), tr("Reset")},
+                           NameColumn);
     table->setItemDelegateForColumn(NameColumn, m_editDelegate);
     table->setColumnHidden(FilterColumn, !m_filterAvailable);
     registerTableWidget(joywandType, table,
@@ -100,20 +94,14 @@ void JoywandAdministration::setup_joywand_table()
                          COLUMN_TYPE_CUSTOM, COLUMN_TYPE_CALIBRATED, COLUMN_TYPE_FILTER,
                          COLUMN_TYPE_DELETE, COLUMN_TYPE_RESET},
                         QStringLiteral("F%1"));
-    set_table_column_size();
 }
 
 void JoywandAdministration::setup_header_table()
 {
     registerBodyType(headType);
     QTableWidget *table = ui->tableWidget_head;
-    table->setColumnCount(HeadResetColumn + 1);
-    table->setRowCount(0);
-    table->setHorizontalHeaderLabels({tr("ID"), tr("Calibration"), tr("Delete"), tr("Reset")});
-    table->horizontalHeader()->setSectionsClickable(false);
-    table->verticalHeader()->setVisible(false);
-    table->setSelectionMode(QAbstractItemView::SingleSelection);
-    table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    BodyTableFiller::setUp(table, {tr("ID"), tr("Calibration"), tr("Delete"), tr("Reset")},
+                           HeadCalibrationColumn);
     table->setColumnHidden(HeadResetColumn, true);
     registerTableWidget(
             headType, table,
@@ -123,26 +111,15 @@ void JoywandAdministration::setup_header_table()
 
 void JoywandAdministration::set_table_column_size()
 {
-    QHeaderView *header = ui->tableWidget_joywand->horizontalHeader();
-    for (int column = 0; column < ColumnCount; ++column) {
-        header->setSectionResizeMode(column, column == NameColumn ? QHeaderView::Stretch
-                                                                  : QHeaderView::ResizeToContents);
-    }
-    if (ui->tableWidget_head->rowCount() == 0)
-        return;
-    QHeaderView *headHeader = ui->tableWidget_head->horizontalHeader();
-    headHeader->setSectionResizeMode(HeadIdColumn, QHeaderView::ResizeToContents);
-    headHeader->setSectionResizeMode(HeadCalibrationColumn, QHeaderView::Stretch);
-    headHeader->setSectionResizeMode(HeadDeleteColumn, QHeaderView::ResizeToContents);
-    headHeader->setSectionResizeMode(HeadResetColumn, QHeaderView::ResizeToContents);
+    BodyTableFiller::sizeColumns(ui->tableWidget_joywand, NameColumn);
+    if (ui->tableWidget_head->rowCount() > 0)
+        BodyTableFiller::sizeColumns(ui->tableWidget_head, HeadCalibrationColumn);
 }
 
 void JoywandAdministration::update_joywand_table()
 {
-    const bool full = ui->spinBox_joywands->value() >= ui->spinBox_joywands->maximum();
-    ui->label_error->setText(
-            full ? tr("<b><font color=red>Max. number of joywands is reached!</font></b>")
-                 : QString());
+    showLimit(ui->label_error, ui->spinBox_joywands,
+              tr("<b><font color=red>Max. number of joywands is reached!</font></b>"));
     set_table_column_size();
     emit selection_changed(current_btype, current_bid);
 }
@@ -212,10 +189,8 @@ void JoywandAdministration::updateTableWidgetCell(const QString &type, int index
 int JoywandAdministration::morvek2_getMaxNumberOfBodies(const QString &type)
 {
     constexpr int defaultMaximum = 20;
-    const auto maximum = link().count("joywand max_number_of_devices");
-    if (!maximum)
-        link().log(tr("Error: Unable to get max number of %1 bodies").arg(type));
-    return maximum.value_or(defaultMaximum);
+    return maximumOr(link().count("joywand max_number_of_devices"), defaultMaximum,
+                     tr("Error: Unable to get max number of %1 bodies").arg(type));
 }
 
 bool JoywandAdministration::morvek2_setNumberOfBodies(const QString &type, int count)
@@ -291,8 +266,7 @@ void JoywandAdministration::check_multiuser_header()
 
 void JoywandAdministration::on_tableWidget_joywand_itemSelectionChanged()
 {
-    activate_pushButton_select();
-    activate_pushButton_deselect();
+    bodyRowChosen();
 }
 
 void JoywandAdministration::on_pushButton_calibration_clicked()

@@ -2,7 +2,6 @@
 
 #include "ui_mtadministration.h"
 
-#include <QHeaderView>
 #include <QTableWidgetItem>
 
 #include "bodynumber.h"
@@ -24,8 +23,7 @@ enum ToolColumn {
     ToolReferenceColumn,
     ToolCalibrationColumn,
     ToolDeleteColumn,
-    ToolResetColumn,
-    ToolColumnCount
+    ToolResetColumn
 };
 
 enum ReferenceColumn {
@@ -34,26 +32,8 @@ enum ReferenceColumn {
     ReferenceNameColumn,
     ReferenceCalibrationColumn,
     ReferenceDeleteColumn,
-    ReferenceResetColumn,
-    ReferenceColumnCount
+    ReferenceResetColumn
 };
-
-void setUpTable(QTableWidget *table, const QStringList &headers, int stretchedColumn)
-{
-    table->setColumnCount(headers.size());
-    table->setRowCount(0);
-    table->setHorizontalHeaderLabels(headers);
-    QHeaderView *header = table->horizontalHeader();
-    header->setSectionsClickable(false);
-    for (int column = 0; column < headers.size(); ++column) {
-        header->setSectionResizeMode(column, column == stretchedColumn
-                                                     ? QHeaderView::Stretch
-                                                     : QHeaderView::ResizeToContents);
-    }
-    table->verticalHeader()->setVisible(false);
-    table->setSelectionMode(QAbstractItemView::SingleSelection);
-    table->setSelectionBehavior(QAbstractItemView::SelectRows);
-}
 
 void restoreRow(QTableWidget *table, int row)
 {
@@ -117,17 +97,18 @@ int MtAdministration::getCurrentBodyindex()
 
 void MtAdministration::setup_mt_table()
 {
-    setUpTable(ui->tableWidget_mt,
-               {tr("ID"), tr("Active"), tr("Reference ID"), tr("Calibration"), tr("Delete"),
-                tr("Reset")},
-               ToolCalibrationColumn);
+    BodyTableFiller::setUp(ui->tableWidget_mt,
+                           {tr("ID"), tr("Active"), tr("Reference ID"), tr("Calibration"),
+                            tr("Delete"), tr("Reset")},
+                           ToolCalibrationColumn);
 }
 
 void MtAdministration::setup_ref_table()
 {
-    setUpTable(ui->tableWidget_ref,
-               {tr("ID"), tr("Active"), tr("Name"), tr("Calibration"), tr("Delete"), tr("Reset")},
-               ReferenceNameColumn);
+    BodyTableFiller::setUp(
+            ui->tableWidget_ref,
+            {tr("ID"), tr("Active"), tr("Name"), tr("Calibration"), tr("Delete"), tr("Reset")},
+            ReferenceNameColumn);
     ui->tableWidget_ref->setColumnHidden(ReferenceResetColumn, true);
     ui->tableWidget_ref->setItemDelegateForColumn(ReferenceNameColumn, m_editDelegate);
 }
@@ -182,9 +163,8 @@ int MtAdministration::morvek2_getMaxNumberOfBodies(const QString &type)
         maximum = link().count("measurementtool max_number_of_tools");
     else if (type == referenceType)
         maximum = link().count("measurementtool max_number_of_references");
-    if (!maximum)
-        link().log(tr("Error: Unable to get max number of %1 bodies").arg(type));
-    return maximum.value_or(defaultMaximum);
+    return maximumOr(maximum, defaultMaximum,
+                     tr("Error: Unable to get max number of %1 bodies").arg(type));
 }
 
 bool MtAdministration::morvek2_setNumberOfBodies(const QString &type, int count)
@@ -203,19 +183,15 @@ void MtAdministration::update_mt_table()
 {
     if (!m_activated)
         return;
-    const bool full = ui->spinBox_mt->value() >= ui->spinBox_mt->maximum();
-    ui->label_error->setText(
-            full ? tr("<b><font color=red>Max. number of Measurement Tools is reached!</font></b>")
-                 : QString());
+    showLimit(ui->label_error, ui->spinBox_mt,
+              tr("<b><font color=red>Max. number of Measurement Tools is reached!</font></b>"));
 }
 
 void MtAdministration::update_ref_table()
 {
-    const bool full = ui->spinBox_mtref->value() >= ui->spinBox_mtref->maximum();
-    ui->label_error_ref->setText(
-            full ? tr("<b><font color=red>Max. number of Measurement references is reached!"
-                      "</font></b>")
-                 : QString());
+    showLimit(ui->label_error_ref, ui->spinBox_mtref,
+              tr("<b><font color=red>Max. number of Measurement references is reached!"
+                 "</font></b>"));
 }
 
 void MtAdministration::updateView()
@@ -405,6 +381,5 @@ void MtAdministration::on_comboBox_filter_currentIndexChanged(const QString &gro
 
 void MtAdministration::on_tableWidget_ref_itemSelectionChanged()
 {
-    activate_pushButton_select();
-    activate_pushButton_deselect();
+    bodyRowChosen();
 }

@@ -2,7 +2,6 @@
 
 #include "ui_standardadministration.h"
 
-#include <QHeaderView>
 #include <QResizeEvent>
 #include <QTableWidgetItem>
 
@@ -27,8 +26,7 @@ enum StandardColumn {
     CalibrationColumn,
     FilterColumn,
     DeleteColumn,
-    ResetColumn,
-    ColumnCount
+    ResetColumn
 };
 
 } // namespace
@@ -89,16 +87,11 @@ int StandardAdministration::getCurrentBodyindex()
 void StandardAdministration::setup_standard_table()
 {
     QTableWidget *table = ui->tableWidget_standard;
-    table->setColumnCount(ColumnCount);
-    table->setRowCount(0);
-    table->setHorizontalHeaderLabels({tr("ID"), tr("Active"), tr("Reference"), tr("Name"),
-                                      tr("Model"), tr("Device ID"), tr("Calibration"), tr("Filter"),
-                                      tr("Delete"), tr("Reset")});
-    table->horizontalHeader()->setSectionsClickable(false);
-    table->horizontalHeader()->setStretchLastSection(true);
-    table->verticalHeader()->setVisible(false);
-    table->setSelectionMode(QAbstractItemView::SingleSelection);
-    table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    BodyTableFiller::setUp(table,
+                           {tr("ID"), tr("Active"), tr("Reference"), tr("Name"), tr("Model"),
+                            tr("Device ID"), tr("Calibration"), tr("Filter"), tr("Delete"),
+                            tr("Reset")},
+                           NameColumn);
     table->setItemDelegateForColumn(NameColumn, editDelegate);
     table->setColumnHidden(FilterColumn, !m_is_6dof_filter_available);
     registerTableWidget(standardType, table,
@@ -107,17 +100,11 @@ void StandardAdministration::setup_standard_table()
                          COLUMN_TYPE_CALIBRATED, COLUMN_TYPE_FILTER, COLUMN_TYPE_DELETE,
                          COLUMN_TYPE_RESET},
                         QStringLiteral("%1"));
-    set_table_column_size();
 }
 
 void StandardAdministration::set_table_column_size()
 {
-    QHeaderView *header = ui->tableWidget_standard->horizontalHeader();
-    header->setStretchLastSection(false);
-    for (int column = 0; column < ColumnCount; ++column) {
-        header->setSectionResizeMode(column, column == NameColumn ? QHeaderView::Stretch
-                                                                  : QHeaderView::ResizeToContents);
-    }
+    BodyTableFiller::sizeColumns(ui->tableWidget_standard, NameColumn);
 }
 
 void StandardAdministration::update_standard_table()
@@ -131,11 +118,8 @@ void StandardAdministration::update_standard_table()
 
 void StandardAdministration::update_label_error()
 {
-    const bool full =
-            ui->spinBox_standard_bodies->value() >= ui->spinBox_standard_bodies->maximum();
-    ui->label_error->setText(
-            full ? tr("<b><font color=red>Max. number of bodies is reached!</font></b>")
-                 : QString());
+    showLimit(ui->label_error, ui->spinBox_standard_bodies,
+              tr("<b><font color=red>Max. number of bodies is reached!</font></b>"));
 }
 
 void StandardAdministration::updateView()
@@ -182,10 +166,8 @@ int StandardAdministration::morvek2_getMaxNumberOfBodies(const QString &type)
     constexpr int defaultMaximum = 4;
     if (type != standardType)
         return 0;
-    const auto maximum = link().count("standard max_number_of_bodies");
-    if (!maximum)
-        link().log(tr("Error: Unable to get max number of %1 bodies").arg(type));
-    return maximum.value_or(defaultMaximum);
+    return maximumOr(link().count("standard max_number_of_bodies"), defaultMaximum,
+                     tr("Error: Unable to get max number of %1 bodies").arg(type));
 }
 
 bool StandardAdministration::morvek2_setNumberOfBodies(const QString &type, int count)
@@ -254,8 +236,7 @@ void StandardAdministration::on_tableWidget_standard_itemSelectionChanged()
 {
     update_up_button();
     update_down_button();
-    activate_pushButton_select();
-    activate_pushButton_deselect();
+    bodyRowChosen();
 }
 
 // Categories
