@@ -180,8 +180,10 @@ void tst_BodyReader::readsCounts_data()
                                 << "delay 0" << 3 << QStringList();
     QTest::newRow("none") << "standard"
                           << "answer \"0\"" << 0 << QStringList();
-    QTest::newRow("negative counts as none") << "standard"
-                                             << "answer \"-4\"" << 0 << QStringList();
+    QTest::newRow("negative") << "standard"
+                              << "answer \"-4\"" << 0 << failed;
+    QTest::newRow("absurd") << "standard"
+                            << "answer \"2147483647\"" << 0 << failed;
     QTest::newRow("failed") << "standard"
                             << "fail" << 0 << failed;
     QTest::newRow("no number") << "standard"

@@ -57,6 +57,8 @@ private slots:
     void readsLongAnswers_data();
     void readsLongAnswers();
     void readsAnswersOfTheTypeAskedFor();
+    void countsOnlyWhatCanBe_data();
+    void countsOnlyWhatCanBe();
     void failsOnDisturbedAnswers_data();
     void failsOnDisturbedAnswers();
     void acceptsActionsOnlyOnTheExactAnswer_data();
@@ -178,6 +180,7 @@ void tst_ControllerLink::refusesLinesThatWouldBreak()
     QVERIFY(!link.command("morvek2 body calibrate_from_targetlib standard b01 %s", word));
     QVERIFY(!link.text("filter6d mode_desc %s", word));
     QVERIFY(!link.integer("body number_of_bodies %s", word));
+    QVERIFY(!link.count("body number_of_bodies %s", word));
     QVERIFY(!link.real("body filter6d_strength %s b01", word));
     QVERIFY(!link.flag("inertial sensor_present %s", word));
     QVERIFY(!link.isYes("filter6d available %s", word));
@@ -225,6 +228,30 @@ void tst_ControllerLink::readsAnswersOfTheTypeAskedFor()
     const auto empty = link.text("body desc standard b01");
     QVERIFY2(empty.has_value(), "an empty answer is an answer");
     QCOMPARE(*empty, QString());
+}
+
+void tst_ControllerLink::countsOnlyWhatCanBe_data()
+{
+    QTest::addColumn<QString>("effect");
+    QTest::addColumn<int>("count"); // -1 for a failed query
+    QTest::newRow("none") << "answer \"0\"" << 0;
+    QTest::newRow("some") << "answer \"20\"" << 20;
+    QTest::newRow("most") << "answer \"9999\"" << 9999;
+    QTest::newRow("too many") << "answer \"10000\"" << -1;
+    QTest::newRow("largest integer") << "answer \"2147483647\"" << -1;
+    QTest::newRow("negative") << "answer \"-7\"" << -1;
+    QTest::newRow("no number") << "wrong-type" << -1;
+    QTest::newRow("failed") << "fail" << -1;
+}
+
+void tst_ControllerLink::countsOnlyWhatCanBe()
+{
+    QFETCH(QString, effect);
+    TestHost host;
+    const ControllerLink link(&host.io, &host.versions);
+    host.fault(QStringLiteral("body number_of_bodies* ") + effect);
+    QTEST(link.count("body number_of_bodies %s", "standard").value_or(-1), "count");
+    QCOMPARE(host.queries(), QStringList{"body number_of_bodies standard"});
 }
 
 void tst_ControllerLink::failsOnDisturbedAnswers_data()

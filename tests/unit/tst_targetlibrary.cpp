@@ -247,6 +247,9 @@ void tst_Targetlibrary::goesOnAfterFailures_data()
             << QStringList({crossUngrouped, glasses, joywand});
     QTest::newRow("number of members") << "targetlib number_of_group_members g01" << QStringList()
                                        << QStringList({crossUngrouped, glasses, joywand});
+    QTest::newRow("absurd number of members")
+            << "targetlib number_of_group_members g01 answer \"2147483647\"" << QStringList()
+            << QStringList({crossUngrouped, glasses, joywand});
     QTest::newRow("member") << "targetlib group_member g02 m01" << QStringList()
                             << QStringList({cross, glassesUngrouped, joywand});
 }
@@ -255,7 +258,7 @@ void tst_Targetlibrary::goesOnAfterFailures()
 {
     QFETCH(QString, failing);
     TestHost host(smallLibrary());
-    host.fault(failing + QStringLiteral(" fail"));
+    host.fault(failing.contains(QLatin1String("answer")) ? failing : failing + " fail");
     const Targetlibrary library(&host.io, &host.versions);
     QTEST(described(library), "targets");
     QTEST(host.log(), "log");
@@ -268,6 +271,7 @@ void tst_Targetlibrary::emptyCatalogue_data()
     QTest::newRow("count fails") << "fail";
     QTest::newRow("count is no number") << "wrong-type";
     QTest::newRow("count is negative") << "answer \"-3\"";
+    QTest::newRow("count is absurd") << "answer \"2147483647\"";
 }
 
 void tst_Targetlibrary::emptyCatalogue()
