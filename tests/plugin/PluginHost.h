@@ -4,6 +4,7 @@
 
 #include <QList>
 #include <QPluginLoader>
+#include <QTemporaryDir>
 #include <QWidget>
 
 #include "BackendVersions.h"
@@ -31,6 +32,7 @@ public:
      */
     QString openAndClose(_GuiElement *element);
 
+    QTemporaryDir home; ///< what $HOME names, so that no preferences of the user are touched
     QWidget mainWindow;
     std::unique_ptr<SimulatedController> controller;
     std::unique_ptr<SimulatedIOManager> io;

@@ -6,7 +6,6 @@
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QPointer>
-#include <QTemporaryDir>
 #include <QTest>
 
 namespace {
@@ -59,14 +58,11 @@ private slots:
     void loadUseUnloadTwice();
 
 private:
-    std::unique_ptr<QTemporaryDir> m_home;
     QStringList m_warnings;
 };
 
 void tst_plugin::init()
 {
-    m_home = std::make_unique<QTemporaryDir>();
-    qputenv("HOME", m_home->path().toLocal8Bit());
     m_warnings.clear();
     warnings = &m_warnings;
     previousHandler = qInstallMessageHandler(noteWarning);
