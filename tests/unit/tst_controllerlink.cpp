@@ -509,6 +509,7 @@ void tst_ControllerLink::truncatesMilliseconds_data()
     QTest::newRow("just below") << 0.0129999 << 12;
     QTest::newRow("below one") << 0.0009 << 0;
     QTest::newRow("whole second") << 1.0 << 1000;
+    QTest::newRow("above a second, not the 1000 of binary rounding") << 1.001 << 1001;
     QTest::newRow("negative") << -0.029 << -29;
     QTest::newRow("negative, toward zero") << -0.0665 << -66;
     QTest::newRow("negative below one") << -0.0009 << 0;
