@@ -126,11 +126,16 @@ void TrackingDlg::readAutoRestart()
         return;
     }
     checkBox_autoReStart->setEnabled(!m_is_config_locked);
+    bAutoRestart = isAutoRestartOn();
+    checkBox_autoReStart->setChecked(bAutoRestart);
+}
+
+bool TrackingDlg::isAutoRestartOn() const
+{
     const auto answer = m_link.text("tracking auto_restart");
     if (!answer)
         m_link.log(tr("Error: Unable to get the automatic restart of the measurement"));
-    bAutoRestart = answer == QLatin1String("yes");
-    checkBox_autoReStart->setChecked(bAutoRestart);
+    return answer == QLatin1String("yes");
 }
 
 void TrackingDlg::readAxis()
@@ -242,7 +247,7 @@ void TrackingDlg::check_pocketunit_default_settings()
 {
     if (!knowsAutoRestart())
         return;
-    bAutoRestart = m_link.isYes("tracking auto_restart");
+    bAutoRestart = isAutoRestartOn();
     if (!bAutoRestart && !m_link.set("tracking auto_restart yes"))
         m_link.log(tr("Error: Unable to set the automatic restart of the measurement"));
 }

@@ -93,6 +93,7 @@ private:
     void applyConfigLock();
     void readMarkerCalculation();
     void readAutoRestart();
+    bool isAutoRestartOn() const;
     void readAxis();
     void forceAutoRestart();
     void writeMarkerCalculation(bool on);

@@ -157,6 +157,18 @@ void BodySettingsDlg::on_pushButton_special_clicked()
 void BodySettingsDlg::resizeEvent(QResizeEvent *event)
 {
     QDialog::resizeEvent(event);
+    fitColumns();
+}
+
+void BodySettingsDlg::showEvent(QShowEvent *event)
+{
+    QDialog::showEvent(event);
+    // The size event of the first opening comes before the table has its own size.
+    fitColumns();
+}
+
+void BodySettingsDlg::fitColumns()
+{
     // Shares of the width in percent; the last column takes the rest.
     constexpr int idShare = 12;
     constexpr int nameShare = 53;

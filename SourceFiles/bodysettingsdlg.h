@@ -44,6 +44,7 @@ public slots:
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
+    void showEvent(QShowEvent *event) override;
 
 private slots:
     void on_pushButton_ok_clicked();
@@ -51,6 +52,7 @@ private slots:
     void on_pushButton_special_clicked();
 
 private:
+    void fitColumns();
     void fillRow(int row);
     bool canRename() const { return m_link.protocolAtLeast(1, 16); }
 

@@ -156,6 +156,18 @@ void FixedAngleDlg::on_pushButton_help_clicked()
 void FixedAngleDlg::resizeEvent(QResizeEvent *event)
 {
     QDialog::resizeEvent(event);
+    fitColumns();
+}
+
+void FixedAngleDlg::showEvent(QShowEvent *event)
+{
+    QDialog::showEvent(event);
+    // The size event of the first opening comes before the table has its own size.
+    fitColumns();
+}
+
+void FixedAngleDlg::fitColumns()
+{
     // Shares of the width in percent; the last column takes the rest.
     constexpr std::array<int, 4> shares{10, 36, 18, 18};
     int rest = m_table->viewport()->width();

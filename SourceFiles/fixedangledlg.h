@@ -41,6 +41,7 @@ public:
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
+    void showEvent(QShowEvent *event) override;
 
 private slots:
     void on_pushButton_ok_clicked();
@@ -48,6 +49,7 @@ private slots:
     void on_pushButton_help_clicked();
 
 private:
+    void fitColumns();
     FixedAngleBody readBody(int number) const;
     void readAngles(FixedAngleBody *body) const;
     bool write(const FixedAngleBody &body) const;

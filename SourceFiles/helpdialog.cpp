@@ -24,9 +24,10 @@ QString HelpDialog::page()
                       "cameras measure. A fixed angle replaces one of them by a number that stays "
                       "the same, however the body turns. The other angles and the position are "
                       "measured as before."))
-           + picture(":/datadisplay.png",
-                     tr("The data display with a fixed angle: rx keeps its number while ry and rz "
-                        "follow the body."))
+           + picture(
+                   ":/datadisplay.png",
+                   tr("The data display: the marked angle ry of the first body is fixed and keeps "
+                      "its number, while its other angles and its position follow the body."))
            + section(
                    tr("How to switch a fixed angle on"),
                    tr("Tick the box in the column rx, ry or rz of the body. To change the angle, "
@@ -34,8 +35,10 @@ QString HelpDialog::page()
                       "decimal point. By keyboard the arrow keys choose the cell and the space "
                       "bar ticks its box. OK sends all rows to the controller, Cancel sends "
                       "none."))
-           + picture(":/bodytable.png",
-                     tr("The body table: a ticked angle is fixed, a grey row cannot be changed."))
+           + picture(
+                   ":/bodytable.png",
+                   tr("The body table: a ticked angle is fixed to the number beside it, a grey row "
+                      "cannot be changed."))
            + section(tr("Which angles are allowed"),
                      tr("An angle lies between -20.0 and 20.0 degrees. Whatever else is entered "
                         "turns into 0.00; angles are kept with two decimals."))

@@ -135,6 +135,8 @@ void tst_bodysettingsdlg::form()
         QCOMPARE(advanced->text(), QStringLiteral("&Advanced"));
         QCOMPARE(advanced->toolTip(), QStringLiteral("Open fixed angles dialogue"));
         QCOMPARE(advanced->shortcut(), QKeySequence(QStringLiteral("Alt+A")));
+        QCOMPARE(table->horizontalHeader()->length(), table->viewport()->width());
+        QVERIFY(table->columnWidth(Name) > table->viewport()->width() / 3);
         for (const QSize &size : {QSize(700, 500), QSize(400, 300)}) {
             shown->resize(size);
             Drive::settle();

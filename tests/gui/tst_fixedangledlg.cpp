@@ -162,6 +162,8 @@ void tst_fixedangledlg::tableLayout()
         QCOMPARE(labels, (QStringList{"ID", "Name", "rx", "ry", "rz"}));
         QVERIFY(!table->horizontalHeader()->sectionsClickable());
         QVERIFY(table->horizontalHeader()->stretchLastSection());
+        QCOMPARE(table->horizontalHeader()->length(), table->viewport()->width());
+        QVERIFY(table->columnWidth(Name) > table->viewport()->width() / 3);
         // The table follows the dialog and leaves no column outside.
         for (const QSize &size : {QSize(700, 500), QSize(480, 300)}) {
             shown->resize(size);

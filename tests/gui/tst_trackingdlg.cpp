@@ -30,6 +30,7 @@ private slots:
     void advancedOpensTheFixedAngles();
     void pocketUnit_data();
     void pocketUnit();
+    void pocketUnitFailures();
     void failedQuery_data();
     void failedQuery();
     void failedWrite_data();
@@ -379,6 +380,19 @@ void tst_trackingdlg::pocketUnit()
         QCOMPARE(isVisible(shown, "checkBox_autoReStart"), boxShown);
         Drive::click(shown, "pushButton_cancel");
     });
+}
+
+void tst_trackingdlg::pocketUnitFailures()
+{
+    ControllerState state = twoBodies();
+    state.model = QStringLiteral("POCKETUNIT2");
+    TestHost host(state);
+    host.fault(QStringLiteral("tracking auto_restart* fail"));
+    TrackingDlg dialog(&host.io, &host.mainWindow, &host.versions, moduleVersion);
+    QCOMPARE(host.lines(), (QStringList{"tracking auto_restart", "tracking auto_restart yes"}));
+    QCOMPARE(host.log(),
+             (QStringList{"Error: Unable to get the automatic restart of the measurement",
+                          "Error: Unable to set the automatic restart of the measurement"}));
 }
 
 void tst_trackingdlg::failedQuery_data()
