@@ -12,6 +12,14 @@ QString translated(const char *text)
     return QCoreApplication::translate("BodyTypeAdministrationTab", text);
 }
 
+/** A fraction as whole percent, truncated from the decimal value: 0.29 is 29. */
+int wholePercent(double fraction)
+{
+    constexpr double stepsPerUnit = 1e8;
+    constexpr qint64 stepsPerPercent = 1000000;
+    return int(qRound64(qBound(0.0, fraction, 1.0) * stepsPerUnit) / stepsPerPercent);
+}
+
 } // namespace
 
 bool TargetSearchRun::canStart() const
@@ -62,7 +70,7 @@ TargetSearchRun::Poll TargetSearchRun::poll()
     }
     Poll result;
     if (const auto progress = m_link.real("status progress"))
-        result.percent = int(qBound(0.0, *progress, 1.0) * 100.0);
+        result.percent = wholePercent(*progress);
     return result;
 }
 

@@ -177,6 +177,7 @@ void tst_TargetSearchRun::readsProgress_data()
     QTest::newRow("begin") << "answer \"0.0\"" << 0;
     QTest::newRow("truncated") << "answer \"0.999\"" << 99;
     QTest::newRow("below one") << "answer \"0.0099\"" << 0;
+    QTest::newRow("decimal value") << "answer \"0.29\"" << 29;
     QTest::newRow("half") << "answer \"0.5\"" << 50;
     QTest::newRow("end") << "answer \"1.0\"" << 100;
     QTest::newRow("beyond the end") << "answer \"1e30\"" << 100;
