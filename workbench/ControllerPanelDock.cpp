@@ -31,8 +31,8 @@ ControllerPanelDock::ControllerPanelDock(WorkbenchSession *session, QWidget *par
     auto *content = new QWidget;
     auto *layout = new QVBoxLayout(content);
     layout->addLayout(form);
-    layout->addWidget(m_locked);
-    layout->addWidget(m_measurement);
+    layout->addWidget(m_locked, 0, Qt::AlignLeft);
+    layout->addWidget(m_measurement, 0, Qt::AlignLeft);
     layout->addWidget(new QLabel(tr("Library targets; a check mark puts one in the volume:")));
     layout->addWidget(m_targets);
     setWidget(content);

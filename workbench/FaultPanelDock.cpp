@@ -61,7 +61,7 @@ FaultPanelDock::FaultPanelDock(FaultEngine *faults, QWidget *parent)
     layout->addLayout(top);
     layout->addWidget(m_error);
     layout->addWidget(m_rules);
-    layout->addWidget(m_linkDead);
+    layout->addWidget(m_linkDead, 0, Qt::AlignLeft);
     setWidget(content);
 
     connect(addButton, &QPushButton::clicked, this, &FaultPanelDock::addRule);

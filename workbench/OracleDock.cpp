@@ -25,7 +25,7 @@ OracleDock::OracleDock(WorkbenchSession *session, QWidget *parent)
     auto *content = new QWidget;
     auto *layout = new QVBoxLayout(content);
     layout->addWidget(now);
-    layout->addWidget(m_always);
+    layout->addWidget(m_always, 0, Qt::AlignLeft);
     layout->addWidget(m_differences);
     setWidget(content);
     connect(now, &QPushButton::clicked, this, &OracleDock::compare);

@@ -40,7 +40,6 @@ TranscriptDock::TranscriptDock(SimulatedIOManager *io, QWidget *parent)
     auto *filterEdit = new QLineEdit;
     filterEdit->setObjectName(QStringLiteral("lineEdit_transcriptFilter"));
     filterEdit->setPlaceholderText(tr("Filter: words that a row must hold"));
-    filterEdit->setClearButtonEnabled(true);
     auto *clearButton = new QPushButton(tr("C&lear"));
     clearButton->setObjectName(QStringLiteral("pushButton_clearTranscript"));
     auto *exportButton = new QPushButton(tr("E&xport..."));

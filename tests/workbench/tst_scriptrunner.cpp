@@ -1,0 +1,376 @@
+#include "DialogOracle.h"
+#include "MainWindow.h"
+#include "MessageLogDock.h"
+#include "ScriptRunner.h"
+#include "TimerHold.h"
+#include "ToolWindow.h"
+#include "WidgetFinder.h"
+#include "WorkbenchSession.h"
+
+#include "DialogTest.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QMenuBar>
+#include <QSignalSpy>
+#include <memory>
+
+/** Runs scripts against the built plug-in in the default scenario. */
+class tst_ScriptRunner : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    void menusComeFromTheModule();
+    void measurementDisablesEntries();
+    void configurationReachesTheModule();
+    void succeeds();
+    void fails_data();
+    void fails();
+    void openWindowAtTheEndFails();
+    void failingLineLeavesTheRest();
+    void statePaths();
+    void tickFiresHeldTimers();
+    void oracleSeesForeignChanges();
+    void modalDialogsBlockTheHostOnly();
+    void secondClientActsWhileADialogIsOpen();
+    void secondClientActsWhileASearchRuns();
+    void moduleIsUnloadedAndLoadedAgain();
+
+private:
+    /** Runs the text to its end; answers the failure. */
+    QString run(const QByteArray &text);
+
+    std::unique_ptr<QTemporaryDir> m_home;
+    std::unique_ptr<WorkbenchSession> m_session;
+    std::unique_ptr<MainWindow> m_window;
+    std::unique_ptr<TimerHold> m_timers;
+};
+
+void tst_ScriptRunner::init()
+{
+    m_home = std::make_unique<QTemporaryDir>();
+    qputenv("HOME", m_home->path().toLocal8Bit());
+    Scenario scenario;
+    scenario.name = QStringLiteral("studio");
+    scenario.state = TestHost::scenario(scenario.name);
+    m_session = std::make_unique<WorkbenchSession>(scenario);
+    m_window = std::make_unique<MainWindow>(m_session.get());
+    m_window->show();
+    QString error;
+    QVERIFY2(m_session->loadModule(QStringLiteral(MODULE_PLUGIN), m_window.get(), &error),
+             qPrintable(error));
+    m_timers = std::make_unique<TimerHold>();
+    for (const _GuiElement *element : m_session->module()->elements())
+        m_timers->watch(element->content);
+}
+
+void tst_ScriptRunner::cleanup()
+{
+    m_session->unloadModule();
+    m_window.reset();
+    m_timers.reset();
+    m_session.reset();
+}
+
+QString tst_ScriptRunner::run(const QByteArray &text)
+{
+    Script script;
+    QString error;
+    if (!Script::parse(text, QStringLiteral("s"), &script, &error))
+        return error;
+    ScriptContext context;
+    context.session = m_session.get();
+    context.window = m_window.get();
+    context.timers = m_timers.get();
+    context.pictureDir = m_home->path();
+    ScriptRunner runner(script, context);
+    QEventLoop loop;
+    connect(&runner, &ScriptRunner::finished, &loop, [&loop] {
+        // What a failed script left open would hold the loop.
+        while (QWidget *modal = WidgetFinder::modalWindow())
+            modal->hide();
+        loop.quit();
+    });
+    runner.start();
+    loop.exec();
+    return runner.failure();
+}
+
+void tst_ScriptRunner::menusComeFromTheModule()
+{
+    QStringList menus;
+    QStringList entries;
+    for (const QAction *menu : m_window->menuBar()->actions())
+        menus << menu->text();
+    for (const QAction *entry : m_window->menuBar()->actions().first()->menu()->actions())
+        entries << entry->text();
+    QCOMPARE(menus, QStringList({"&Tracking", "&Workbench"}));
+    QCOMPARE(entries, QStringList({"&Single markers", "&Body administration"}));
+}
+
+void tst_ScriptRunner::measurementDisablesEntries()
+{
+    QCOMPARE(run("measurement on\nmenu \"Body administration\"\n"),
+             QStringLiteral("s:2: expected the entry \"Body administration\" enabled, found it "
+                            "disabled"));
+    QCOMPARE(run("measurement off\nmenu \"Body administration\"\nclick pushButton_exit\n"),
+             QString());
+}
+
+void tst_ScriptRunner::configurationReachesTheModule()
+{
+    m_session->edit([](ControllerState &state) { state.standardFilter = false; });
+    QCOMPARE(run("mark\nmenu \"Configuration changed\"\n"
+                 "expect command \"standard filter_bodies yes\"\n"
+                 "expect state standardFilter true\n"),
+             QString());
+}
+
+void tst_ScriptRunner::succeeds()
+{
+    QCOMPARE(run("oracle on\n"
+                 "key F8\n"
+                 "expect window \"Body Administration\"\n"
+                 "spin spinBox_standard_bodies 9\n"
+                 "expect rows tableWidget_standard 9\n"
+                 "expect enabled pushButton_start\n"
+                 "expect disabled pushButton_stop\n"
+                 "expect hidden comboBox_5dofAxis\n"
+                 "cell tableWidget_standard 1 ID\n"
+                 "screenshot picture\n"
+                 "key Escape\n"
+                 "expect no-window\n"
+                 "expect no-log\n"),
+             QString());
+    QVERIFY(QFile::exists(m_home->filePath(QStringLiteral("picture.png"))));
+    QCOMPARE(m_session->state().bodyTypes[QStringLiteral("standard")].bodies.size(), 9);
+}
+
+void tst_ScriptRunner::fails_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QString>("failure");
+
+    const QByteArray open = "menu \"Body administration\"\nmark\n";
+    QTest::newRow("menu entry") << QByteArray("menu Nothing\n")
+                                << "s:1: expected a menu entry \"Nothing\", found ";
+    QTest::newRow("key") << QByteArray("key Nokey\n")
+                         << "s:1: expected a key such as F8, found \"Nokey\"";
+    QTest::newRow("no widget") << open + "click nothing\n"
+                               << "s:3: expected a visible widget \"nothing\", found none in the "
+                                  "window \"Body Administration\"";
+    QTest::newRow("disabled widget")
+            << open + "click pushButton_stop\n"
+            << "s:3: expected \"pushButton_stop\" enabled, found it disabled";
+    QTest::newRow("another class") << open + "choose pushButton_exit x\n"
+                                   << "s:3: expected a QComboBox \"pushButton_exit\", found a "
+                                      "QPushButton";
+    QTest::newRow("no entry") << open + "choose comboBox_filter Nothing\n"
+                              << "s:3: expected an entry \"Nothing\", found \"- Found Targets -\"";
+    QTest::newRow("no row") << open + "cell tableWidget_standard 9 ID\n"
+                            << "s:3: expected row 9, column \"ID\" in \"tableWidget_standard\", "
+                               "found 8 rows and 10 columns";
+    QTest::newRow("no check box") << open + "check tableWidget_standard 8 Active\n"
+                                  << "s:3: expected a check box in the cell, found none";
+    QTest::newRow("not editable") << open + "type tableWidget_standard 1 ID x\n"
+                                  << "s:3: expected the cell to be editable, found no editor in it";
+    QTest::newRow("no page") << open + "page tabWidget Nothing\n"
+                             << "s:3: expected a page \"Nothing\", found Standard, ";
+    QTest::newRow("no box") << open + "answer A B OK\n"
+                            << "s:3: expected a box \"A: B\", found the window \"Body "
+                               "Administration\"";
+    QTest::newRow("another box")
+            << open + "cell tableWidget_standard 1 Delete\nanswer MORVEK3 Other Yes\n"
+            << "s:4: expected a box \"MORVEK3: Other\", found \"MORVEK3: ";
+    QTest::newRow("no such button")
+            << open + "cell tableWidget_standard 1 Delete\nanswer MORVEK3 .* Maybe\n"
+            << "s:4: expected a button \"Maybe\", found ";
+    QTest::newRow("text") << open + "expect text spinBox_standard_bodies 7\n"
+                          << "s:3: expected spinBox_standard_bodies \"7\", found \"8\"";
+    QTest::newRow("cell") << open + "expect cell tableWidget_standard 1 Name Hat\n"
+                          << "s:3: expected row 1, Name, \"Hat\", found \"Cap\"";
+    QTest::newRow("rows") << open + "expect rows tableWidget_standard 7\n"
+                          << "s:3: expected rows \"7\", found \"8\"";
+    QTest::newRow("state") << QByteArray("expect state model OTHER\n")
+                           << "s:1: expected model \"OTHER\", found \"STUDIO4\"";
+    QTest::newRow("no state") << QByteArray("expect state nothing.here x\n")
+                              << "s:1: expected a value at \"nothing.here\", found none";
+    QTest::newRow("no command") << open + "expect command \"body x\"\n"
+                                << "s:3: expected the command \"body x\", found nothing";
+    QTest::newRow("command") << QByteArray("mark\nmenu \"Body administration\"\n"
+                                           "expect no-command \"config is_changeable\"\n")
+                             << "s:3: expected no command \"config is_changeable\", found it";
+    QTest::newRow("writes")
+            << open + "check tableWidget_standard 1 Active\nexpect writes\n"
+            << "s:4: expected exactly nothing, found \"body active standard b01 no\"";
+    QTest::newRow("log") << open + "expect log \"Error:\"\n"
+                         << "s:3: expected a log line \"Error:\", found nothing";
+    QTest::newRow("no log") << QByteArray("mark\nfault \"config is_changeable fail\"\n"
+                                          "fault \"body type_desc* fail\"\n"
+                                          "fault \"set body active* refuse\"\n"
+                                          "menu \"Body administration\"\n"
+                                          "check tableWidget_standard 1 Active\nexpect no-log\n")
+                            << "s:7: expected no log line, found \"Error: Unable to ";
+    QTest::newRow("window") << QByteArray("expect window Nothing\n")
+                            << "s:1: expected a window \"Nothing\", found ";
+    QTest::newRow("no window") << open + "expect no-window\n"
+                               << "s:3: expected no open window, found the window \"Body "
+                                  "Administration\"";
+    QTest::newRow("enabled") << open + "expect disabled pushButton_start\n"
+                             << "s:3: expected \"pushButton_start\" disabled, found it enabled";
+    QTest::newRow("hidden") << open + "expect hidden pushButton_start\n"
+                            << "s:3: expected \"pushButton_start\" hidden, found it visible";
+    QTest::newRow("fired") << QByteArray("fault \"status active fail\"\nexpect fired 1 2\n")
+                           << "s:2: expected firings of rule 1 \"2\", found \"0\"";
+    QTest::newRow("time") << QByteArray("mark\ntick 2\nexpect within 1199\n")
+                          << "s:3: expected at most 1199 ms, found 1200 ms";
+    QTest::newRow("fault") << QByteArray("fault \"* explode\"\n") << "s:1: column ";
+    QTest::newRow("fault number") << QByteArray("fault-off 1\n")
+                                  << "s:1: expected a rule from 1 to 0, found \"1\"";
+    QTest::newRow("link") << QByteArray("link maybe\n")
+                          << "s:1: expected \"dead\" or \"back\", found \"maybe\"";
+    QTest::newRow("target") << QByteArray("volume XX99 in\n")
+                            << "s:1: expected a target's short name, found \"XX99\"";
+    QTest::newRow("set") << QByteArray("set configChangeable maybe\n")
+                         << "s:1: expected a value like \"true\" for \"configChangeable\", found "
+                            "\"maybe\"";
+    QTest::newRow("swap") << QByteArray("swap standard 1 9\n")
+                          << "s:1: expected two bodies from 1 to 8, found 1 and 9";
+    QTest::newRow("restart") << QByteArray("restart new\n")
+                             << "s:1: expected a version such as 1.24, found \"new\"";
+    QTest::newRow("screenshot") << QByteArray("screenshot no/such/folder/x\n")
+                                << "s:1: expected to write ";
+}
+
+void tst_ScriptRunner::fails()
+{
+    QFETCH(QByteArray, text);
+    QFETCH(QString, failure);
+    const QString found = run(text);
+    QVERIFY2(found.startsWith(failure), qPrintable(found));
+}
+
+void tst_ScriptRunner::openWindowAtTheEndFails()
+{
+    QCOMPARE(run("menu \"Single markers\"\n"),
+             QStringLiteral("s:end: expected no open window, found the window \"Single Markers\""));
+}
+
+void tst_ScriptRunner::failingLineLeavesTheRest()
+{
+    const QString failure = run("expect state model OTHER\nset model CHANGED\n");
+    QVERIFY(failure.startsWith(QStringLiteral("s:1: ")));
+    QCOMPARE(m_session->state().model, QStringLiteral("STUDIO4"));
+}
+
+void tst_ScriptRunner::statePaths()
+{
+    QCOMPARE(run("set bodyTypes.standard.bodies[0].description Hat\n"
+                 "expect state bodyTypes.standard.bodies[0].description Hat\n"
+                 "set configChangeable false\n"
+                 "expect state configChangeable false\n"
+                 "set inertialFrequency 120.5\n"
+                 "expect state inertialFrequency 120.5\n"
+                 "expect state axis5dofCentral \"[0,0,1]\"\n"
+                 "swap standard 1 2\n"
+                 "expect state bodyTypes.standard.bodies[1].description Hat\n"),
+             QString());
+}
+
+void tst_ScriptRunner::tickFiresHeldTimers()
+{
+    QTimer *poll = new QTimer(m_session->module()->elements().first()->content);
+    QSignalSpy spy(poll, &QTimer::timeout);
+    poll->start(600);
+    QCOMPARE(m_timers->tick(), QVector<int>{600});
+    QCOMPARE(spy.count(), 1);
+    poll->stop();
+    QCOMPARE(m_timers->tick(), QVector<int>{});
+    QCOMPARE(spy.count(), 1);
+    // A timer that nobody fires stays silent, however late it is.
+    poll->start(600);
+    QTimerEvent event(poll->timerId());
+    QCoreApplication::sendEvent(poll, &event);
+    QCOMPARE(spy.count(), 1);
+    // Short timers and those of others are left alone.
+    QTimer other;
+    QSignalSpy otherSpy(&other, &QTimer::timeout);
+    other.start(600);
+    QTimerEvent otherEvent(other.timerId());
+    QCoreApplication::sendEvent(&other, &otherEvent);
+    QCOMPARE(otherSpy.count(), 1);
+}
+
+void tst_ScriptRunner::oracleSeesForeignChanges()
+{
+    const QString failure = run("oracle on\n"
+                                "menu \"Body administration\"\n"
+                                "set bodyTypes.standard.bodies[0].description Foreign\n"
+                                "click pushButton_exit\n");
+    QCOMPARE(failure,
+             QStringLiteral("s:3: expected the dialog to agree with the controller, found "
+                            "tableWidget_standard row 1 Name: shows \"Cap\", the controller holds "
+                            "\"Foreign\""));
+    QVERIFY(DialogOracle::differences(m_session->state(), nullptr).isEmpty());
+    const QString axis = run("oracle on\nmenu \"Single markers\"\nchoose comboBox_5dofAxis x\n");
+    QCOMPARE(axis, QStringLiteral("s:3: expected the dialog to agree with the controller, found "
+                                  "comboBox_5dofAxis: shows \"x\", the controller holds \"z\""));
+}
+
+void tst_ScriptRunner::modalDialogsBlockTheHostOnly()
+{
+    const QString blocked = run("menu \"Body administration\"\nmenu \"Single markers\"\n");
+    QCOMPARE(blocked, QStringLiteral("s:2: expected the menu to take input, found it blocked by "
+                                     "the window \"Body Administration\""));
+}
+
+void tst_ScriptRunner::secondClientActsWhileADialogIsOpen()
+{
+    m_window->toolWindow()->show();
+    QCOMPARE(run("menu \"Body administration\"\n"
+                 "text lineEdit_clientName Foreign\n"
+                 "click pushButton_clientRename\n"
+                 "expect state bodyTypes.standard.bodies[0].description Foreign\n"
+                 "click pushButton_clientLock\n"
+                 "expect state configChangeable false\n"
+                 "click pushButton_clientConfiguration\n"
+                 "expect window \"Body Administration\"\n"
+                 "click pushButton_exit\n"
+                 "expect no-window\n"),
+             QString());
+}
+
+void tst_ScriptRunner::secondClientActsWhileASearchRuns()
+{
+    m_window->toolWindow()->show();
+    QCOMPARE(run("menu \"Body administration\"\n"
+                 "click pushButton_start\n"
+                 "tick 2\n"
+                 "volume HM03 in\n"
+                 "text lineEdit_clientProtocol 1.24\n"
+                 "click pushButton_clientRestart\n"
+                 "tick 2\n"
+                 "answer MORVEK3 \".*targets? could be identified in library\" OK\n"
+                 "expect enabled pushButton_start\n"
+                 "expect log \"target library calibration stopped\"\n"
+                 "click pushButton_exit\n"
+                 "expect no-window\n"),
+             QString());
+}
+
+void tst_ScriptRunner::moduleIsUnloadedAndLoadedAgain()
+{
+    QCOMPARE(run("unload\n"), QString());
+    QVERIFY(!m_session->module()->isLoaded());
+    QCOMPARE(m_session->io()->receiverCount("GlobalEvent"), 0);
+    QCOMPARE(m_window->menuBar()->actions().size(), 1);
+    QString error;
+    QVERIFY2(m_session->loadModule(QStringLiteral(MODULE_PLUGIN), m_window.get(), &error),
+             qPrintable(error));
+    QCOMPARE(run("menu \"Body administration\"\nclick pushButton_exit\n"), QString());
+}
+
+TRACKING_TEST_MAIN(tst_ScriptRunner)
+#include "tst_scriptrunner.moc"

@@ -1,0 +1,140 @@
+#include "WorkbenchOptions.h"
+
+#include <QtTest>
+
+class tst_WorkbenchOptions : public QObject {
+    Q_OBJECT
+
+private slots:
+    void defaults();
+    void everyOption();
+    void equalsSign();
+    void faultsAddUp();
+    void rejected_data();
+    void rejected();
+    void helpNamesEveryOption();
+};
+
+namespace {
+
+bool parse(const QStringList &arguments, WorkbenchOptions *options, QString *error)
+{
+    *options = WorkbenchOptions();
+    return WorkbenchOptions::parse(arguments, options, error);
+}
+
+} // namespace
+
+void tst_WorkbenchOptions::defaults()
+{
+    WorkbenchOptions options;
+    QString error;
+    QVERIFY2(parse({}, &options, &error), qPrintable(error));
+    QCOMPARE(options.scenario, QStringLiteral("studio"));
+    QVERIFY(!options.scenarioGiven);
+    QVERIFY(!options.isScripted());
+    QCOMPARE(options.latencyMs, 0);
+    QVERIFY(options.pluginFile.isEmpty());
+}
+
+void tst_WorkbenchOptions::everyOption()
+{
+    WorkbenchOptions options;
+    QString error;
+    QVERIFY2(parse({"--scenario", "locked", "--plugin", "p.so", "--script", "s", "--headless",
+                    "--latency", "500", "--record", "r", "--replay", "q", "--help", "--version"},
+                   &options, &error),
+             qPrintable(error));
+    QCOMPARE(options.scenario, QStringLiteral("locked"));
+    QVERIFY(options.scenarioGiven);
+    QCOMPARE(options.pluginFile, QStringLiteral("p.so"));
+    QCOMPARE(options.scriptFile, QStringLiteral("s"));
+    QVERIFY(options.headless);
+    QVERIFY(options.isScripted());
+    QCOMPARE(options.latencyMs, 500);
+    QCOMPARE(options.recordFile, QStringLiteral("r"));
+    QCOMPARE(options.replayFile, QStringLiteral("q"));
+    QVERIFY(options.help);
+    QVERIFY(options.version);
+
+    QVERIFY(parse({"--tour", "d"}, &options, &error));
+    QCOMPARE(options.tourDir, QStringLiteral("d"));
+    QVERIFY(options.isScripted());
+    QVERIFY(parse({"--demo", "slow-link"}, &options, &error));
+    QCOMPARE(options.demo, QStringLiteral("slow-link"));
+    QVERIFY(!options.isScripted());
+    QVERIFY(parse({"transcript-diff", "a", "b"}, &options, &error));
+    QCOMPARE(options.transcriptDiff, QStringList({"a", "b"}));
+    QVERIFY(parse({"--transcript-diff", "a", "b"}, &options, &error));
+    QCOMPARE(options.transcriptDiff, QStringList({"a", "b"}));
+}
+
+void tst_WorkbenchOptions::equalsSign()
+{
+    WorkbenchOptions options;
+    QString error;
+    QVERIFY(parse({"--scenario=a=b"}, &options, &error));
+    QCOMPARE(options.scenario, QStringLiteral("a=b"));
+}
+
+void tst_WorkbenchOptions::faultsAddUp()
+{
+    WorkbenchOptions options;
+    QString error;
+    QVERIFY(parse({"--fault", "body* fail", "--fault", "* delay 5"}, &options, &error));
+    QCOMPARE(options.faults, QStringList({"body* fail", "* delay 5"}));
+}
+
+void tst_WorkbenchOptions::rejected_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("message");
+
+    QTest::newRow("unknown") << QStringList{"--bogus"}
+                             << "--bogus: expected an option; --help lists them";
+    QTest::newRow("no option") << QStringList{"studio"}
+                               << "studio: expected an option; --help lists them";
+    QTest::newRow("value missing") << QStringList{"--plugin"} << "--plugin: expected FILE";
+    QTest::newRow("second value missing")
+            << QStringList{"--transcript-diff", "a"} << "--transcript-diff: expected A B";
+    QTest::newRow("value empty") << QStringList{"--tour", ""}
+                                 << "--tour: expected a text that is not empty, found \"\"";
+    QTest::newRow("value not wanted")
+            << QStringList{"--headless=yes"} << "--headless: expected no value";
+    QTest::newRow("latency no number")
+            << QStringList{"--latency", "fast"}
+            << "--latency: expected a whole number of ms from 0 to 500, found \"fast\"";
+    QTest::newRow("latency too long")
+            << QStringList{"--latency", "501"}
+            << "--latency: expected a whole number of ms from 0 to 500, found \"501\"";
+    QTest::newRow("latency negative")
+            << QStringList{"--latency", "-1"}
+            << "--latency: expected a whole number of ms from 0 to 500, found \"-1\"";
+    QTest::newRow("headless alone") << QStringList{"--headless"}
+                                    << "--headless: expected --script, --demo or --tour beside it";
+    QTest::newRow("two drivers") << QStringList{"--tour", "d", "--script", "s"}
+                                 << "--tour, --script, --demo: expected only one of them";
+}
+
+void tst_WorkbenchOptions::rejected()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QString, message);
+    WorkbenchOptions options;
+    QString error;
+    QVERIFY(!parse(arguments, &options, &error));
+    QCOMPARE(error, message);
+}
+
+void tst_WorkbenchOptions::helpNamesEveryOption()
+{
+    const QString help = WorkbenchOptions::helpText();
+    for (const char *option :
+         {"--scenario NAME|FILE", "--plugin FILE", "--tour DIR", "--script FILE", "--demo NAME",
+          "--headless", "--fault RULE", "--latency MS", "--record FILE", "--replay FILE",
+          "--transcript-diff A B", "--help", "--version"})
+        QVERIFY2(help.contains(QLatin1String(option)), option);
+}
+
+QTEST_GUILESS_MAIN(tst_WorkbenchOptions)
+#include "tst_workbenchoptions.moc"
