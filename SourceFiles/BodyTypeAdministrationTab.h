@@ -270,6 +270,7 @@ private:
     const AdminBody *bodyOf(const QString &type, int index) const;
     QString typeOfTable(const QObject *table) const;
     void actOnCell(const QString &type, int row, int column);
+    void actOnCellLater(const QString &type, int row, int column);
     void actOnCheckBox(const QString &type, int row, int column);
     void filterCellClicked(const QString &type, int row);
     bool resetToLibrary(const QString &type, int index, const QString &target);

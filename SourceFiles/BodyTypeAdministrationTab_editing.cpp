@@ -23,14 +23,20 @@ void BodyTypeAdministrationTab::ON_tableWidget_cellClicked(int row, int column)
         return;
     current_btype = type;
     current_bid = row;
-    const QPointer<QWidget> self(this);
     emit selection_changed(type, row);
-    if (!self)
-        return;
     saveSelectionOfMtTables();
     const QTableWidgetItem *item = table->item(row, column);
     if (item && item->flags().testFlag(Qt::ItemIsEnabled))
-        actOnCell(type, row, column);
+        actOnCellLater(type, row, column);
+}
+
+void BodyTypeAdministrationTab::actOnCellLater(const QString &type, int row, int column)
+{
+    // The boxes and dialogs that a cell opens must not run inside the table's own mouse and key
+    // handling: the table may be gone when they close.
+    QMetaObject::invokeMethod(
+            this, [this, type, row, column] { actOnCell(type, row, column); },
+            Qt::QueuedConnection);
 }
 
 void BodyTypeAdministrationTab::actOnCell(const QString &type, int row, int column)
@@ -136,7 +142,7 @@ void BodyTypeAdministrationTab::ON_tableWidget_itemChanged(QTableWidgetItem *ite
         updateTableWidget(type);
         updateView();
     } else if (kind == COLUMN_TYPE_ACTIVE || kind == COLUMN_TYPE_REFERENCE) {
-        // The space bar toggles a check box without a click. A click is handled before this runs,
+        // The space bar toggles a check box without a click. A click acts a second time after this,
         // and then there is no difference left to act on.
         QMetaObject::invokeMethod(
                 this, [this, type, row, column] { actOnCheckBox(type, row, column); },
@@ -168,13 +174,8 @@ bool BodyTypeAdministrationTab::eventFilter(QObject *watched, QEvent *event)
     const bool presses = key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space;
     if (!presses || !item || item->flags().testFlag(Qt::ItemIsUserCheckable))
         return QWidget::eventFilter(watched, event);
-    // The keyboard presses the button cells as a click does; the boxes and dialogs they open must
-    // not run inside the table's own key handling.
-    const int row = item->row();
-    const int column = item->column();
-    QMetaObject::invokeMethod(
-            this, [this, type, row, column] { actOnCell(type, row, column); },
-            Qt::QueuedConnection);
+    // The keyboard presses the button cells as a click does.
+    actOnCellLater(type, item->row(), item->column());
     return true;
 }
 

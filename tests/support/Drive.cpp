@@ -63,6 +63,7 @@ void clickCell(QTableWidget *table, int row, int column)
     bringIntoView(table, row, column);
     QTest::mouseClick(table->viewport(), Qt::LeftButton, Qt::NoModifier,
                       center(table, row, column));
+    settle();
 }
 
 void toggleCell(QTableWidget *table, int row, int column)
@@ -75,6 +76,7 @@ void toggleCell(QTableWidget *table, int row, int column)
     const QRect indicator =
             table->style()->subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &option, table);
     QTest::mouseClick(table->viewport(), Qt::LeftButton, Qt::NoModifier, indicator.center());
+    settle();
 }
 
 void doubleClickCell(QTableWidget *table, int row, int column)

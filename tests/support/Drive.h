@@ -32,7 +32,7 @@ void typeIntoCell(QTableWidget *table, int row, int column, const QString &text)
 void choose(QComboBox *box, const QString &text);
 /** Puts a number into a spin box by typing and pressing Enter. */
 void typeNumber(QWidget *spinBox, const QString &number);
-/** Delivers what is queued: a committed editor, a key that acts after its event. */
+/** Delivers what is queued: a committed editor, a key or click that acts after its event. */
 void settle();
 QString cell(const QTableWidget *table, int row, int column);
 QStringList row(const QTableWidget *table, int row);
