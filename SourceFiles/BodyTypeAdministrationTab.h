@@ -272,6 +272,7 @@ private:
     void actOnCell(const QString &type, int row, int column);
     void actOnCellLater(const QString &type, int row, int column);
     void actOnCheckBox(const QString &type, int row, int column);
+    void countChosen(const QString &type, int count);
     void filterCellClicked(const QString &type, int row);
     bool resetToLibrary(const QString &type, int index, const QString &target);
     bool resetSensor(const QString &type, int index, const QString &sensor);

@@ -48,10 +48,6 @@ void BodyTypeAdministrationTab::actOnCell(const QString &type, int row, int colu
     const bool live = item && item->data(BodyTableFiller::liveRole).toInt() == 1;
     const QPointer<QWidget> self(this);
     switch (known->tableWidgetColumns.at(column)) {
-    case COLUMN_TYPE_ACTIVE:
-    case COLUMN_TYPE_REFERENCE:
-        actOnCheckBox(type, row, column);
-        break;
     case COLUMN_TYPE_FILTER:
         filterCellClicked(type, row);
         break;
@@ -81,7 +77,7 @@ void BodyTypeAdministrationTab::actOnCheckBox(const QString &type, int row, int 
         return;
     const bool checked = item->checkState() == Qt::Checked;
     const bool activeColumn = known->tableWidgetColumns.at(column) == COLUMN_TYPE_ACTIVE;
-    // A click beside the check box changes nothing, so there is nothing to tell the controller.
+    // Toggled twice before this ran: there is nothing to tell the controller.
     if (checked == (activeColumn ? isBodyActive(type, row) : getBodyIsReference(type, row)))
         return;
     const QPointer<QWidget> self(this);
@@ -142,8 +138,8 @@ void BodyTypeAdministrationTab::ON_tableWidget_itemChanged(QTableWidgetItem *ite
         updateTableWidget(type);
         updateView();
     } else if (kind == COLUMN_TYPE_ACTIVE || kind == COLUMN_TYPE_REFERENCE) {
-        // The space bar toggles a check box without a click. A click acts a second time after this,
-        // and then there is no difference left to act on.
+        // Mouse and space bar both come here and a click beside the check box does not. Queued for
+        // the reason that actOnCellLater() gives.
         QMetaObject::invokeMethod(
                 this, [this, type, row, column] { actOnCheckBox(type, row, column); },
                 Qt::QueuedConnection);
@@ -190,12 +186,18 @@ void BodyTypeAdministrationTab::ON_spinBox_valueChanged(int count)
     for (const QString &type : types) {
         if (record(type)->spinBox != spinBox)
             continue;
-        const QPointer<QWidget> self(this);
-        setNumberOfBodies(type, count);
-        if (!self)
-            return;
-        updateCalStatusTablewidgetTl(type);
+        // A box may be asked, and the spin box must not be deleted in its own key handling.
+        QMetaObject::invokeMethod(
+                this, [this, type, count] { countChosen(type, count); }, Qt::QueuedConnection);
     }
+}
+
+void BodyTypeAdministrationTab::countChosen(const QString &type, int count)
+{
+    const QPointer<QWidget> self(this);
+    setNumberOfBodies(type, count);
+    if (self)
+        updateCalStatusTablewidgetTl(type);
 }
 
 void BodyTypeAdministrationTab::setNumberOfBodies(const QString &type, int count)

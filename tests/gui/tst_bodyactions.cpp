@@ -1,0 +1,650 @@
+#include "StandardPageTest.h"
+
+#include <QComboBox>
+
+#include "BodyTypeAdministrationTab.h"
+
+namespace {
+
+const QString customCheck = QStringLiteral("morvek2 targetlib check_custom_calibration");
+const QString question = QStringLiteral("MORVEK3");
+const QString failure = QStringLiteral("Warning");
+const QString handEyeA7 = QStringLiteral("inertial sensor_handeye vendorone mini 'A7' none");
+const QString defaultC3 = QStringLiteral("morvek2 set inertial sensor_default vendortwo core 'C3'");
+
+} // namespace
+
+/** Resetting, deleting and moving bodies: every question, command and failure. */
+class tst_BodyActions : public StandardPageTest {
+    Q_OBJECT
+
+private slots:
+    void resets_data();
+    void resets();
+    void declinedResetReadsNothing();
+    void resetFailure_data();
+    void resetFailure();
+    void sensorQueriesOfReset_data();
+    void sensorQueriesOfReset();
+    void dialogDeletedInReset_data();
+    void dialogDeletedInReset();
+    void bodyDroppedInResetQuestion();
+    void unknownReset();
+
+    void deletes_data();
+    void deletes();
+    void deleteFailure_data();
+    void deleteFailure();
+    void deletedTargetIsFree();
+    void deletingUncalibratedBody();
+    void declinedDeleteWritesNothing();
+    void bodyDroppedInDeleteQuestion();
+    void dialogDeletedInDelete_data();
+    void dialogDeletedInDelete();
+
+    void movesBody_data();
+    void movesBody();
+    void failedMove();
+    void oldProtocolMovesNothing();
+    void dialogDeletedInMove();
+    void operationsRefuseBodiesThatAreNotThere();
+};
+
+// Reset
+
+void tst_BodyActions::resets_data()
+{
+    QTest::addColumn<QString>("protocol");
+    QTest::addColumn<int>("row");
+    QTest::addColumn<bool>("warmup");
+    QTest::addColumn<QString>("asked");
+    QTest::addColumn<QStringList>("writes");
+    const QString toLibrary = QStringLiteral("Reset Standard body 02\nto Target-Library geometry?");
+    const QStringList library{"morvek2 body calibrate_from_targetlib standard b02 GL01"};
+    QTest::newRow("library, 1.11") << "1.11" << 1 << false << toLibrary << library;
+    QTest::newRow("library, 1.24") << "1.24" << 1 << true << toLibrary << library;
+    QTest::newRow("library comes before sensor")
+            << "1.24" << 4 << false << "Reset Standard body 05\nto Target-Library geometry?"
+            << QStringList{"morvek2 body calibrate_from_targetlib standard b05 PL02"};
+    const QString losesHandEye =
+            QStringLiteral("Reset Standard body 04?\nHand eye calibration will be deleted!");
+    QTest::newRow("hand-eye") << "1.24" << 3 << false << losesHandEye << QStringList{handEyeA7};
+    QTest::newRow("hand-eye, 1.20")
+            << "1.20" << 3 << false << losesHandEye << QStringList{handEyeA7};
+    QTest::newRow("storage") << "1.21" << 6 << false
+                             << "Reset Standard body 07\nto sensor stored values?"
+                             << QStringList{defaultC3};
+    QTest::newRow("storage unknown to 1.20")
+            << "1.20" << 6 << false
+            << "Reset Standard body 07?\nHand eye calibration will be deleted!"
+            << QStringList{"inertial sensor_handeye vendortwo core 'C3' none"};
+}
+
+void tst_BodyActions::resets()
+{
+    QFETCH(QString, protocol);
+    QFETCH(int, row);
+    QFETCH(bool, warmup);
+    QFETCH(QString, asked);
+    QFETCH(QStringList, writes);
+    TestHost host(studio([&](ControllerState &state) {
+        state.protocol = protocol;
+        state.inertialWarmup = warmup;
+    }));
+    open(host, [&](QWidget *, QTableWidget *bodies) {
+        robot().expectBox(question, asked, QMessageBox::Yes);
+        press(bodies, row, ResetColumn);
+        QCOMPARE(host.writes(), writes);
+        const QString reRead = QStringLiteral("body calibrated standard b%1")
+                                       .arg(row + 1, 2, 10, QLatin1Char('0'));
+        QCOMPARE(host.lines().count(reRead), 1);
+        QVERIFY(host.lines().indexOf(writes.last()) < host.lines().indexOf(reRead));
+    });
+    QCOMPARE(host.log(), QStringList());
+}
+
+void tst_BodyActions::declinedResetReadsNothing()
+{
+    TestHost host;
+    open(host, [&](QWidget *, QTableWidget *bodies) {
+        bodies->setCurrentCell(1, IdColumn);
+        host.clear();
+        robot().expectBox(question, "Reset Standard body 02\nto Target-Library geometry?",
+                          QMessageBox::No);
+        press(bodies, 1, ResetColumn);
+        QCOMPARE(host.lines(), QStringList());
+        robot().expectBox(question,
+                          "Reset Standard body 04?\nHand eye calibration will be deleted!",
+                          QMessageBox::No);
+        press(bodies, 3, ResetColumn);
+        QCOMPARE(host.writes(), QStringList());
+    });
+}
+
+void tst_BodyActions::resetFailure_data()
+{
+    QTest::addColumn<int>("row");
+    QTest::addColumn<bool>("warmup");
+    QTest::addColumn<QStringList>("faults");
+    QTest::addColumn<QString>("asked");
+    QTest::addColumn<QStringList>("writes");
+    QTest::addColumn<QStringList>("log");
+    QTest::addColumn<bool>("shown");
+    const QStringList library{"morvek2 body calibrate_from_targetlib standard b02 GL01"};
+    const QStringList libraryLog{"Error: Unable to reset body from target library"};
+    const QString toLibrary = QStringLiteral("Reset Standard body 02\nto Target-Library geometry?");
+    const QString libraryFault = QStringLiteral("command morvek2 body calibrate* ");
+    for (const QString &effect :
+         {QStringLiteral("fail"), QStringLiteral("refuse"), QStringLiteral("empty"),
+          QStringLiteral("answer \"morvek2 ok \"")}) {
+        QTest::addRow("library: %s", qPrintable(effect))
+                << 1 << false << QStringList{libraryFault + effect} << toLibrary << library
+                << libraryLog << true;
+    }
+    const QString stored = QStringLiteral("Reset Standard body 07\nto sensor stored values?");
+    QTest::newRow("storage") << 6 << false << QStringList{"command morvek2 set inertial* refuse"}
+                             << stored << QStringList{defaultC3}
+                             << QStringList{"Error: Unable to reset body to sensor stored values"}
+                             << true;
+    QTest::newRow("storage, sensors still warming up elsewhere")
+            << 6 << true << QStringList{"command morvek2 set inertial* refuse"} << stored
+            << QStringList{"inertial warmup no", defaultC3, "inertial warmup yes"}
+            << QStringList{"Error: Unable to reset body to sensor stored values"} << true;
+    const QString losesHandEye =
+            QStringLiteral("Reset Standard body 04?\nHand eye calibration will be deleted!");
+    QTest::newRow("hand-eye") << 3 << true << QStringList{"set inertial sensor_handeye* refuse"}
+                              << losesHandEye
+                              << QStringList{"inertial warmup no", handEyeA7, "inertial warmup yes"}
+                              << QStringList{"Unable to reset sensor hand eye calibration"} << true;
+    QTest::newRow("warm-up unknown at the reset")
+            << 3 << false << QStringList{"inertial warmup fail"} << losesHandEye
+            << QStringList{handEyeA7} << QStringList{"Could not get warmup status"} << false;
+    QTest::newRow("warm-up does not stop")
+            << 3 << true << QStringList{"set inertial warmup no refuse"} << losesHandEye
+            << QStringList{"inertial warmup no", handEyeA7, "inertial warmup yes"}
+            << QStringList{"Could not stop warmup of sensors"} << false;
+    QTest::newRow("warm-up does not start again")
+            << 3 << true << QStringList{"set inertial warmup yes refuse"} << losesHandEye
+            << QStringList{"inertial warmup no", handEyeA7, "inertial warmup yes"}
+            << QStringList{"Could not start warmup of sensors"} << false;
+}
+
+void tst_BodyActions::resetFailure()
+{
+    QFETCH(int, row);
+    QFETCH(bool, warmup);
+    QFETCH(QStringList, faults);
+    QFETCH(QString, asked);
+    QFETCH(QStringList, writes);
+    QFETCH(QStringList, log);
+    QFETCH(bool, shown);
+    TestHost host;
+    open(host, [&](QWidget *, QTableWidget *bodies) {
+        // The cell was live when the table was filled; since then the sensors warm up.
+        host.edit([&](ControllerState &state) { state.inertialWarmup = warmup; });
+        for (const QString &fault : faults)
+            host.fault(fault);
+        robot().expectBox(question, asked, QMessageBox::Yes);
+        if (shown) {
+            robot().expectBox(failure,
+                              QStringLiteral("Reset of Standard body 0%1 failed!").arg(row + 1),
+                              QMessageBox::Ok);
+        }
+        host.clear();
+        press(bodies, row, ResetColumn);
+        QCOMPARE(host.writes(), writes);
+        QCOMPARE(host.log(), log);
+        QCOMPARE(host.lines().count(QStringLiteral("body desc standard b0%1").arg(row + 1)), 1);
+        const bool lost = row == 3 && !shown;
+        if (row == 3)
+            QCOMPARE(Drive::cell(bodies, 3, CalibrationColumn), QString(lost ? "Optical" : "Full"));
+    });
+    const bool restarted = !faults.first().contains(QLatin1String("warmup yes"));
+    QCOMPARE(host.state().inertialWarmup, warmup && restarted);
+}
+
+void tst_BodyActions::sensorQueriesOfReset_data()
+{
+    QTest::addColumn<QString>("fault");
+    QTest::addColumn<QString>("asked");
+    QTest::addColumn<QString>("log");
+    QTest::addColumn<QString>("write");
+    QTest::newRow("storage unreadable")
+            << "inertial sensor_has_storage* fail"
+            << "Reset Standard body 07?\nHand eye calibration will be deleted!"
+            << "Unable to get storage info from sensor"
+            << "inertial sensor_handeye vendortwo core 'C3' none";
+    QTest::newRow("no storage, hand-eye unreadable")
+            << "get inertial sensor_handeye vendorone mini 'A7' fail"
+            << "Reset Standard body 04?"
+            << "Unable to get info about hand eye calibration from sensor"
+            << "";
+}
+
+void tst_BodyActions::sensorQueriesOfReset()
+{
+    QFETCH(QString, fault);
+    QFETCH(QString, asked);
+    QFETCH(QString, log);
+    QFETCH(QString, write);
+    TestHost host;
+    open(host, [&](QWidget *, QTableWidget *bodies) {
+        host.fault(fault);
+        robot().expectBox(question, asked, QMessageBox::Yes);
+        press(bodies, write.isEmpty() ? 3 : 6, ResetColumn);
+        QCOMPARE(host.log().value(0), log);
+        QCOMPARE(host.writes(), write.isEmpty() ? QStringList() : QStringList{write});
+    });
+}
+
+void tst_BodyActions::dialogDeletedInReset_data()
+{
+    QTest::addColumn<int>("row");
+    QTest::addColumn<QString>("asked");
+    QTest::addColumn<bool>("inFailure");
+    const QString toLibrary = QStringLiteral("Reset Standard body 02\nto Target-Library geometry?");
+    const QString stored = QStringLiteral("Reset Standard body 07\nto sensor stored values?");
+    QTest::newRow("library question") << 1 << toLibrary << false;
+    QTest::newRow("library failure") << 1 << toLibrary << true;
+    QTest::newRow("sensor question") << 6 << stored << false;
+    QTest::newRow("sensor failure") << 6 << stored << true;
+}
+
+void tst_BodyActions::dialogDeletedInReset()
+{
+    QFETCH(int, row);
+    QFETCH(QString, asked);
+    QFETCH(bool, inFailure);
+    TestHost host;
+    host.fault(QStringLiteral("command morvek2 body* refuse"));
+    host.fault(QStringLiteral("command morvek2 set* refuse"));
+    openDeletable(host, [&](QWidget *, QTableWidget *bodies) {
+        if (!inFailure) {
+            robot().expectBox(question, asked, QMessageBox::Yes, deletion());
+        } else {
+            robot().expectBox(question, asked, QMessageBox::Yes);
+            robot().expectBox(failure,
+                              QStringLiteral("Reset of Standard body 0%1 failed!").arg(row + 1),
+                              QMessageBox::Ok, deletion());
+        }
+        press(bodies, row, ResetColumn);
+    });
+    QCOMPARE(host.writes().size(), inFailure ? 1 : 0);
+}
+
+void tst_BodyActions::bodyDroppedInResetQuestion()
+{
+    TestHost host;
+    open(host, [&](QWidget *, QTableWidget *bodies) {
+        robot().expectBox(question, "Reset Standard body 07\nto sensor stored values?",
+                          QMessageBox::Yes, [&] {
+                              host.edit([](ControllerState &state) {
+                                  state.bodyTypes["standard"].bodies.resize(3);
+                              });
+                              host.io.send_message("GlobalEvent", "ConfigurationModule", 1,
+                                                   "ActiveConfigurationChanged");
+                              Drive::settle();
+                              host.clear();
+                          });
+        press(bodies, 6, ResetColumn);
+        QCOMPARE(bodies->rowCount(), 3);
+        QCOMPARE(host.writes(), QStringList());
+    });
+}
+
+void tst_BodyActions::unknownReset()
+{
+    TestHost host;
+    BodyAdministrationDlg dialog(&host.io, &host.mainWindow, &host.versions);
+    robot().expectDialog(QStringLiteral("BodyAdministrationDlg"), [&](QWidget *window) {
+        auto *tab = qobject_cast<BodyTypeAdministrationTab *>(page(window));
+        QVERIFY(tab);
+        host.clear();
+        robot().expectBox(failure, "Unknown reset of Standard body 01!", QMessageBox::Ok);
+        QVERIFY(!tab->resetBody(QStringLiteral("standard"), 0));
+        QCOMPARE(host.lines(), QStringList());
+    });
+    dialog.update_and_exec();
+}
+
+// Delete
+
+void tst_BodyActions::deletes_data()
+{
+    QTest::addColumn<QString>("protocol");
+    QTest::addColumn<int>("row");
+    QTest::addColumn<QString>("asked");
+    QTest::addColumn<QStringList>("writes");
+    const QString plain = QStringLiteral("Delete geometry of Standard body 0%1?");
+    const QString filter = QStringLiteral("body filter6d_preset standard b0%1 preset6d_default");
+    const QString markers = QStringLiteral("body number_of_marker standard b0%1 0");
+    const QString name = QStringLiteral("body desc standard b0%1 \"\"");
+    QTest::newRow("library, 1.24") << "1.24" << 1 << plain.arg(2)
+                                   << QStringList{filter.arg(2), markers.arg(2), name.arg(2)};
+    QTest::newRow("library, 1.20") << "1.20" << 1 << plain.arg(2)
+                                   << QStringList{filter.arg(2), markers.arg(2), name.arg(2)};
+    QTest::newRow("library, 1.12") << "1.12" << 1 << plain.arg(2)
+                                   << QStringList{filter.arg(2), markers.arg(2), name.arg(2)};
+    QTest::newRow("library, 1.11")
+            << "1.11" << 1 << plain.arg(2) << QStringList{markers.arg(2), name.arg(2)};
+    QTest::newRow("custom") << "1.24" << 0 << plain.arg(1)
+                            << QStringList{filter.arg(1), markers.arg(1), name.arg(1)};
+    QTest::newRow("sensor") << "1.21" << 3
+                            << "Delete assignment of sensor vendorone mini 'A7' and \n"
+                               "delete geometry of Standard body 04?"
+                            << QStringList{filter.arg(4), "body inertial_sensor standard b04 none",
+                                           markers.arg(4), name.arg(4)};
+    QTest::newRow("sensor unknown to 1.11")
+            << "1.11" << 3 << plain.arg(4) << QStringList{markers.arg(4), name.arg(4)};
+    QTest::newRow("reference") << "1.24" << 2
+                               << "Delete geometry of Standard body 03?\nIf yes, the assignment as "
+                                  "reference to other bodies will be deleted."
+                               << QStringList{"tracking reference none", filter.arg(3),
+                                              markers.arg(3), name.arg(3)};
+    QTest::newRow("reference unknown to 1.23")
+            << "1.23" << 2 << plain.arg(3)
+            << QStringList{filter.arg(3), markers.arg(3), name.arg(3)};
+}
+
+void tst_BodyActions::deletes()
+{
+    QFETCH(QString, protocol);
+    QFETCH(int, row);
+    QFETCH(QString, asked);
+    QFETCH(QStringList, writes);
+    TestHost host(studioOfProtocol(protocol));
+    open(host, [&](QWidget *, QTableWidget *bodies) {
+        robot().expectBox(question, asked, QMessageBox::Yes);
+        press(bodies, row, DeleteColumn);
+        QCOMPARE(host.writes(), writes + QStringList{customCheck});
+        QCOMPARE(host.queries().contains(
+                         QStringLiteral("body filter6d_preset_available standard b0%1 "
+                                        "preset6d_default")
+                                 .arg(row + 1)),
+                 protocol != QLatin1String("1.20") && protocol != QLatin1String("1.12")
+                         && protocol != QLatin1String("1.11"));
+        QCOMPARE(Drive::cell(bodies, row, CalibrationColumn), QStringLiteral("not calibrated"));
+        QCOMPARE(Drive::cell(bodies, row, NameColumn), QString());
+        QVERIFY(!isLive(bodies, row, DeleteColumn));
+    });
+    QCOMPARE(body(host, row).calibrated, false);
+    QCOMPARE(body(host, row).description, QString());
+    QCOMPARE(host.log(), QStringList());
+}
+
+void tst_BodyActions::deleteFailure_data()
+{
+    QTest::addColumn<int>("row");
+    QTest::addColumn<QString>("fault");
+    QTest::addColumn<QString>("detail");
+    QTest::addColumn<int>("sent");
+    QTest::addColumn<QStringList>("log");
+    QTest::newRow("filter") << 3 << "set body filter6d_preset* refuse"
+                            << "filter6d" << 1 << QStringList();
+    QTest::newRow("sensor") << 3 << "set body inertial_sensor* refuse"
+                            << "sensor" << 2 << QStringList();
+    QTest::newRow("markers") << 3 << "set body number_of_marker* refuse"
+                             << "markers" << 3 << QStringList();
+    QTest::newRow("description") << 3 << "set body desc* refuse"
+                                 << "description" << 4 << QStringList();
+    const QString availability = QStringLiteral("body filter6d_preset_available standard b04* ");
+    QTest::newRow("availability unknown")
+            << 3 << availability + "fail"
+            << "" << 3 << QStringList{"Error: Unable to get info preset available"};
+    QTest::newRow("preset not available") << 3 << availability + "answer \"no\""
+                                          << "" << 3 << QStringList();
+    QTest::newRow("reference unknown")
+            << 2 << "get tracking reference call 1 fail"
+            << "" << 3 << QStringList{"Unable to information of reference body"};
+    QTest::newRow("reference stays") << 2 << "set tracking reference none refuse"
+                                     << "" << 4 << QStringList{"Unable to reset reference body"};
+    QTest::newRow("reference gone meanwhile")
+            << 2 << "get tracking reference call 1 answer \"none\""
+            << "" << 3 << QStringList();
+    QTest::newRow("library name unknown")
+            << 0 << "get body targetlib_name standard b01 call 1 fail"
+            << "" << 3 << QStringList{"Unable to get info targetlib ID of body"};
+}
+
+void tst_BodyActions::deleteFailure()
+{
+    QFETCH(int, row);
+    QFETCH(QString, fault);
+    QFETCH(QString, detail);
+    QFETCH(int, sent);
+    QFETCH(QStringList, log);
+    const QString label = QStringLiteral("Standard body 0%1").arg(row + 1);
+    TestHost host;
+    open(host, [&](QWidget *, QTableWidget *bodies) {
+        host.fault(fault);
+        QString asked = QStringLiteral("Delete geometry of %1?").arg(label);
+        if (row == 3) {
+            asked = QStringLiteral("Delete assignment of sensor vendorone mini 'A7' and \n"
+                                   "delete geometry of %1?")
+                            .arg(label);
+        } else if (row == 2) {
+            asked += QStringLiteral("\nIf yes, the assignment as reference to other bodies will "
+                                    "be deleted.");
+        }
+        robot().expectBox(question, asked, QMessageBox::Yes);
+        if (!detail.isEmpty()) {
+            robot().expectBox(
+                    failure,
+                    QStringLiteral("Unable to reset %1 of %2\nDelete %2 failed").arg(detail, label),
+                    QMessageBox::Ok);
+        }
+        press(bodies, row, DeleteColumn);
+        QCOMPARE(host.writes().size(), sent + 1);
+        QCOMPARE(host.writes().last(), customCheck);
+        QCOMPARE(host.log(), log);
+        const BodyState left = body(host, row);
+        QCOMPARE(Drive::cell(bodies, row, NameColumn), left.description);
+        QCOMPARE(Drive::cell(bodies, row, CalibrationColumn) == QLatin1String("not calibrated"),
+                 !left.calibrated);
+        QCOMPARE(Drive::cell(bodies, row, DeviceIdColumn).isEmpty(), left.sensor.isEmpty());
+    });
+}
+
+void tst_BodyActions::deletedTargetIsFree()
+{
+    TestHost host;
+    open(host, [&](QWidget *window, QTableWidget *bodies) {
+        Drive::choose(Drive::find<QComboBox>(page(window), "comboBox_filter"), "Glasses Target");
+        QCOMPARE(Drive::row(targets(window), 0),
+                 (QStringList{"t06", "GL01", "Glasses round", "custom"}));
+        robot().expectBox(question, "Delete geometry of Standard body 02?", QMessageBox::Yes);
+        press(bodies, 1, DeleteColumn);
+        QVERIFY(host.queries().contains(QStringLiteral("targetlib target_status_calibrated t06")));
+        QCOMPARE(Drive::cell(targets(window), 0, 3), body(host, 1).target);
+    });
+}
+
+void tst_BodyActions::deletingUncalibratedBody()
+{
+    TestHost host;
+    BodyAdministrationDlg dialog(&host.io, &host.mainWindow, &host.versions);
+    robot().expectDialog(QStringLiteral("BodyAdministrationDlg"), [&](QWidget *window) {
+        auto *tab = qobject_cast<BodyTypeAdministrationTab *>(page(window));
+        QVERIFY(tab);
+        host.clear();
+        robot().expectBox(question, "Delete geometry of Standard body 08?", QMessageBox::Yes);
+        QVERIFY(tab->deleteBody(QStringLiteral("standard"), 7));
+        QCOMPARE(host.writes(), (QStringList{"body filter6d_preset standard b08 preset6d_default",
+                                             "body desc standard b08 \"\""}));
+    });
+    dialog.update_and_exec();
+}
+
+void tst_BodyActions::declinedDeleteWritesNothing()
+{
+    TestHost host;
+    open(host, [&](QWidget *, QTableWidget *bodies) {
+        robot().expectBox(question,
+                          "Delete geometry of Standard body 03?\nIf yes, the assignment as "
+                          "reference to other bodies will be deleted.",
+                          QMessageBox::No);
+        press(bodies, 2, DeleteColumn);
+        QCOMPARE(host.writes(), QStringList{customCheck});
+    });
+    QCOMPARE(host.state().trackingReference, QStringLiteral("standard b03"));
+}
+
+void tst_BodyActions::bodyDroppedInDeleteQuestion()
+{
+    TestHost host;
+    open(host, [&](QWidget *, QTableWidget *bodies) {
+        robot().expectBox(question, "Delete geometry of Standard body 06?", QMessageBox::Yes, [&] {
+            host.edit([](ControllerState &state) { state.bodyTypes["standard"].bodies.resize(3); });
+            host.io.send_message("GlobalEvent", "ConfigurationModule", 1,
+                                 "ActiveConfigurationChanged");
+            Drive::settle();
+            host.clear();
+        });
+        press(bodies, 5, DeleteColumn);
+        QCOMPARE(bodies->rowCount(), 3);
+        QCOMPARE(host.writes(), QStringList{customCheck});
+    });
+}
+
+void tst_BodyActions::dialogDeletedInDelete_data()
+{
+    QTest::addColumn<bool>("inFailure");
+    QTest::newRow("question") << false;
+    QTest::newRow("failure") << true;
+}
+
+void tst_BodyActions::dialogDeletedInDelete()
+{
+    QFETCH(bool, inFailure);
+    TestHost host;
+    host.fault(QStringLiteral("set body* refuse"));
+    openDeletable(host, [&](QWidget *, QTableWidget *bodies) {
+        const QString asked = QStringLiteral("Delete geometry of Standard body 01?");
+        if (!inFailure) {
+            robot().expectBox(question, asked, QMessageBox::Yes, deletion());
+        } else {
+            robot().expectBox(question, asked, QMessageBox::Yes);
+            robot().expectBox(failure,
+                              "Unable to reset filter6d of Standard body 01\n"
+                              "Delete Standard body 01 failed",
+                              QMessageBox::Ok, deletion());
+        }
+        press(bodies, 0, DeleteColumn);
+    });
+    QCOMPARE(host.writes().size(), inFailure ? 1 : 0);
+}
+
+// Moving
+
+void tst_BodyActions::movesBody_data()
+{
+    QTest::addColumn<QString>("protocol");
+    QTest::addColumn<QString>("button");
+    QTest::addColumn<int>("row");
+    QTest::addColumn<int>("target");
+    QTest::addColumn<QString>("command");
+    QTest::newRow("up") << "1.24"
+                        << "pushButton_up" << 2 << 1
+                        << "morvek2 body switch standard b03 standard b02";
+    QTest::newRow("down to the end")
+            << "1.11"
+            << "pushButton_down" << 6 << 7 << "morvek2 body switch standard b07 standard b08";
+}
+
+void tst_BodyActions::movesBody()
+{
+    QFETCH(QString, protocol);
+    QFETCH(QString, button);
+    QFETCH(int, row);
+    QFETCH(int, target);
+    QFETCH(QString, command);
+    TestHost host(studioOfProtocol(protocol));
+    const QString name = body(host, row).description;
+    open(host, [&](QWidget *window, QTableWidget *bodies) {
+        press(bodies, row, IdColumn);
+        Drive::click(window, qPrintable(button));
+        Drive::settle();
+        QCOMPARE(host.writes(), QStringList{command});
+        QCOMPARE(Drive::cell(bodies, target, NameColumn), name);
+        QCOMPARE(bodies->currentRow(), target);
+        QCOMPARE(bodies->selectedItems().value(0)->row(), target);
+        auto *down = Drive::find<QPushButton>(window, "pushButton_down");
+        QCOMPARE(down->isEnabled(), target != 7);
+        if (protocol == QLatin1String("1.24"))
+            QCOMPARE(bodies->item(target, ReferenceColumn)->checkState(), Qt::Checked);
+    });
+    QCOMPARE(body(host, target).description, name);
+    QCOMPARE(host.log(), QStringList());
+}
+
+void tst_BodyActions::failedMove()
+{
+    TestHost host;
+    host.fault(QStringLiteral("command morvek2 body switch* refuse"));
+    open(host, [&](QWidget *window, QTableWidget *bodies) {
+        press(bodies, 2, IdColumn);
+        host.clear();
+        robot().expectBox(failure, "Switching Standard body 03 and 02 failed!", QMessageBox::Ok);
+        Drive::click(window, "pushButton_up");
+        Drive::settle();
+        QCOMPARE(host.lines(), QStringList{"morvek2 body switch standard b03 standard b02"});
+        QCOMPARE(host.log(), QStringList{"Error: Unable to switch bodies"});
+        QCOMPARE(bodies->currentRow(), 2);
+        QCOMPARE(Drive::cell(bodies, 2, NameColumn), QStringLiteral("Room frame"));
+    });
+}
+
+void tst_BodyActions::oldProtocolMovesNothing()
+{
+    TestHost host(studioOfProtocol(QStringLiteral("1.10")));
+    open(host, [&](QWidget *window, QTableWidget *bodies) {
+        press(bodies, 2, IdColumn);
+        Drive::click(window, "pushButton_up");
+        Drive::settle();
+        QCOMPARE(host.writes(), QStringList());
+        QCOMPARE(bodies->currentRow(), 2);
+    });
+}
+
+void tst_BodyActions::dialogDeletedInMove()
+{
+    TestHost host;
+    host.fault(QStringLiteral("command morvek2 body switch* refuse"));
+    openDeletable(host, [&](QWidget *window, QTableWidget *bodies) {
+        press(bodies, 2, IdColumn);
+        robot().expectBox(failure, "Switching Standard body 03 and 02 failed!", QMessageBox::Ok,
+                          deletion());
+        Drive::click(window, "pushButton_up");
+    });
+}
+
+void tst_BodyActions::operationsRefuseBodiesThatAreNotThere()
+{
+    TestHost host;
+    BodyAdministrationDlg dialog(&host.io, &host.mainWindow, &host.versions);
+    robot().expectDialog(QStringLiteral("BodyAdministrationDlg"), [&](QWidget *window) {
+        auto *tab = qobject_cast<BodyTypeAdministrationTab *>(page(window));
+        QVERIFY(tab);
+        host.clear();
+        const QString standard = QStringLiteral("standard");
+        for (const int index : {-1, 8}) {
+            QVERIFY(!tab->resetBody(standard, index));
+            QVERIFY(!tab->deleteBody(standard, index));
+            QVERIFY(!tab->switchBody(standard, 0, index));
+            QVERIFY(!tab->switchBody(standard, index, 0));
+            QVERIFY(!tab->isBodyCalibrated(standard, index));
+            QCOMPARE(tab->getBodyDescription(standard, index), QString());
+        }
+        QVERIFY(!tab->resetBody(QStringLiteral("joywand"), 0));
+        QVERIFY(!tab->deleteBody(QStringLiteral("joywand"), 0));
+        QVERIFY(!tab->switchBody(QStringLiteral("joywand"), 0, 1));
+        QCOMPARE(tab->getNumberOfBodies(QStringLiteral("joywand")), 0);
+        QCOMPARE(tab->getNumberOfInertialSensors(standard), 3);
+        QCOMPARE(tab->getNumberOfCalibratedBodies(standard), 7);
+        QCOMPARE(host.lines(), QStringList());
+    });
+    dialog.update_and_exec();
+}
+
+TRACKING_TEST_MAIN(tst_BodyActions)
+#include "tst_bodyactions.moc"
