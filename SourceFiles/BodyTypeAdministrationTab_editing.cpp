@@ -359,7 +359,8 @@ bool BodyTypeAdministrationTab::resetToLibrary(const QString &type, int index,
     const Answer answer = UserQuestion::yesNo(
             this, tr("MORVEK3"),
             tr("Reset %1 %2\nto Target-Library geometry?").arg(typeLabel(type), bodyNumber(index)));
-    if (answer != Answer::Accepted)
+    // The table may have been refreshed while the question stood.
+    if (answer != Answer::Accepted || !bodyOf(type, index))
         return false;
     const bool done = BodyCommands(m_link).resetToLibrary(type, index, target);
     if (!done
@@ -379,8 +380,9 @@ bool BodyTypeAdministrationTab::resetSensor(const QString &type, int index, cons
                              : reset.hasHandEye
                                      ? tr("Reset %1 %2?\nHand eye calibration will be deleted!")
                                      : tr("Reset %1 %2?");
-    if (UserQuestion::yesNo(this, tr("MORVEK3"), question.arg(typeLabel(type), bodyNumber(index)))
-        != Answer::Accepted)
+    const Answer answer = UserQuestion::yesNo(
+            this, tr("MORVEK3"), question.arg(typeLabel(type), bodyNumber(index)));
+    if (answer != Answer::Accepted || !bodyOf(type, index))
         return false;
     const bool done = commands.resetSensor(sensor, reset);
     if (!done

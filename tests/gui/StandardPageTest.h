@@ -57,7 +57,7 @@ protected:
     }
     static QTableWidget *targets(QWidget *window)
     {
-        return Drive::find<QTableWidget>(window, "tableWidget_targetlibrary");
+        return Drive::find<QTableWidget>(page(window), "tableWidget_targetlibrary");
     }
     /** The page; other pages and the dialog have widgets of the same names. */
     static QWidget *page(QWidget *window) { return bodies(window)->parentWidget(); }

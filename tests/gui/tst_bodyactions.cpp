@@ -449,14 +449,19 @@ void tst_BodyActions::deletedTargetIsFree()
 {
     TestHost host;
     open(host, [&](QWidget *window, QTableWidget *bodies) {
-        Drive::choose(Drive::find<QComboBox>(page(window), "comboBox_filter"), "Glasses Target");
-        QCOMPARE(Drive::row(targets(window), 0),
-                 (QStringList{"t06", "GL01", "Glasses round", "custom"}));
-        robot().expectBox(question, "Delete geometry of Standard body 02?", QMessageBox::Yes);
-        press(bodies, 1, DeleteColumn);
-        QVERIFY(host.queries().contains(QStringLiteral("targetlib target_status_calibrated t06")));
-        QCOMPARE(Drive::cell(targets(window), 0, 3), body(host, 1).target);
+        Drive::choose(Drive::find<QComboBox>(page(window), "comboBox_filter"), "Cross Target");
+        QTableWidget *table = targets(window);
+        QCOMPARE(Drive::row(table, 2), (QStringList{"t03", "CR03", "Cross large", "yes"}));
+        robot().expectBox(question,
+                          "Delete geometry of Standard body 03?\nIf yes, the assignment as "
+                          "reference to other bodies will be deleted.",
+                          QMessageBox::Yes);
+        host.clear();
+        press(bodies, 2, DeleteColumn);
+        QCOMPARE(host.queries().count(QStringLiteral("targetlib target_status_calibrated t03")), 1);
+        QCOMPARE(Drive::row(table, 2), (QStringList{"t03", "CR03", "Cross large", ""}));
     });
+    QCOMPARE(body(host, 2).target, QString());
 }
 
 void tst_BodyActions::deletingUncalibratedBody()
