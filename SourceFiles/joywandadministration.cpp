@@ -5,6 +5,7 @@
 #include <QResizeEvent>
 #include <QTableWidgetItem>
 
+#include "bodynumber.h"
 #include "editdelegate.h"
 #include "targetlibrary.h"
 
@@ -144,7 +145,10 @@ QString JoywandAdministration::deviceText(int index)
     // Two columns of a row show parts of one answer.
     if (m_deviceIndex != index) {
         m_deviceIndex = index;
-        m_deviceText = link().text("joywand device b%2.2d", index + 1).value_or(noDevice);
+        const auto answer = link().text("joywand device b%2.2d", index + 1);
+        if (!answer)
+            link().log(tr("Error: Unable to get device of joywand b%1").arg(bodyNumber(index)));
+        m_deviceText = answer.value_or(noDevice);
     }
     return m_deviceText;
 }
