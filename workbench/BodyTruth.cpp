@@ -1,6 +1,8 @@
 #include "BodyTruth.h"
 
-#include <QStringList>
+#include "BackendVersions.h"
+
+#include <QVector>
 #include <functional>
 
 namespace {
@@ -120,16 +122,23 @@ bool toolReference(const ControllerState &state, const QString &type, int index,
     return !reference.isEmpty();
 }
 
-const QMap<QString, Reader> &readers()
+/** A column, and the protocol version from which a controller tells what stands in it. */
+struct Column {
+    const char *title;
+    VersionInfo since;
+    Reader read;
+};
+
+const QVector<Column> &columns()
 {
-    static const QMap<QString, Reader> all = {
-            {QStringLiteral("Active"), active},
-            {QStringLiteral("Reference"), reference},
-            {QStringLiteral("Reference ID"), toolReference},
-            {QStringLiteral("Name"), name},
-            {QStringLiteral("Device ID"), deviceId},
-            {QStringLiteral("Calibration"), calibration},
-            {QStringLiteral("Filter"), filter},
+    static const QVector<Column> all = {
+            {"Active", {1, 11, -1}, active},
+            {"Reference", {1, 11, -1}, reference},
+            {"Reference ID", {1, 4, -1}, toolReference},
+            {"Name", {0, 16, -1}, name},
+            {"Device ID", {1, 12, -1}, deviceId},
+            {"Calibration", {1, 12, -1}, calibration},
+            {"Filter", {1, 12, -1}, filter},
     };
     return all;
 }
@@ -139,6 +148,11 @@ const QMap<QString, Reader> &readers()
 bool BodyTruth::cell(const ControllerState &state, const QString &bodyType, int index,
                      const QString &column, QString *text)
 {
-    const Reader reader = readers().value(column);
-    return reader && reader(state, bodyType, index, text);
+    VersionInfo protocol;
+    protocol.fromString(state.protocol);
+    for (const Column &known : columns()) {
+        if (column == QLatin1String(known.title))
+            return protocol >= known.since && known.read(state, bodyType, index, text);
+    }
+    return false;
 }

@@ -12,7 +12,7 @@ namespace BodyTruth {
  *
  * @param column title of the column
  * @param text   "checked"/"unchecked" for a check box; what stands there otherwise
- * @return false when nothing can be said about this column
+ * @return false when nothing can be said about this column, or a controller so old does not tell
  */
 bool cell(const ControllerState &state, const QString &bodyType, int index, const QString &column,
           QString *text);

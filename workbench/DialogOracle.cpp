@@ -1,5 +1,6 @@
 #include "DialogOracle.h"
 
+#include "BackendVersions.h"
 #include "BodyTruth.h"
 #include "WidgetText.h"
 
@@ -159,8 +160,11 @@ void compareSingleMarkers(QStringList *lines, const ControllerState &state, cons
         compare(lines, box->objectName(), WidgetText::of(box), flag(state.calculateMarker));
     if (const QWidget *box = shown(dialog, "checkBox_autoReStart"))
         compare(lines, box->objectName(), WidgetText::of(box), flag(state.autoRestart));
+    // Older controllers do not tell the axis.
+    VersionInfo protocol;
+    protocol.fromString(state.protocol);
     const QWidget *axis = shown(dialog, "comboBox_5dofAxis");
-    if (axis && !axisName(state).isEmpty())
+    if (axis && protocol >= VersionInfo(1, 12, -1) && !axisName(state).isEmpty())
         compare(lines, axis->objectName(), WidgetText::of(axis), axisName(state));
 }
 
