@@ -289,5 +289,6 @@ private:
     std::unique_ptr<BodyTableIcons> m_tableIcons;
     TargetSearchPanel m_search;
     QSet<QString> m_customTargets;
+    bool m_isActingOnCheckBox = false;
     int m_filling = 0;
 };

@@ -80,13 +80,19 @@ void BodyTypeAdministrationTab::actOnCheckBox(const QString &type, int row, int 
     // Toggled twice before this ran: there is nothing to tell the controller.
     if (checked == (activeColumn ? isBodyActive(type, row) : getBodyIsReference(type, row)))
         return;
+    // A click comes here twice, and its second call would find the first one's question still open.
+    if (m_isActingOnCheckBox)
+        return;
+    m_isActingOnCheckBox = true;
     const QPointer<QWidget> self(this);
     if (activeColumn)
         setBodyActive(type, row, checked);
     else
         setBodyReference(type, row, checked);
-    if (self)
-        emit selection_changed(type, row);
+    if (!self)
+        return;
+    m_isActingOnCheckBox = false;
+    emit selection_changed(type, row);
 }
 
 void BodyTypeAdministrationTab::filterCellClicked(const QString &type, int row)

@@ -21,6 +21,8 @@ private slots:
     void deadDisplay();
     void tour();
     void tourIsTheSameTwice();
+    void walks_data();
+    void walks();
     void demonstrations_data();
     void demonstrations();
     void failingScript();
@@ -217,6 +219,28 @@ void tst_WorkbenchProgram::tourIsTheSameTwice()
     const QByteArray first = read(QStringLiteral("first/transcript.txt"));
     QVERIFY(!first.isEmpty());
     QCOMPARE(first, read(QStringLiteral("second/transcript.txt")));
+}
+
+void tst_WorkbenchProgram::walks_data()
+{
+    QTest::addColumn<QString>("scenario");
+    const QDir folder(QStringLiteral(TRACKING_SCENARIO_DIR));
+    const QStringList files = folder.entryList({QStringLiteral("*.json")}, QDir::Files);
+    for (const QString &file : files) {
+        const QString name = QFileInfo(file).completeBaseName();
+        QTest::newRow(qPrintable(name)) << name;
+    }
+}
+
+/** Every shipped scenario has a walk, in which the dialogs never contradict the controller. */
+void tst_WorkbenchProgram::walks()
+{
+    QFETCH(QString, scenario);
+    const QString script =
+            QStringLiteral(TRACKING_SOURCE_DIR "/tests/workbench/walks/%1.script").arg(scenario);
+    const Outcome outcome = run({"--script", script, "--scenario", scenario}, false);
+    QCOMPARE(outcome.err, QString());
+    QCOMPARE(outcome.status, 0);
 }
 
 void tst_WorkbenchProgram::demonstrations_data()
