@@ -195,6 +195,12 @@ bool BodyAdministrationDlg::isCalTargetlibactive() const
 
 void BodyAdministrationDlg::keyPressEvent(QKeyEvent *event)
 {
+    // Enter ends the editing of a field and must not press a button of the page besides. A button
+    // that has the focus takes the key before it comes here.
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        event->accept();
+        return;
+    }
     if (event->key() != Qt::Key_F8) {
         QDialog::keyPressEvent(event);
         return;

@@ -59,9 +59,11 @@ private slots:
 
     void typedCountAppliesOnce();
     void arrowKeysChangeCount();
+    void enterInAFieldPressesNoButton();
     void droppingLastReferenceAsks();
     void droppingOtherReferenceDoesNotAsk();
     void refusedCountShowsController();
+    void clampedCountShowsController();
     void dialogDeletedInCountQuestion();
 
     void referenceMovesToAnotherBody();
@@ -73,6 +75,8 @@ private slots:
     void oldProtocolWritesNoReference();
 
     void filterCellOpensFilterDialog();
+    void dialogDeletedInFilterDialog();
+    void deadLinkKeepsWhatWasRead();
     void lockedConfigurationEditsNothing();
 };
 
@@ -629,6 +633,28 @@ void tst_BodyTable::arrowKeysChangeCount()
     });
 }
 
+void tst_BodyTable::enterInAFieldPressesNoButton()
+{
+    TestHost host;
+    open(host, [&](QWidget *window, QTableWidget *bodies) {
+        press(bodies, 3, IdColumn);
+        Drive::typeNumber(Drive::find<QSpinBox>(window, "spinBox_standard_bodies"),
+                          QStringLiteral("8"));
+        for (const int key : {Qt::Key_Return, Qt::Key_Enter}) {
+            QTest::keyClick(bodies, Qt::Key(key));
+            QTest::keyClick(targets(window), Qt::Key(key));
+        }
+        Drive::settle();
+        QCOMPARE(host.writes(), QStringList());
+        QVERIFY(window->isVisible());
+        auto *up = Drive::find<QPushButton>(page(window), "pushButton_up");
+        up->setFocus();
+        QTest::keyClick(up, Qt::Key_Return);
+        Drive::settle();
+        QCOMPARE(host.writes(), QStringList{"morvek2 body switch standard b04 standard b03"});
+    });
+}
+
 namespace {
 
 const QString countQuestion =
@@ -688,6 +714,24 @@ void tst_BodyTable::refusedCountShowsController()
         QCOMPARE(count->value(), 8);
         QCOMPARE(bodies->rowCount(), 8);
     });
+}
+
+void tst_BodyTable::clampedCountShowsController()
+{
+    TestHost host;
+    host.fault(QStringLiteral("set standard number_of_bodies* clamp"));
+    open(host, [&](QWidget *window, QTableWidget *bodies) {
+        auto *count = Drive::find<QSpinBox>(window, "spinBox_standard_bodies");
+        press(bodies, 7, IdColumn);
+        Drive::typeNumber(count, QStringLiteral("10"));
+        Drive::settle();
+        QCOMPARE(host.writes(), QStringList{"standard number_of_bodies 10"});
+        QCOMPARE(count->value(), 5);
+        QCOMPARE(bodies->rowCount(), 5);
+        QVERIFY(bodies->currentRow() < 5);
+        QVERIFY(!Drive::find<QPushButton>(page(window), "pushButton_down")->isEnabled());
+    });
+    QCOMPARE(host.log(), QStringList());
 }
 
 void tst_BodyTable::dialogDeletedInCountQuestion()
@@ -819,6 +863,35 @@ void tst_BodyTable::filterCellOpensFilterDialog()
         bodies->setCurrentCell(1, FilterColumn);
         QTest::keyClick(bodies, Qt::Key_Return);
         Drive::settle();
+    });
+}
+
+void tst_BodyTable::dialogDeletedInFilterDialog()
+{
+    TestHost host;
+    openDeletable(host, [&](QWidget *, QTableWidget *bodies) {
+        robot().expectDialog(QStringLiteral("FilterDialog"),
+                             [this](QWidget *) { delete m_dialog; });
+        press(bodies, 2, FilterColumn);
+    });
+    QCOMPARE(host.writes(), QStringList());
+}
+
+void tst_BodyTable::deadLinkKeepsWhatWasRead()
+{
+    TestHost host;
+    open(host, [&](QWidget *, QTableWidget *bodies) {
+        const QStringList shown = Drive::row(bodies, 2);
+        host.fault(QStringLiteral("set body active* link-dead"));
+        toggle(bodies, 1, ActiveColumn);
+        QCOMPARE(host.writes(), QStringList{"body active standard b02 no"});
+        QCOMPARE(host.log().value(0),
+                 QStringLiteral("Error: Unable to set activeness of body standard b02"));
+        QCOMPARE(bodies->item(1, ActiveColumn)->checkState(), Qt::Checked);
+        QCOMPARE(bodies->rowCount(), 8);
+        QCOMPARE(Drive::row(bodies, 2), shown);
+        for (const QString &line : host.log())
+            QVERIFY2(line.startsWith(QLatin1String("Error: Unable to")), qPrintable(line));
     });
 }
 
