@@ -56,14 +56,17 @@ BodyAdministrationDlg::~BodyAdministrationDlg() = default;
 void BodyAdministrationDlg::resizeToFont()
 {
     // Wide enough for the names beside all other columns, at any scale and within the screen.
-    constexpr int characters = 165;
+    constexpr int characters = 190;
     constexpr int lines = 36;
+    constexpr int fewestLines = 28;
     const QSize wanted(fontMetrics().averageCharWidth() * characters,
                        fontMetrics().lineSpacing() * lines);
     const QScreen *screen = QGuiApplication::primaryScreen();
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     setSizeGripEnabled(true);
-    resize(screen ? wanted.boundedTo(screen->availableSize()) : wanted);
+    const QSize available = screen ? screen->availableSize() : wanted;
+    const int lowest = fontMetrics().lineSpacing() * fewestLines;
+    resize(wanted.boundedTo(available.expandedTo(QSize(0, lowest))));
 }
 
 void BodyAdministrationDlg::createTabs()

@@ -432,6 +432,20 @@ QString takePicture(ScriptContext &context, const QStringList &arguments)
                    : QStringLiteral("expected to write %1, found it impossible").arg(file);
 }
 
+QString resizeWindow(ScriptContext &context, const QStringList &arguments)
+{
+    QWidget *modal = WidgetFinder::modalWindow();
+    QWidget *window = modal ? modal : context.window;
+    bool isWidth = false;
+    bool isHeight = false;
+    const QSize size(arguments.at(0).toInt(&isWidth), arguments.at(1).toInt(&isHeight));
+    if (!isWidth || !isHeight || size.isEmpty())
+        return QStringLiteral("expected a width and a height in pixels, found %1 %2")
+                .arg(arguments.at(0), arguments.at(1));
+    window->resize(size);
+    return QString();
+}
+
 QVector<ScriptCommand> inputActions()
 {
     return {
@@ -447,6 +461,7 @@ QVector<ScriptCommand> inputActions()
             {"type", 4, 4, "TABLE ROW COLUMN TEXT", typeIntoCell},
             {"check", 3, 3, "TABLE ROW COLUMN", toggleCell},
             {"page", 2, 2, "TABWIDGET TITLE", showPage},
+            {"resize", 2, 2, "WIDTH HEIGHT", resizeWindow},
             {"answer", 3, 3, "TITLE TEXT BUTTON", answerBox},
     };
 }
