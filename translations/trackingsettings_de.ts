@@ -814,20 +814,12 @@ Richtungswechseln über. Mit 0 ms wird nichts vorhergesagt; ein negativer Wert l
         <translation>Ein Standardkörper meldet sonst die drei Winkel rx, ry und rz, die die Kameras messen. Ein fester Winkel ersetzt einen davon durch eine Zahl, die gleich bleibt, wie sich der Körper auch dreht. Die anderen Winkel und die Position werden weiter gemessen.</translation>
     </message>
     <message>
-        <source>The data display with a fixed angle: rx keeps its number while ry and rz follow the body.</source>
-        <translation>Die Datenanzeige mit einem festen Winkel: rx behält seine Zahl, ry und rz folgen dem Körper.</translation>
-    </message>
-    <message>
         <source>How to switch a fixed angle on</source>
         <translation>Wie ein fester Winkel eingeschaltet wird</translation>
     </message>
     <message>
         <source>Tick the box in the column rx, ry or rz of the body. To change the angle, double-click the number, or press F2, and type the angle in degrees with a decimal point. By keyboard the arrow keys choose the cell and the space bar ticks its box. OK sends all rows to the controller, Cancel sends none.</source>
         <translation>Setzen Sie das Häkchen in der Spalte rx, ry oder rz des Körpers. Um den Winkel zu ändern, klicken Sie doppelt auf die Zahl oder drücken F2 und geben den Winkel in Grad mit einem Dezimalpunkt ein. Auf der Tastatur wählen die Pfeiltasten die Zelle, die Leertaste setzt das Häkchen. OK sendet alle Zeilen an den Controller, Abbrechen keine.</translation>
-    </message>
-    <message>
-        <source>The body table: a ticked angle is fixed, a grey row cannot be changed.</source>
-        <translation>Die Körpertabelle: ein angehakter Winkel ist fest, eine graue Zeile lässt sich nicht ändern.</translation>
     </message>
     <message>
         <source>Which angles are allowed</source>
@@ -844,6 +836,14 @@ Richtungswechseln über. Mit 0 ms wird nichts vorhergesagt; ein negativer Wert l
     <message>
         <source>The body has to be calibrated, and its target has to be a standard target or a cylindrical one of two 5DOF targets. All other bodies are shown in grey.</source>
         <translation>Der Körper muss kalibriert sein, und sein Target muss ein Standard-Target oder ein zylindrisches aus zwei 5DOF-Targets sein. Alle anderen Körper sind grau.</translation>
+    </message>
+    <message>
+        <source>The data display: the marked angle ry of the first body is fixed and keeps its number, while its other angles and its position follow the body.</source>
+        <translation>Die Datenanzeige: Der markierte Winkel ry des ersten Körpers ist fest und behält seine Zahl, während seine anderen Winkel und seine Position dem Körper folgen.</translation>
+    </message>
+    <message>
+        <source>The body table: a ticked angle is fixed to the number beside it, a grey row cannot be changed.</source>
+        <translation>Die Körpertabelle: Ein angehakter Winkel ist auf die Zahl daneben festgelegt, eine graue Zeile lässt sich nicht ändern.</translation>
     </message>
 </context>
 <context>
@@ -935,6 +935,10 @@ Richtungswechseln über. Mit 0 ms wird nichts vorhergesagt; ein negativer Wert l
     <message>
         <source>Error: Unable to get info whether multiuser joywand with head is activated</source>
         <translation>Error: Unable to get info whether multiuser joywand with head is activated</translation>
+    </message>
+    <message>
+        <source>Error: Unable to get device of joywand b%1</source>
+        <translation>Error: Unable to get device of joywand b%1</translation>
     </message>
 </context>
 <context>

@@ -117,7 +117,7 @@ bool WorkbenchOptions::parse(const QStringList &arguments, WorkbenchOptions *opt
 {
     const QVector<OptionEntry> known = entries();
     for (int i = 0; i < arguments.size(); ++i) {
-        const QString argument = arguments.at(i);
+        const QString &argument = arguments.at(i);
         const bool isOption = argument.startsWith(QLatin1String("--"));
         const int equals = isOption ? argument.indexOf(QLatin1Char('=')) : -1;
         // "transcript-diff A B" reads like a command of its own, so the dashes may be left out.
