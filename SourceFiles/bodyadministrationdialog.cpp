@@ -56,7 +56,7 @@ BodyAdministrationDlg::~BodyAdministrationDlg() = default;
 void BodyAdministrationDlg::resizeToFont()
 {
     // Wide enough for the names beside all other columns, at any scale and within the screen.
-    constexpr int characters = 190;
+    constexpr int characters = 205;
     constexpr int lines = 36;
     constexpr int fewestLines = 28;
     const QSize wanted(fontMetrics().averageCharWidth() * characters,
