@@ -386,8 +386,8 @@ bool BodyTypeAdministrationTab::resetSensor(const QString &type, int index, cons
                              : reset.hasHandEye
                                      ? tr("Reset %1 %2?\nHand eye calibration will be deleted!")
                                      : tr("Reset %1 %2?");
-    const Answer answer = UserQuestion::yesNo(
-            this, tr("MORVEK3"), question.arg(typeLabel(type), bodyNumber(index)));
+    const Answer answer = UserQuestion::yesNo(this, tr("MORVEK3"),
+                                              question.arg(typeLabel(type), bodyNumber(index)));
     if (answer != Answer::Accepted || !bodyOf(type, index))
         return false;
     const bool done = commands.resetSensor(sensor, reset);
