@@ -54,8 +54,9 @@ JoywandAdministration::JoywandAdministration(IOManager *manager, QWidget *parent
                    {ui->spinBox_joywands, ui->pushButton_filter, ui->pushButton_calibration}});
     registerBodyType(joywandType);
     registerSpinBox(joywandType, ui->spinBox_joywands);
+    // Queued like the count itself, so that the head targets are counted after the devices.
     connect(ui->spinBox_joywands, SIGNAL(valueChanged(int)), this,
-            SLOT(ON_spinBox_joywands_valueChanged(int)));
+            SLOT(ON_spinBox_joywands_valueChanged(int)), Qt::QueuedConnection);
     m_filterAvailable = getBodyTypeFilter6dAvailable(joywandType);
     setup_joywand_table();
     setup_tableWidget_targetlibrary(ui->tableWidget_targetlibrary);

@@ -128,6 +128,7 @@ void typeNumber(QWidget *spinBox, const QString &number)
     edit->selectAll();
     QTest::keyClicks(edit, number);
     QTest::keyClick(edit, Qt::Key_Return);
+    settle();
 }
 
 QString cell(const QTableWidget *table, int row, int column)
