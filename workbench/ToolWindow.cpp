@@ -36,7 +36,7 @@ ToolWindow::ToolWindow(WorkbenchSession *session)
     tabifyDockWidget(client, new OracleDock(session, this));
     tabifyDockWidget(client, new StallDock(m_stalls, this));
     client->raise();
-    resize(960, 720);
+    resize(1000, 760);
 }
 
 ToolWindow::~ToolWindow() = default;

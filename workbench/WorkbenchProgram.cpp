@@ -20,6 +20,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
+#include <QScreen>
 #include <QTemporaryDir>
 #include <QTextStream>
 #include <QTimer>
@@ -172,7 +173,12 @@ bool WorkbenchProgram::openWindows(QString *error)
     StallMeter *stalls = m_window->toolWindow()->stalls();
     stalls->setLatencyMs(m_options.latencyMs);
     stalls->start();
-    m_window->toolWindow()->show();
+    // Side by side where the screen is wide enough, so that both can be watched.
+    const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
+    ToolWindow *tools = m_window->toolWindow();
+    m_window->move(area.topLeft());
+    tools->move(qMax(area.left(), area.right() - tools->frameGeometry().width()), area.top());
+    tools->show();
     m_window->show();
     m_window->activateWindow();
     return true;
