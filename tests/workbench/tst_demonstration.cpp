@@ -73,6 +73,9 @@ void tst_Demonstration::show(const QByteArray &text)
     context.session = m_session.get();
     context.window = m_window.get();
     m_window->toolWindow()->showDemonstration(script, context);
+    // A dock that comes later is shown by the event loop.
+    QTRY_VERIFY(Drive::find<QPushButton>(m_window->toolWindow(), "pushButton_playDemonstration")
+                        ->isVisible());
 }
 
 QString tst_Demonstration::outcome() const
