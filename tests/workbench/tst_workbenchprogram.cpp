@@ -28,6 +28,8 @@ private slots:
     void failingScript();
     void faultsFromTheCommandLine();
     void recordAndReplay();
+    void recordings_data();
+    void recordings();
     void replayThatDiffers();
     void transcriptDiff();
     void preferencesOfTheUserAreLeftAlone();
@@ -313,6 +315,27 @@ void tst_WorkbenchProgram::recordAndReplay()
     QCOMPARE(replayed.err, QString());
     QCOMPARE(replayed.status, 0);
     QCOMPARE(read(QStringLiteral("a.jsonl")), read(QStringLiteral("b.jsonl")));
+}
+
+void tst_WorkbenchProgram::recordings_data()
+{
+    QTest::addColumn<QString>("stem");
+    const QDir folder(QStringLiteral(TRACKING_SOURCE_DIR "/tests/workbench/recordings"));
+    const QStringList files = folder.entryList({QStringLiteral("*.jsonl")}, QDir::Files);
+    for (const QString &file : files) {
+        const QString stem = QFileInfo(file).completeBaseName();
+        QTest::newRow(qPrintable(stem)) << folder.filePath(stem);
+    }
+}
+
+/** The module still asks what it asked when the session was recorded. */
+void tst_WorkbenchProgram::recordings()
+{
+    QFETCH(QString, stem);
+    const Outcome outcome = run({"--script", stem + QStringLiteral(".script"), "--replay",
+                                 stem + QStringLiteral(".jsonl")});
+    QCOMPARE(outcome.err, QString());
+    QCOMPARE(outcome.status, 0);
 }
 
 void tst_WorkbenchProgram::replayThatDiffers()
