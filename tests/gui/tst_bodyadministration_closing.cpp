@@ -306,6 +306,9 @@ void tst_BodyAdministrationClosing::survivesBeingDeletedWithQuestion_data()
     QTest::newRow("result of a search")
             << QByteArray(standardPage) << "MORVEK3"
             << "No targets could be identified in library" << QByteArray("pushButton_stop");
+    QTest::newRow("overwriting a calibration")
+            << QByteArray(handsPage) << "Warning"
+            << "Overwrite body calibration data of Left hand?" << QByteArray("pushButton_select");
 }
 
 void tst_BodyAdministrationClosing::survivesBeingDeletedWithQuestion()
@@ -321,8 +324,12 @@ void tst_BodyAdministrationClosing::survivesBeingDeletedWithQuestion()
         goTo(window, form);
         QWidget *shown = page(window, form);
         Drive::holdTimers(shown);
-        if (!button.isEmpty())
+        if (button == "pushButton_stop")
             Drive::click(shown, "pushButton_start");
+        if (button == "pushButton_select") {
+            Drive::clickCell(table(shown, "tableWidget_fingertracking"), 0, 0);
+            Drive::clickCell(table(shown, "tableWidget_targetlibrary"), 1, 1);
+        }
         QStringList lines;
         robot().expectBox(title, text, Box::Ok, [&] {
             host.clear();
