@@ -30,6 +30,8 @@ void ScriptRunner::scheduleNext(int hops)
     QTimer::singleShot(1, this, [this, hops] {
         if (m_finished)
             return;
+        m_heldNs = qMax(m_heldNs, m_clock.isValid() ? m_clock.nsecsElapsed() : 0);
+        m_clock.start();
         if (hops > 1)
             scheduleNext(hops - 1);
         else
@@ -60,6 +62,7 @@ void ScriptRunner::runNext()
     // already.
     scheduleNext(settlingRounds);
     m_operationsBefore = m_context.session->io()->transcript().size();
+    m_heldNs = 0;
     m_clock.start();
     const QString problem = command->run(m_context, line.words.mid(nameLength));
     if (!problem.isEmpty() && !m_finished)
@@ -88,11 +91,12 @@ void ScriptRunner::recordCost()
     const int operations = m_context.session->io()->transcript().size() - m_operationsBefore;
     if (operations <= 0)
         return;
-    m_costs << QStringLiteral("line %1: %2 operations, %3 ms: %4")
+    m_costs << QStringLiteral("line %1: %2 operations, held %3 ms: %4")
                        .arg(line.number)
                        .arg(operations)
-                       .arg(m_clock.nsecsElapsed() / 1e6, 0, 'f', 1)
-                       .arg(line.words.join(QLatin1Char(' ')));
+                       .arg(m_heldNs / 1e6, 0, 'f', 1)
+                       .arg(line.words.join(QLatin1Char(' '))
+                                    .replace(QLatin1Char('\n'), QLatin1Char(' ')));
 }
 
 void ScriptRunner::finish(const QString &failure)

@@ -25,7 +25,10 @@ public:
     bool isFinished() const { return m_finished; }
     /** "file:line: expected ..., found ..."; empty when every line succeeded. */
     QString failure() const { return m_failure; }
-    /** For each line that asked the controller for anything: number of operations, time it took. */
+    /**
+     * For each line that asked the controller for anything: number of operations, and the longest
+     * time in which the dialogs could not react.
+     */
     QStringList actionCosts() const { return m_costs; }
 
 signals:
@@ -43,7 +46,8 @@ private:
     ScriptContext m_context;
     int m_next = 0;
     int m_operationsBefore = 0; ///< when the last line began
-    QElapsedTimer m_clock;      ///< runs since the last line began
+    QElapsedTimer m_clock;      ///< runs since the event loop last had control
+    qint64 m_heldNs = 0;        ///< longest time the last line kept it from the event loop
     bool m_finished = false;
     QString m_failure;
     QStringList m_costs;

@@ -228,6 +228,7 @@ void tst_WorkbenchProgram::walks_data()
     QTest::addColumn<QString>("scenario");
     const QDir folder(QStringLiteral(TRACKING_SCENARIO_DIR));
     const QStringList files = folder.entryList({QStringLiteral("*.json")}, QDir::Files);
+    QVERIFY(!files.isEmpty());
     for (const QString &file : files) {
         const QString name = QFileInfo(file).completeBaseName();
         QTest::newRow(qPrintable(name)) << name;
@@ -250,6 +251,7 @@ void tst_WorkbenchProgram::demonstrations_data()
     QTest::addColumn<QString>("name");
     const QDir folder(QStringLiteral(TRACKING_SCENARIO_DIR "/demos"));
     const QStringList files = folder.entryList({QStringLiteral("*.script")}, QDir::Files);
+    QCOMPARE(files.size(), 6);
     for (const QString &file : files) {
         const QString name = QFileInfo(file).completeBaseName();
         QTest::newRow(qPrintable(name)) << name;
@@ -322,6 +324,7 @@ void tst_WorkbenchProgram::recordings_data()
     QTest::addColumn<QString>("stem");
     const QDir folder(QStringLiteral(TRACKING_SOURCE_DIR "/tests/workbench/recordings"));
     const QStringList files = folder.entryList({QStringLiteral("*.jsonl")}, QDir::Files);
+    QVERIFY(!files.isEmpty());
     for (const QString &file : files) {
         const QString stem = QFileInfo(file).completeBaseName();
         QTest::newRow(qPrintable(stem)) << folder.filePath(stem);
