@@ -185,6 +185,8 @@ protected slots:
 protected:
     /** A box may stand between the click on select and the assignment; false stops it. */
     virtual bool mayAssignTarget(const QString &targetShortName);
+    /** True while the body and the target are current that the user pressed select for. */
+    bool isChoiceUnchanged() const;
     /** The target was assigned and the tab refreshed. */
     virtual void targetAssigned(const QString &targetId);
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -266,13 +268,21 @@ protected:
     QMap<QString, AdminBodyType> bodytypes;
 
 private:
+    /** What the user chose when pressing select. */
+    struct AssignmentChoice {
+        int bodyRow = -1;
+        QString bodyName;
+        QString targetId;
+    };
+    AssignmentChoice currentChoice() const;
+    void refreshTracked(Target *target);
     AdminBodyType *recordOf(const QString &type);
     const AdminBody *bodyOf(const QString &type, int index) const;
     QString typeOfTable(const QObject *table) const;
     void actOnCell(const QString &type, int row, int column);
     void actOnCellLater(const QString &type, int row, int column);
     void actOnCheckBox(const QString &type, int row, int column);
-    void countChosen(const QString &type, int count);
+    void countChosen(const QString &type);
     void filterCellClicked(const QString &type, int row);
     bool resetToLibrary(const QString &type, int index, const QString &target);
     bool resetSensor(const QString &type, int index, const QString &sensor);
@@ -289,6 +299,8 @@ private:
     std::unique_ptr<BodyTableIcons> m_tableIcons;
     TargetSearchPanel m_search;
     QSet<QString> m_customTargets;
+    AssignmentChoice m_choice;
     bool m_isActingOnCheckBox = false;
     int m_filling = 0;
+    bool m_isCountBeingChosen = false;
 };

@@ -183,7 +183,7 @@ bool BodyTypeAdministrationTab::eventFilter(QObject *watched, QEvent *event)
 
 // Body count
 
-void BodyTypeAdministrationTab::ON_spinBox_valueChanged(int count)
+void BodyTypeAdministrationTab::ON_spinBox_valueChanged(int)
 {
     auto *spinBox = qobject_cast<QSpinBox *>(sender());
     if (!spinBox || !spinBox->isVisible())
@@ -194,27 +194,36 @@ void BodyTypeAdministrationTab::ON_spinBox_valueChanged(int count)
             continue;
         // A box may be asked, and the spin box must not be deleted in its own key handling.
         QMetaObject::invokeMethod(
-                this, [this, type, count] { countChosen(type, count); }, Qt::QueuedConnection);
+                this, [this, type] { countChosen(type); }, Qt::QueuedConnection);
     }
 }
 
-void BodyTypeAdministrationTab::countChosen(const QString &type, int count)
+void BodyTypeAdministrationTab::countChosen(const QString &type)
 {
+    const AdminBodyType *known = record(type);
+    // While a question about one step stands, a further step must not ask it again.
+    if (m_isCountBeingChosen || !known || !known->spinBox)
+        return;
+    m_isCountBeingChosen = true;
     const QPointer<QWidget> self(this);
-    setNumberOfBodies(type, count);
-    if (self)
-        updateCalStatusTablewidgetTl(type);
+    setNumberOfBodies(type, known->spinBox->value());
+    if (!self)
+        return;
+    m_isCountBeingChosen = false;
+    updateCalStatusTablewidgetTl(type);
 }
 
 void BodyTypeAdministrationTab::setNumberOfBodies(const QString &type, int count)
 {
     if (!isBodyTypeRegistered(type) || count == getNumberOfBodies(type))
         return;
-    const int oldCount = getNumberOfBodies(type);
+    const int asked = getNumberOfBodies(type);
     const QPointer<QWidget> self(this);
-    checkForReferenceDisabeledAndResetIfNec(count, oldCount, type);
-    if (!self || count == oldCount)
+    checkForReferenceDisabeledAndResetIfNec(count, asked, type);
+    // The records may have been read anew while the question stood.
+    if (!self || count == asked || count == getNumberOfBodies(type))
         return;
+    const int oldCount = getNumberOfBodies(type);
     morvek2_setNumberOfBodies(type, count);
     AdminBodyType *known = recordOf(type);
     known->bodies.resize(m_reader.readCount(type));
@@ -250,6 +259,8 @@ void BodyTypeAdministrationTab::checkForReferenceDisabeledAndResetIfNec(int &new
 
 void BodyTypeAdministrationTab::setBodyActive(const QString &type, int index, bool active)
 {
+    if (!bodyOf(type, index))
+        return;
     if (m_link.protocolAtLeast(1, 11))
         morvek2_setBodyActive(type, index, active);
     updateBodyInfo(type, index);
@@ -366,7 +377,7 @@ bool BodyTypeAdministrationTab::resetToLibrary(const QString &type, int index,
             this, tr("MORVEK3"),
             tr("Reset %1 %2\nto Target-Library geometry?").arg(typeLabel(type), bodyNumber(index)));
     // The table may have been refreshed while the question stood.
-    if (answer != Answer::Accepted || !bodyOf(type, index))
+    if (answer != Answer::Accepted || getBodyTargetlibName(type, index) != target)
         return false;
     const bool done = BodyCommands(m_link).resetToLibrary(type, index, target);
     if (!done
@@ -388,7 +399,7 @@ bool BodyTypeAdministrationTab::resetSensor(const QString &type, int index, cons
                                      : tr("Reset %1 %2?");
     const Answer answer = UserQuestion::yesNo(this, tr("MORVEK3"),
                                               question.arg(typeLabel(type), bodyNumber(index)));
-    if (answer != Answer::Accepted || !bodyOf(type, index))
+    if (answer != Answer::Accepted || getBodyInertialSensor(type, index) != sensor)
         return false;
     const bool done = commands.resetSensor(sensor, reset);
     if (!done

@@ -10,6 +10,7 @@
 #include "bodynumber.h"
 #include "target.h"
 #include "targetlibrary.h"
+#include "timerpause.h"
 #include "userquestion.h"
 
 using UserQuestion::Answer;
@@ -149,24 +150,42 @@ bool BodyTypeAdministrationTab::overwriteBodyCalibration(const QString &name)
                       == Answer::Accepted;
 }
 
+BodyTypeAdministrationTab::AssignmentChoice BodyTypeAdministrationTab::currentChoice() const
+{
+    const TabWidgets &widgets = tabWidgets();
+    const int bodyRow = widgets.bodyTable->currentRow();
+    return {bodyRow, getBodyDescription(widgets.type, bodyRow),
+            TargetTableFiller::targetId(widgets.targetTable, widgets.targetTable->currentRow())};
+}
+
+bool BodyTypeAdministrationTab::isChoiceUnchanged() const
+{
+    const AssignmentChoice now = currentChoice();
+    return !m_is_config_locked && now.bodyRow == m_choice.bodyRow
+           && now.bodyName == m_choice.bodyName && now.targetId == m_choice.targetId;
+}
+
 void BodyTypeAdministrationTab::on_pushButton_select_clicked()
 {
     const TabWidgets widgets = tabWidgets();
-    const int bodyRow = widgets.bodyTable->currentRow();
-    const int targetRow = widgets.targetTable->currentRow();
-    const QString targetId = TargetTableFiller::targetId(widgets.targetTable, targetRow);
-    if (bodyRow < 0 || targetId.isEmpty())
+    m_choice = currentChoice();
+    if (m_choice.bodyRow < 0 || m_choice.targetId.isEmpty())
         return;
-    selectionTableLeft = bodyRow;
-    selectionTableRight = targetRow;
-    const QString shortName = TargetTableFiller::shortName(widgets.targetTable, targetRow);
+    selectionTableLeft = m_choice.bodyRow;
+    selectionTableRight = widgets.targetTable->currentRow();
+    const QString targetId = m_choice.targetId;
+    const QString shortName =
+            TargetTableFiller::shortName(widgets.targetTable, selectionTableRight);
+    // The list of targets must not change under the questions that follow.
+    const TimerPause pause(timerCheckForTracked_tl);
     const QPointer<QWidget> self(this);
-    if (!overwriteBodyCalibration(getBodyDescription(widgets.type, bodyRow)) || !self)
+    if (!overwriteBodyCalibration(m_choice.bodyName) || !self || !isChoiceUnchanged())
         return;
     if (!mayAssignTarget(shortName) || !self)
         return;
     const bool assigned =
-            pushButtonSelectClicked(widgets.type, widgets.bodyTable, widgets.targetTable);
+            isChoiceUnchanged()
+            && pushButtonSelectClicked(widgets.type, widgets.bodyTable, widgets.targetTable);
     update_tab();
     if (assigned)
         targetAssigned(targetId);
@@ -234,6 +253,10 @@ void BodyTypeAdministrationTab::categoryChosen(const QString &group)
 {
     for (const Target *target : targetlib->targets()) {
         if (targetlib->getGroupFromTid(target->id()) == group)
+            updateTlCalibratedOfTarget(target->id());
+    }
+    if (group == TargetTableFiller::foundTargets()) {
+        for (const Target *target : targetTableFiller(mainBodyType()).inCategory(group))
             updateTlCalibratedOfTarget(target->id());
     }
     update_tableWidget_targetlibrary(tabWidgets().targetTable, mainBodyType(), currentGroup());
@@ -342,8 +365,17 @@ void BodyTypeAdministrationTab::updateTlTrackedStatus(const QString &type)
 {
     for (Target *target : targetlib->targets()) {
         if (targetlib->isOfType(*target, type))
-            m_assignment.refreshTracked(target);
+            refreshTracked(target);
     }
+}
+
+void BodyTypeAdministrationTab::refreshTracked(Target *target)
+{
+    const bool wasTracked = target->isTracked();
+    m_assignment.refreshTracked(target);
+    // What is known of a target that was not listed may be old.
+    if (!wasTracked && target->isTracked())
+        updateTlCalibratedOfTarget(target->id());
 }
 
 void BodyTypeAdministrationTab::do_updateTrackedAndAcceptStatus_tl(QTableWidget *table,
@@ -362,7 +394,7 @@ void BodyTypeAdministrationTab::do_updateTrackedAndAcceptStatus_tl(QTableWidget 
         if (!target)
             continue;
         if (!statesKnown)
-            m_assignment.refreshTracked(target);
+            refreshTracked(target);
         numTracked += target->isTracked() ? 1 : 0;
         numCalibrated += target->isTracked() && target->isCalibrated() ? 1 : 0;
     }

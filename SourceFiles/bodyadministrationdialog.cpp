@@ -129,12 +129,18 @@ void BodyAdministrationDlg::update_and_exec()
     m_is_joywand_multiuser = m_joywandTab->is_multiuser_enabled();
     showLockState();
     ui->pushButton_calibration->setVisible(m_current_tab == MeasurementToolTab);
+    applyButtonRules();
     refreshCurrentTab();
     runModally();
 }
 
 void BodyAdministrationDlg::runModally()
 {
+    if (m_running && !isVisible()) {
+        // Hidden for another module whose call has not returned yet: shown as soon as it does.
+        m_reopenPending = true;
+        return;
+    }
     if (m_running) {
         raise();
         activateWindow();
@@ -153,11 +159,6 @@ void BodyAdministrationDlg::runModally()
 void BodyAdministrationDlg::onReceiveReopen()
 {
     refreshCurrentTab();
-    if (m_running && !isVisible()) {
-        // The sender's call has not returned to the dialog's own loop yet; it shows itself then.
-        m_reopenPending = true;
-        return;
-    }
     runModally();
 }
 
@@ -220,7 +221,6 @@ BodyTypeAdministrationTab *BodyAdministrationDlg::currentTab() const
 
 void BodyAdministrationDlg::refreshCurrentTab()
 {
-    applyButtonRules();
     BodyTypeAdministrationTab *tab = currentTab();
     tab->updateCalStatusTablewidgetTl(tab->mainBodyType());
     tab->update_tab();

@@ -230,8 +230,15 @@ std::optional<QString> BodyReader::customFilterSummary(const QString &type, int 
 
 bool BodyReader::isWarmupRuleMet() const
 {
-    if (!m_link.protocolAtLeast(1, 12) || !m_link.isYes("inertial available"))
+    if (!m_link.protocolAtLeast(1, 12))
+        return false;
+    const auto available = m_link.text("inertial available");
+    if (!available)
+        m_link.log(QStringLiteral("Error: Unable to get availability of inertial sensors"));
+    if (available != QLatin1String("yes"))
         return false;
     const auto warmup = m_link.text("inertial warmup");
+    if (!warmup)
+        m_link.log(QStringLiteral("Error: Unable to get warmup status of inertial sensors"));
     return warmup && *warmup != QLatin1String("yes");
 }

@@ -74,7 +74,12 @@ bool FingertrackingAdministration::is_fingertracking_available() const
 {
     if (!link().protocolAtLeast(0, 17))
         return false;
-    return link().protocolAtLeast(1, 22) || link().isYes("fingertracking available");
+    if (link().protocolAtLeast(1, 22))
+        return true;
+    const auto available = link().text("fingertracking available");
+    if (!available)
+        link().log(tr("Error: Unable to get availability of hands"));
+    return available == QLatin1String("yes");
 }
 
 void FingertrackingAdministration::checkActivateFingertracking()

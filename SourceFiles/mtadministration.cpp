@@ -80,7 +80,7 @@ QString MtAdministration::getTabTitle()
 
 bool MtAdministration::isAvailable()
 {
-    return m_activated;
+    return true;
 }
 
 bool MtAdministration::is_bodyadjustment_possible()
@@ -127,7 +127,12 @@ void MtAdministration::setupTableWidgetData()
 
 bool MtAdministration::is_mt_available() const
 {
-    return link().protocolAtLeast(1, 4) && link().isYes("measurementtool available");
+    if (!link().protocolAtLeast(1, 4))
+        return false;
+    const auto available = link().text("measurementtool available");
+    if (!available)
+        link().log(tr("Error: Unable to get availability of measurement tools"));
+    return available == QLatin1String("yes");
 }
 
 void MtAdministration::checkActivateMeasurementtool()
@@ -208,7 +213,7 @@ void MtAdministration::update_tab()
     }
     saveSelectionOfMtTables();
     update_tableWidget_targetlibrary(ui->tableWidget_targetlibrary, toolType, currentGroup());
-    if (!isBodyTypeRegistered(current_btype)) {
+    if (!isBodyTypeRegistered(current_btype) || current_bid < 0) {
         current_btype = toolType;
         current_bid = 0;
     }
@@ -277,7 +282,7 @@ void MtAdministration::setBodyActive(const QString &type, int index, bool active
                                     tr("Continue?"));
         if (answer == Answer::Declined)
             updateTableWidget(referenceType);
-        if (answer != Answer::Accepted)
+        if (answer != Answer::Accepted || index >= getNumberOfBodies(type))
             return;
     }
     BodyTypeAdministrationTab::setBodyActive(type, index, active);
@@ -297,7 +302,10 @@ bool MtAdministration::deleteBody(const QString &type, int index)
     if (UserQuestion::yesNo(this, tr("MORVEK3"), question.arg(bodyNumber(index)), tr("Continue?"))
         != Answer::Accepted)
         return false;
-    const bool done = clearReference(index, tools);
+    // What the tables show may have changed while the question stood.
+    if (index >= getNumberOfBodies(type))
+        return false;
+    const bool done = clearReference(index, toolsOfReference(index));
     if (!done
         && !UserQuestion::warning(this, tr("Warning"),
                                   tr("Delete body %1 failed").arg(bodyNumber(index))))
@@ -351,7 +359,7 @@ bool MtAdministration::deleteCalibrationStandardTargetIfNeeded(const QString &sh
             this, tr("Warning"),
             tr("This target is already calibrated as standard target ID %1.").arg(number),
             tr("Delete the standard target ID %1?").arg(number));
-    if (answer != Answer::Accepted)
+    if (answer != Answer::Accepted || !isChoiceUnchanged())
         return false;
     if (!link().set("body filter6d_preset standard b%.2d preset6d_default", number))
         link().log(tr("Error: Unable to reset filter6d of standard target ID %1").arg(number));

@@ -314,7 +314,7 @@ bool StandardAdministration::deleteCalibrationMeatoolReferenceIfNeeded(const QSt
             this, tr("Warning"),
             tr("This target is already calibrated as Measurement Tool Reference MR%1.").arg(number),
             tr("Delete the Measurement Tool Reference MR%1?").arg(number));
-    if (answer != Answer::Accepted)
+    if (answer != Answer::Accepted || !isChoiceUnchanged())
         return false;
     if (!link().set("body number_of_marker measurementtool_reference b%.2d 0", number)) {
         link().log(tr("Error: Unable to reset markers of Measurement Tool Reference MR%1")

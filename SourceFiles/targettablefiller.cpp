@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include <QCoreApplication>
 #include <QHeaderView>
 #include <QTableWidget>
 
@@ -11,11 +10,6 @@
 #include "targetlibrary.h"
 
 namespace {
-
-QString translated(const char *text)
-{
-    return QCoreApplication::translate("BodyTypeAdministrationTab", text);
-}
 
 /** The item of a cell, made when it is not there yet. */
 QTableWidgetItem *itemAt(QTableWidget *table, int row, int column)
@@ -62,7 +56,7 @@ int rowOf(const QTableWidget *table, const QString &targetId)
 
 QString TargetTableFiller::foundTargets()
 {
-    return translated("- Found Targets -");
+    return tr("- Found Targets -");
 }
 
 QString TargetTableFiller::usedText()
@@ -74,8 +68,7 @@ void TargetTableFiller::setUp(QTableWidget *table)
 {
     table->setColumnCount(ColumnCount);
     table->setRowCount(0);
-    table->setHorizontalHeaderLabels(
-            {translated("ID"), translated("Short Name"), translated("Name"), translated("Used")});
+    table->setHorizontalHeaderLabels({tr("ID"), tr("Short Name"), tr("Name"), tr("Used")});
     table->setColumnHidden(IdColumn, true);
     QHeaderView *header = table->horizontalHeader();
     header->setSectionsClickable(false);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QIcon>
 #include <QSet>
 #include <QString>
@@ -11,6 +12,8 @@ class Targetlibrary;
 
 /** Shows the library targets of a body type in a target table: catalogue in, items out. */
 class TargetTableFiller {
+    Q_DECLARE_TR_FUNCTIONS(BodyTypeAdministrationTab)
+
 public:
     enum Column { IdColumn, ShortNameColumn, NameColumn, UsedColumn, ColumnCount };
 

@@ -324,6 +324,26 @@ die Geometrie von %2 %3 löschen?</translation>
         <source>found targets: %1, already calibrated: %2</source>
         <translation>gefundene Targets: %1, bereits kalibriert: %2</translation>
     </message>
+    <message>
+        <source>- Found Targets -</source>
+        <translation>- Gefundene Targets -</translation>
+    </message>
+    <message>
+        <source>ID</source>
+        <translation>ID</translation>
+    </message>
+    <message>
+        <source>Short Name</source>
+        <translation>Kurzname</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Used</source>
+        <translation>Belegt</translation>
+    </message>
 </context>
 <context>
     <name>FilterDialog</name>
@@ -638,6 +658,10 @@ Richtungswechseln über. Mit 0 ms wird nichts vorhergesagt; ein negativer Wert l
     <message>
         <source>Error: Unable to set number of %1 hand bodies to %2</source>
         <translation>Error: Unable to set number of %1 hand bodies to %2</translation>
+    </message>
+    <message>
+        <source>Error: Unable to get availability of hands</source>
+        <translation>Error: Unable to get availability of hands</translation>
     </message>
 </context>
 <context>
@@ -1157,6 +1181,10 @@ Die Zuordnung zum Messwerkzeug wird dann ebenfalls gelöscht.</translation>
     <message>
         <source>Error: Unable to reset description of standard target ID %1</source>
         <translation>Error: Unable to reset description of standard target ID %1</translation>
+    </message>
+    <message>
+        <source>Error: Unable to get availability of measurement tools</source>
+        <translation>Error: Unable to get availability of measurement tools</translation>
     </message>
 </context>
 <context>

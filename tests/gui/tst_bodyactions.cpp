@@ -158,7 +158,10 @@ void tst_BodyActions::resetFailure_data()
                               << QStringList{"Unable to reset sensor hand eye calibration"} << true;
     QTest::newRow("warm-up unknown at the reset")
             << 3 << false << QStringList{"inertial warmup fail"} << losesHandEye
-            << QStringList{handEyeA7} << QStringList{"Could not get warmup status"} << false;
+            << QStringList{handEyeA7}
+            << QStringList{"Could not get warmup status",
+                           "Error: Unable to get warmup status of inertial sensors"}
+            << false;
     QTest::newRow("warm-up does not stop")
             << 3 << true << QStringList{"set inertial warmup no refuse"} << losesHandEye
             << QStringList{"inertial warmup no", handEyeA7, "inertial warmup yes"}
