@@ -218,13 +218,19 @@ protected:
     void setSelectionOfTables(QTableWidget *bodyTable, QTableWidget *tlTable);
     /** Bar, label and buttons of the search as at the beginning; leaves a running one alone. */
     void resetSearchWidgets();
+    /** Bodies of another type that may hold the target that is to be assigned. */
+    struct OtherHolders {
+        int count = 0;
+        std::function<std::optional<QString>(int)> targetOfBody; ///< by one-based number
+        QString text;                                            ///< of the box, %1 is the number
+        QString question;                                        ///< of the box, %1 is the number
+        std::function<void(int)> clearBody;                      ///< by one-based number
+    };
     /**
-     * One-based number of the first of `bodies` bodies that holds the target; 0 when none does.
-     * `targetOfBody` asks for the target of a body by its number; an unreadable one is skipped.
+     * Asks whether the target may be taken from the first body that holds it, and takes it. True
+     * when nobody holds it or it was taken.
      */
-    static int
-    numberOfBodyWithTarget(int bodies, const QString &shortName,
-                           const std::function<std::optional<QString>(int)> &targetOfBody);
+    bool takeTargetFromOthers(const QString &shortName, const OtherHolders &others);
     /** Name of the category shown; null in a tab without categories. */
     QString currentGroup() const;
     /** Hides the dialog and asks the calibration module to calibrate the current body. */

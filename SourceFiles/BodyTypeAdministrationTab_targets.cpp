@@ -131,15 +131,20 @@ void BodyTypeAdministrationTab::updateCalStatusTablewidgetTl(const QString &type
     filler.refreshMarks(table);
 }
 
-int BodyTypeAdministrationTab::numberOfBodyWithTarget(
-        int bodies, const QString &shortName,
-        const std::function<std::optional<QString>(int)> &targetOfBody)
+bool BodyTypeAdministrationTab::takeTargetFromOthers(const QString &shortName,
+                                                     const OtherHolders &others)
 {
-    for (int number = 1; !shortName.isEmpty() && number <= bodies; ++number) {
-        if (targetOfBody(number) == shortName)
-            return number;
+    for (int number = 1; number <= others.count; ++number) {
+        if (others.targetOfBody(number) != shortName)
+            continue;
+        const Answer answer = UserQuestion::okCancel(this, tr("Warning"), others.text.arg(number),
+                                                     others.question.arg(number));
+        if (answer != Answer::Accepted || !isChoiceUnchanged())
+            return false;
+        others.clearBody(number);
+        return true;
     }
-    return 0;
+    return true;
 }
 
 bool BodyTypeAdministrationTab::overwriteBodyCalibration(const QString &name)

@@ -349,25 +349,24 @@ bool MtAdministration::deleteCalibrationStandardTargetIfNeeded(const QString &sh
 {
     if (shortName.isEmpty())
         return true;
-    const int bodies = link().count("standard number_of_bodies").value_or(0);
-    const int number = numberOfBodyWithTarget(bodies, shortName, [this](int body) {
-        return link().text("body targetlib_name standard b%02d", body);
-    });
-    if (number == 0)
-        return true;
-    const Answer answer = UserQuestion::okCancel(
-            this, tr("Warning"),
-            tr("This target is already calibrated as standard target ID %1.").arg(number),
-            tr("Delete the standard target ID %1?").arg(number));
-    if (answer != Answer::Accepted || !isChoiceUnchanged())
-        return false;
-    if (!link().set("body filter6d_preset standard b%.2d preset6d_default", number))
-        link().log(tr("Error: Unable to reset filter6d of standard target ID %1").arg(number));
-    if (!link().set("body number_of_marker standard b%.2d 0", number))
-        link().log(tr("Error: Unable to reset markers of standard target ID %1").arg(number));
-    if (!link().set("body desc standard b%.2d \"\"", number))
-        link().log(tr("Error: Unable to reset description of standard target ID %1").arg(number));
-    return true;
+    OtherHolders bodies;
+    bodies.count = link().count("standard number_of_bodies").value_or(0);
+    bodies.targetOfBody = [this](int number) {
+        return link().text("body targetlib_name standard b%02d", number);
+    };
+    bodies.text = tr("This target is already calibrated as standard target ID %1.");
+    bodies.question = tr("Delete the standard target ID %1?");
+    bodies.clearBody = [this](int number) {
+        if (!link().set("body filter6d_preset standard b%.2d preset6d_default", number))
+            link().log(tr("Error: Unable to reset filter6d of standard target ID %1").arg(number));
+        if (!link().set("body number_of_marker standard b%.2d 0", number))
+            link().log(tr("Error: Unable to reset markers of standard target ID %1").arg(number));
+        if (!link().set("body desc standard b%.2d \"\"", number)) {
+            link().log(
+                    tr("Error: Unable to reset description of standard target ID %1").arg(number));
+        }
+    };
+    return takeTargetFromOthers(shortName, bodies);
 }
 
 // Categories and selection

@@ -304,27 +304,24 @@ bool StandardAdministration::deleteCalibrationMeatoolReferenceIfNeeded(const QSt
 {
     if (shortName.isEmpty())
         return true;
-    const int references = link().count("measurementtool number_of_references").value_or(0);
-    const int number = numberOfBodyWithTarget(references, shortName, [this](int reference) {
-        return link().text("body targetlib_name measurementtool_reference b%02d", reference);
-    });
-    if (number == 0)
-        return true;
-    const Answer answer = UserQuestion::okCancel(
-            this, tr("Warning"),
-            tr("This target is already calibrated as Measurement Tool Reference MR%1.").arg(number),
-            tr("Delete the Measurement Tool Reference MR%1?").arg(number));
-    if (answer != Answer::Accepted || !isChoiceUnchanged())
-        return false;
-    if (!link().set("body number_of_marker measurementtool_reference b%.2d 0", number)) {
-        link().log(tr("Error: Unable to reset markers of Measurement Tool Reference MR%1")
-                           .arg(number));
-    }
-    if (!link().set("body desc measurementtool_reference b%.2d \"\"", number)) {
-        link().log(tr("Error: Unable to reset description of Measurement Tool Reference MR%1")
-                           .arg(number));
-    }
-    return true;
+    OtherHolders references;
+    references.count = link().count("measurementtool number_of_references").value_or(0);
+    references.targetOfBody = [this](int number) {
+        return link().text("body targetlib_name measurementtool_reference b%02d", number);
+    };
+    references.text = tr("This target is already calibrated as Measurement Tool Reference MR%1.");
+    references.question = tr("Delete the Measurement Tool Reference MR%1?");
+    references.clearBody = [this](int number) {
+        if (!link().set("body number_of_marker measurementtool_reference b%.2d 0", number)) {
+            link().log(tr("Error: Unable to reset markers of Measurement Tool Reference MR%1")
+                               .arg(number));
+        }
+        if (!link().set("body desc measurementtool_reference b%.2d \"\"", number)) {
+            link().log(tr("Error: Unable to reset description of Measurement Tool Reference MR%1")
+                               .arg(number));
+        }
+    };
+    return takeTargetFromOthers(shortName, references);
 }
 
 void StandardAdministration::warnforRecalibrationIfGlassesTarget(const QString &targetId)
