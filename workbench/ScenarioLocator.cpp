@@ -51,9 +51,13 @@ QString ScenarioLocator::demoFile(const QString &nameOrFile)
     return shipped(nameOrFile, QStringLiteral("/demos/%1.script"));
 }
 
-QString ScenarioLocator::tourFile()
+QStringList ScenarioLocator::tourFiles()
 {
-    return folder() + QStringLiteral("/tour.script");
+    const QDir shipped(folder());
+    QStringList files{shipped.filePath(QStringLiteral("tour.script"))};
+    for (const QString &name : shipped.entryList({QStringLiteral("tour-*.script")}, QDir::Files))
+        files << shipped.filePath(name);
+    return files;
 }
 
 QStringList ScenarioLocator::scenarioNames()

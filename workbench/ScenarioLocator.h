@@ -12,7 +12,8 @@ QString folder();
 QString scenarioFile(const QString &nameOrFile);
 /** As scenarioFile(), for demonstrations. */
 QString demoFile(const QString &nameOrFile);
-QString tourFile();
+/** The scripts of the tour in the order in which they are played; the first one always exists. */
+QStringList tourFiles();
 /** Names of the shipped scenarios, sorted. */
 QStringList scenarioNames();
 /** Names of the shipped demonstrations, sorted. */

@@ -9,7 +9,8 @@ struct WorkbenchOptions {
     bool scenarioGiven = false;                  ///< a demonstration's own scenario gives way
     QString pluginFile;                          ///< empty: the built or installed plug-in
     QString tourDir;                             ///< folder for the tour's pictures and transcript
-    QStringList faults;                          ///< rules, added after those of the scenario
+    QString tourScript; ///< the part of the tour to play; set by the program, not by an option
+    QStringList faults; ///< rules, added after those of the scenario
     QString scriptFile;
     QString demo; ///< name of a shipped demonstration, or a file
     bool headless = false;

@@ -99,7 +99,7 @@ bool WorkbenchProgram::loadScript(QString *error)
 {
     QString file = m_options.scriptFile;
     if (!m_options.tourDir.isEmpty())
-        file = ScenarioLocator::tourFile();
+        file = m_options.tourScript;
     else if (!m_options.demo.isEmpty())
         file = ScenarioLocator::demoFile(m_options.demo);
     if (file.isEmpty())
@@ -222,10 +222,13 @@ int WorkbenchProgram::runScripted()
 bool WorkbenchProgram::writeTourResults(QString *error) const
 {
     const QDir dir(m_options.tourDir);
-    if (!TranscriptText::save(dir.filePath(QStringLiteral("transcript.txt")),
+    // tour-full.script leaves transcript-full.txt.
+    const QString part =
+            QFileInfo(m_options.tourScript).completeBaseName().section(QStringLiteral("tour"), 1);
+    if (!TranscriptText::save(dir.filePath(QStringLiteral("transcript%1.txt").arg(part)),
                               m_session->io()->transcript(), error))
         return false;
-    QSaveFile costs(dir.filePath(QStringLiteral("stalls.txt")));
+    QSaveFile costs(dir.filePath(QStringLiteral("stalls%1.txt").arg(part)));
     const QByteArray text = m_runner->actionCosts().join(QLatin1Char('\n')).toUtf8() + '\n';
     const bool saved =
             costs.open(QIODevice::WriteOnly) && costs.write(text) == text.size() && costs.commit();

@@ -1,8 +1,12 @@
 #include "DisplayCheck.h"
+#include "ScenarioLocator.h"
 #include "WorkbenchOptions.h"
 #include "WorkbenchProgram.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QProcess>
 #include <QTextStream>
 #include <memory>
 
@@ -39,6 +43,33 @@ std::unique_ptr<QApplication> makeApplication(int &argc, char **argv)
     return std::make_unique<QApplication>(argc, argv);
 }
 
+/** Plays the parts of the tour, each with a controller and a module of its own. */
+int runTour(WorkbenchOptions options)
+{
+    for (const QString &script : ScenarioLocator::tourFiles()) {
+        options.tourScript = script;
+        const int status = WorkbenchProgram(options).run();
+        if (status != 0)
+            return status;
+    }
+    // No menu entry leads to the names of the bodies; the program that embeds that dialog shows it.
+    const QDir programs(QCoreApplication::applicationDirPath());
+    const QString example = programs.filePath(QStringLiteral("bodynames"));
+    if (!QFileInfo(example).isExecutable())
+        return 0;
+    const QString picture =
+            QDir(options.tourDir).filePath(QStringLiteral("example-body-names.png"));
+    QProcess shown;
+    shown.setStandardOutputFile(QProcess::nullDevice());
+    shown.setStandardErrorFile(QProcess::nullDevice());
+    shown.start(example, {QStringLiteral("--picture"), picture});
+    const bool done = shown.waitForFinished() && shown.exitStatus() == QProcess::NormalExit
+                      && shown.exitCode() == 0;
+    if (!done)
+        QTextStream(stderr) << "workbench: " << example << " shows no picture\n";
+    return done ? 0 : 1;
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -69,6 +100,5 @@ int main(int argc, char *argv[])
     const auto application = makeApplication(ownArguments, argv);
     QApplication::setApplicationName(QStringLiteral("workbench"));
     QApplication::setQuitOnLastWindowClosed(false);
-    WorkbenchProgram program(options);
-    return program.run();
+    return options.tourDir.isEmpty() ? WorkbenchProgram(options).run() : runTour(options);
 }
