@@ -21,6 +21,9 @@ TranscriptDock::TranscriptDock(SimulatedIOManager *io, QWidget *parent)
       m_model(new TranscriptModel(this)),
       m_filter(new TranscriptFilter(this)),
       m_view(new QTableView),
+      m_filterEdit(new QLineEdit),
+      m_clear(new QPushButton(tr("C&lear"))),
+      m_export(new QPushButton(tr("E&xport..."))),
       m_status(new QLabel)
 {
     setObjectName(QStringLiteral("dock_transcript"));
@@ -37,37 +40,44 @@ TranscriptDock::TranscriptDock(SimulatedIOManager *io, QWidget *parent)
                                                      QHeaderView::Stretch);
     m_view->setColumnWidth(TranscriptModel::Result, m_view->fontMetrics().averageCharWidth() * 9);
 
-    auto *filterEdit = new QLineEdit;
-    filterEdit->setObjectName(QStringLiteral("lineEdit_transcriptFilter"));
-    filterEdit->setPlaceholderText(tr("Filter: words that a row must hold"));
-    auto *clearButton = new QPushButton(tr("C&lear"));
-    clearButton->setObjectName(QStringLiteral("pushButton_clearTranscript"));
-    auto *exportButton = new QPushButton(tr("E&xport..."));
-    exportButton->setObjectName(QStringLiteral("pushButton_exportTranscript"));
+    buildLayout();
+    connectWidgets();
+    showCount();
+}
+
+void TranscriptDock::buildLayout()
+{
+    m_filterEdit->setObjectName(QStringLiteral("lineEdit_transcriptFilter"));
+    m_filterEdit->setPlaceholderText(tr("Filter: words that a row must hold"));
+    m_clear->setObjectName(QStringLiteral("pushButton_clearTranscript"));
+    m_export->setObjectName(QStringLiteral("pushButton_exportTranscript"));
     m_status->setObjectName(QStringLiteral("label_transcriptStatus"));
 
     auto *top = new QHBoxLayout;
-    top->addWidget(filterEdit);
-    top->addWidget(clearButton);
-    top->addWidget(exportButton);
+    top->addWidget(m_filterEdit);
+    top->addWidget(m_clear);
+    top->addWidget(m_export);
     auto *content = new QWidget;
     auto *layout = new QVBoxLayout(content);
     layout->addLayout(top);
     layout->addWidget(m_view);
     layout->addWidget(m_status);
     setWidget(content);
+}
 
-    connect(filterEdit, &QLineEdit::textChanged, this, [this](const QString &text) {
+void TranscriptDock::connectWidgets()
+{
+    connect(m_filterEdit, &QLineEdit::textChanged, this, [this](const QString &text) {
         m_filter->setWords(text);
         showCount();
     });
-    connect(clearButton, &QPushButton::clicked, this, [this] {
+    connect(m_clear, &QPushButton::clicked, this, [this] {
         m_io->clearTranscript();
         m_model->clear();
         showCount();
     });
-    connect(exportButton, &QPushButton::clicked, this, &TranscriptDock::chooseExportFile);
-    connect(io, &SimulatedIOManager::recorded, this, [this](const TranscriptEntry &entry) {
+    connect(m_export, &QPushButton::clicked, this, &TranscriptDock::chooseExportFile);
+    connect(m_io, &SimulatedIOManager::recorded, this, [this](const TranscriptEntry &entry) {
         m_model->append(entry);
         showCount();
     });
@@ -79,7 +89,6 @@ TranscriptDock::TranscriptDock(SimulatedIOManager *io, QWidget *parent)
     });
     connect(bar, &QScrollBar::valueChanged, this,
             [this, bar](int value) { m_followsEnd = value == bar->maximum(); });
-    showCount();
 }
 
 void TranscriptDock::showCount()

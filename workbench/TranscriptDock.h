@@ -4,6 +4,7 @@
 
 class QLineEdit;
 class QLabel;
+class QPushButton;
 class QTableView;
 class SimulatedIOManager;
 class TranscriptFilter;
@@ -20,6 +21,8 @@ public:
     bool exportTo(const QString &file);
 
 private:
+    void buildLayout();
+    void connectWidgets();
     void chooseExportFile();
     void showCount();
 
@@ -27,6 +30,9 @@ private:
     TranscriptModel *m_model;
     TranscriptFilter *m_filter;
     QTableView *m_view;
+    QLineEdit *m_filterEdit;
+    QPushButton *m_clear;
+    QPushButton *m_export;
     QLabel *m_status;
     bool m_followsEnd = true;
 };
