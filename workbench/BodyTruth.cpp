@@ -67,12 +67,6 @@ QString modeDescription(const ControllerState &state, const QString &id)
     return QString();
 }
 
-/** Whole milliseconds, cut off as decimal digits are: 0.029 s are 29 ms. */
-int wholeMilliseconds(double seconds)
-{
-    return int(seconds * 1000.0 + (seconds < 0 ? -1e-6 : 1e-6));
-}
-
 bool filter(const ControllerState &state, const QString &type, int index, QString *text)
 {
     const BodyState &body = bodyAt(state, type, index);
@@ -91,7 +85,7 @@ bool filter(const ControllerState &state, const QString &type, int index, QStrin
         }
         return false;
     }
-    const int ms = wholeMilliseconds(body.filterPrediction);
+    const int ms = BodyTruth::wholeMilliseconds(body.filterPrediction);
     const QString mode = modeDescription(state, body.filterMode);
     *text = body.filterMode.contains(QLatin1String("hybrid"))
                     ? QStringLiteral("%1/%2ms/%3")
@@ -155,4 +149,10 @@ bool BodyTruth::cell(const ControllerState &state, const QString &bodyType, int 
             return protocol >= known.since && known.read(state, bodyType, index, text);
     }
     return false;
+}
+
+int BodyTruth::wholeMilliseconds(double seconds)
+{
+    // What binary rounding takes off is far below a microsecond.
+    return int(seconds * 1000.0 + (seconds < 0 ? -1e-6 : 1e-6));
 }

@@ -17,4 +17,7 @@ namespace BodyTruth {
 bool cell(const ControllerState &state, const QString &bodyType, int index, const QString &column,
           QString *text);
 
+/** Whole milliseconds, cut off as decimal digits are: 0.029 s are 29 ms. */
+int wholeMilliseconds(double seconds);
+
 } // namespace BodyTruth

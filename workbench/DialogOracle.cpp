@@ -6,6 +6,8 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QComboBox>
+#include <QDoubleSpinBox>
 #include <QTableView>
 #include <array>
 
@@ -56,6 +58,11 @@ void compare(QStringList *lines, const QString &place, const QString &found,
         *lines << QStringLiteral("%1: shows \"%2\", the controller holds \"%3\"")
                           .arg(place, found, expected);
     }
+}
+
+QString checkText(bool checked)
+{
+    return checked ? QStringLiteral("checked") : QStringLiteral("unchecked");
 }
 
 void compareBodyRow(QStringList *lines, const ControllerState &state, const BodyTable &table,
@@ -153,19 +160,75 @@ QString axisName(const ControllerState &state)
 
 void compareSingleMarkers(QStringList *lines, const ControllerState &state, const QWidget *dialog)
 {
-    const auto flag = [](bool on) {
-        return on ? QStringLiteral("checked") : QStringLiteral("unchecked");
-    };
     if (const QWidget *box = shown(dialog, "checkBox_force3d"))
-        compare(lines, box->objectName(), WidgetText::of(box), flag(state.calculateMarker));
+        compare(lines, box->objectName(), WidgetText::of(box), checkText(state.calculateMarker));
     if (const QWidget *box = shown(dialog, "checkBox_autoReStart"))
-        compare(lines, box->objectName(), WidgetText::of(box), flag(state.autoRestart));
+        compare(lines, box->objectName(), WidgetText::of(box), checkText(state.autoRestart));
     // Older controllers do not tell the axis.
     VersionInfo protocol;
     protocol.fromString(state.protocol);
     const QWidget *axis = shown(dialog, "comboBox_5dofAxis");
     if (axis && protocol >= VersionInfo(1, 12, -1) && !axisName(state).isEmpty())
         compare(lines, axis->objectName(), WidgetText::of(axis), axisName(state));
+}
+
+/** The body that "standard b08" names; null when there is none. */
+const BodyState *bodyNamed(const ControllerState &state, const QString &name)
+{
+    const auto type = state.bodyTypes.constFind(name.section(QLatin1Char(' '), 0, 0));
+    const int index = name.section(QLatin1Char('b'), -1).toInt() - 1;
+    return type != state.bodyTypes.constEnd() && index >= 0 && index < type->bodies.size()
+                   ? &type->bodies.at(index)
+                   : nullptr;
+}
+
+void compareFilter(QStringList *lines, const ControllerState &state, const QWidget *dialog)
+{
+    const auto *choice = qobject_cast<const QComboBox *>(shown(dialog, "comboBox_body"));
+    const BodyState *body = choice ? bodyNamed(state, choice->currentData().toString()) : nullptr;
+    if (!body)
+        return;
+    if (const QWidget *box = shown(dialog, "checkBox_active"))
+        compare(lines, box->objectName(), WidgetText::of(box), checkText(body->filterEnabled));
+    const auto *strength =
+            qobject_cast<const QDoubleSpinBox *>(shown(dialog, "doubleSpinBox_strength"));
+    if (strength) {
+        compare(lines, strength->objectName(), QString::number(strength->value(), 'f', 2),
+                QString::number(body->filterStrength, 'f', 2));
+    }
+    if (const QWidget *box = shown(dialog, "spinBox_prediction")) {
+        compare(lines, box->objectName(), WidgetText::of(box),
+                QString::number(BodyTruth::wholeMilliseconds(body->filterPrediction)));
+    }
+    const QWidget *presets = shown(dialog, "comboBox_preset");
+    for (const FilterPresetState &preset : state.filterPresets) {
+        if (presets && preset.id == body->filterPreset)
+            compare(lines, presets->objectName(), WidgetText::of(presets), preset.description);
+    }
+}
+
+/** Fixed rotations of the bodies whose kind of target has them. */
+void compareAngles(QStringList *lines, const ControllerState &state, const QWidget *dialog)
+{
+    const auto *view = qobject_cast<const QTableView *>(shown(dialog, "tableWidget"));
+    if (!view || view->model()->headerData(2, Qt::Horizontal).toString() != QLatin1String("rx"))
+        return;
+    const QVector<BodyState> bodies = state.bodyTypes.value(QStringLiteral("standard")).bodies;
+    for (int row = 0; row < qMin(bodies.size(), view->model()->rowCount()); ++row) {
+        const BodyState &body = bodies.at(row);
+        const bool usable = body.calibrated
+                            && (body.targetType == QLatin1String("tt_std")
+                                || body.targetType == QLatin1String("tt_2x5dof_cyl"));
+        for (std::size_t axis = 0; usable && axis < body.fixedAngles.size(); ++axis) {
+            const QModelIndex cell = view->model()->index(row, int(axis) + 2);
+            const FixedAngleState &angle = body.fixedAngles.at(axis);
+            const QString place =
+                    QStringLiteral("tableWidget row %1 column %2").arg(row + 1).arg(int(axis) + 3);
+            compare(lines, place, cell.data().toString(), QString::number(angle.degrees, 'f', 2));
+            compare(lines, place, checkText(cell.data(Qt::CheckStateRole).toInt() == Qt::Checked),
+                    checkText(angle.enabled));
+        }
+    }
 }
 
 } // namespace
@@ -178,5 +241,7 @@ QStringList DialogOracle::differences(const ControllerState &state, const QWidge
     compareBodyTables(&lines, state, dialog);
     compareTargets(&lines, state, dialog);
     compareSingleMarkers(&lines, state, dialog);
+    compareFilter(&lines, state, dialog);
+    compareAngles(&lines, state, dialog);
     return lines;
 }

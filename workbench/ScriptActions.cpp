@@ -141,17 +141,22 @@ QString spin(ScriptContext &, const QStringList &arguments)
     QPointer<QAbstractSpinBox> box = usable<QAbstractSpinBox>(arguments.at(0), &problem);
     if (!box)
         return problem;
+    constexpr double tolerance = 1e-9; // decimal steps do not add up exactly
     bool isNumber = false;
     const double wanted = arguments.at(1).toDouble(&isNumber);
     if (!isNumber)
         return QStringLiteral("expected a number, found \"%1\"").arg(arguments.at(1));
     box->setFocus();
-    double before = valueOf(box) + 1.0;
-    // Ends when the value stops moving: at the limit, or where a refusal puts it back.
-    while (box && valueOf(box) != wanted && valueOf(box) != before) {
+    const bool upwards = valueOf(box) < wanted;
+    double before = 0.0;
+    // Ends at or beyond the value, and where it stops moving: at a limit, or where a refusal puts
+    // it back.
+    do {
         before = valueOf(box);
-        UserInput::pressKey(box, before < wanted ? Qt::Key_Up : Qt::Key_Down);
-    }
+        if (upwards ? before >= wanted - tolerance : before <= wanted + tolerance)
+            break;
+        UserInput::pressKey(box, upwards ? Qt::Key_Up : Qt::Key_Down);
+    } while (box && valueOf(box) != before);
     return QString();
 }
 
