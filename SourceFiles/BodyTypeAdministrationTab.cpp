@@ -102,6 +102,9 @@ void BodyTypeAdministrationTab::registerSpinBox(const QString &type, QSpinBox *s
     bodytypes[type].spinBox = spinBox;
     // A count that is being typed must not drop bodies with every digit.
     spinBox->setKeyboardTracking(false);
+    // Nor may a wheel that happens to turn above it.
+    spinBox->setFocusPolicy(Qt::StrongFocus);
+    spinBox->installEventFilter(this);
     connect(spinBox, SIGNAL(valueChanged(int)), this, SLOT(ON_spinBox_valueChanged(int)));
 }
 

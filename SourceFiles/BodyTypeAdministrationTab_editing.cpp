@@ -167,6 +167,11 @@ void BodyTypeAdministrationTab::ON_tableWidget_currentItemChanged(QTableWidgetIt
 
 bool BodyTypeAdministrationTab::eventFilter(QObject *watched, QEvent *event)
 {
+    const auto *spinBox = qobject_cast<QSpinBox *>(watched);
+    if (spinBox && event->type() == QEvent::Wheel && !spinBox->hasFocus()) {
+        event->ignore();
+        return true;
+    }
     const QString type = event->type() == QEvent::KeyPress ? typeOfTable(watched) : QString();
     if (type.isEmpty())
         return QWidget::eventFilter(watched, event);

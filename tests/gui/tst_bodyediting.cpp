@@ -22,6 +22,9 @@ private slots:
     void doubleClickElsewhereEditsNothing();
 
     void typedCountAppliesOnce();
+    void quickStepsAreOneCommand();
+    void quickStepsAskOnce();
+    void wheelChangesCountOnlyWithFocus();
     void arrowKeysChangeCount();
     void enterInAFieldPressesNoButton();
     void droppingLastReferenceAsks();
@@ -245,6 +248,65 @@ void tst_BodyEditing::typedCountAppliesOnce()
                  QStringLiteral("<b><font color=red>Max. number of bodies is reached!</font></b>"));
     });
     QCOMPARE(host.state().bodyTypes["standard"].bodies.size(), 20);
+}
+
+void tst_BodyEditing::quickStepsAreOneCommand()
+{
+    TestHost host;
+    open(host, [&](QWidget *window, QTableWidget *bodies) {
+        auto *count = Drive::find<QSpinBox>(window, "spinBox_standard_bodies");
+        count->setFocus();
+        host.clear();
+        QTest::keyClick(count, Qt::Key_Down);
+        QTest::keyClick(count, Qt::Key_Down);
+        Drive::settle();
+        QCOMPARE(host.writes(), QStringList{"standard number_of_bodies 6"});
+        QCOMPARE(bodies->rowCount(), 6);
+    });
+}
+
+void tst_BodyEditing::quickStepsAskOnce()
+{
+    TestHost host;
+    host.edit([](ControllerState &state) { state.trackingReference = "standard b08"; });
+    open(host, [&](QWidget *window, QTableWidget *bodies) {
+        auto *count = Drive::find<QSpinBox>(window, "spinBox_standard_bodies");
+        count->setFocus();
+        robot().expectBox(QStringLiteral("MORVEK3"),
+                          QStringLiteral("Decreasing the number of standard bodies will disable "
+                                         "the reference!\n\nContinue?"),
+                          QMessageBox::Yes);
+        host.clear();
+        QTest::keyClick(count, Qt::Key_Down);
+        QTest::keyClick(count, Qt::Key_Down);
+        Drive::settle();
+        QCOMPARE(host.writes(), QStringList{"standard number_of_bodies 6"});
+        QCOMPARE(bodies->rowCount(), 6);
+        QCOMPARE(count->value(), 6);
+    });
+}
+
+void tst_BodyEditing::wheelChangesCountOnlyWithFocus()
+{
+    TestHost host;
+    open(host, [&](QWidget *window, QTableWidget *bodies) {
+        auto *count = Drive::find<QSpinBox>(window, "spinBox_standard_bodies");
+        const auto turnWheelDown = [count] {
+            const QPointF point = count->rect().center();
+            QWheelEvent event(point, count->mapToGlobal(point.toPoint()), QPoint(), QPoint(0, -120),
+                              Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+            QCoreApplication::sendEvent(count, &event);
+            Drive::settle();
+        };
+        bodies->setFocus();
+        host.clear();
+        turnWheelDown();
+        QCOMPARE(host.writes(), QStringList());
+        QCOMPARE(count->value(), 8);
+        count->setFocus();
+        turnWheelDown();
+        QCOMPARE(host.writes(), QStringList{"standard number_of_bodies 7"});
+    });
 }
 
 void tst_BodyEditing::arrowKeysChangeCount()
