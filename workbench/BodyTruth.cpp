@@ -103,6 +103,28 @@ bool deviceId(const ControllerState &state, const QString &type, int index, QStr
     return type == QLatin1String("standard");
 }
 
+/** Standard bodies carry a sensor, Joywands are devices; both have a model that people know. */
+bool model(const ControllerState &state, const QString &type, int index, QString *text)
+{
+    if (type == QLatin1String("standard")) {
+        const SensorState *sensor = sensorOf(state, bodyAt(state, type, index));
+        *text = sensor ? sensor->modelDescription : QString();
+        return true;
+    }
+    const DeviceState device = state.devices.value(index);
+    *text = device.kind.isEmpty() ? QStringLiteral("none") : device.modelDescription;
+    return type == QLatin1String("joywand");
+}
+
+bool serial(const ControllerState &state, const QString &type, int index, QString *text)
+{
+    constexpr int digits = 5;
+    const DeviceState device = state.devices.value(index);
+    *text = device.kind.isEmpty() ? QString()
+                                  : device.serial.rightJustified(digits, QLatin1Char('0'), true);
+    return type == QLatin1String("joywand");
+}
+
 bool name(const ControllerState &state, const QString &type, int index, QString *text)
 {
     *text = bodyAt(state, type, index).description;
@@ -131,6 +153,8 @@ const QVector<Column> &columns()
             {"Reference ID", {1, 4, -1}, toolReference},
             {"Name", {0, 16, -1}, name},
             {"Device ID", {1, 12, -1}, deviceId},
+            {"Model", {1, 12, -1}, model},
+            {"Serial", {0, 1, -1}, serial},
             {"Calibration", {1, 12, -1}, calibration},
             {"Filter", {1, 12, -1}, filter},
     };

@@ -200,6 +200,11 @@ void compareFilter(QStringList *lines, const ControllerState &state, const QWidg
         compare(lines, box->objectName(), WidgetText::of(box),
                 QString::number(BodyTruth::wholeMilliseconds(body->filterPrediction)));
     }
+    const QWidget *modes = shown(dialog, "comboBox_mode");
+    for (const FilterModeState &mode : state.filterModes) {
+        if (modes && mode.id == body->filterMode)
+            compare(lines, modes->objectName(), WidgetText::of(modes), mode.description);
+    }
     const QWidget *presets = shown(dialog, "comboBox_preset");
     for (const FilterPresetState &preset : state.filterPresets) {
         if (presets && preset.id == body->filterPreset)

@@ -63,6 +63,7 @@ void ScriptRunner::runNext()
     scheduleNext(settlingRounds);
     m_operationsBefore = m_context.session->io()->transcript().size();
     m_heldNs = 0;
+    emit lineStarted(QStringLiteral("%1:%2").arg(m_script.name).arg(line.number));
     m_clock.start();
     const QString problem = command->run(m_context, line.words.mid(nameLength));
     if (!problem.isEmpty() && !m_finished)

@@ -32,6 +32,8 @@ public:
     QStringList actionCosts() const { return m_costs; }
 
 signals:
+    /** `place` is "file:line". */
+    void lineStarted(const QString &place);
     void finished(bool success);
 
 private:

@@ -7,6 +7,7 @@
 namespace {
 
 constexpr int maximumLatencyMs = 500;
+constexpr int maximumTimeoutS = 3600;
 
 struct OptionEntry {
     QString name;
@@ -51,6 +52,15 @@ QString applyLatency(WorkbenchOptions &options, const QStringList &values)
                  : QStringLiteral("a whole number of ms from 0 to %1").arg(maximumLatencyMs);
 }
 
+QString applyTimeout(WorkbenchOptions &options, const QStringList &values)
+{
+    bool isNumber = false;
+    options.timeoutS = values.first().toInt(&isNumber);
+    const bool valid = isNumber && options.timeoutS >= 1 && options.timeoutS <= maximumTimeoutS;
+    return valid ? QString()
+                 : QStringLiteral("a whole number of seconds from 1 to %1").arg(maximumTimeoutS);
+}
+
 QVector<OptionEntry> entries()
 {
     using O = WorkbenchOptions;
@@ -72,6 +82,10 @@ QVector<OptionEntry> entries()
                  return QString();
              }},
             {"latency", {"MS"}, "time each command takes, 0 to 500 ms", applyLatency},
+            {"timeout",
+             {"SECONDS"},
+             "time a line of a script may take (default: 120)",
+             applyTimeout},
             text("record", "FILE", "write every operation to FILE, one JSON object a line",
                  &O::recordFile),
             text("replay", "FILE", "answer from a recording, stop at the first difference",

@@ -18,6 +18,7 @@ struct WorkbenchOptions {
     QString replayFile;
     QStringList transcriptDiff; ///< two files, or empty
     int latencyMs = 0;          ///< 0 to 500, per command
+    int timeoutS = 120;         ///< 1 to 3600, per line of a script
     bool help = false;
     bool version = false;
 

@@ -8,6 +8,7 @@
 #include "ScenarioLocator.h"
 #include "ScriptCommand.h"
 #include "ScriptRunner.h"
+#include "ScriptWatchdog.h"
 #include "StallMeter.h"
 #include "TimerHold.h"
 #include "ToolWindow.h"
@@ -47,6 +48,10 @@ int WorkbenchProgram::run()
 {
     if (!m_options.transcriptDiff.isEmpty())
         return compareRecordings();
+    if (m_options.isScripted()) {
+        m_watchdog = std::make_unique<ScriptWatchdog>(m_options.timeoutS);
+        m_watchdog->watch(QStringLiteral("the start"));
+    }
     QString error;
     if (!loadScript(&error) || !prepareHome(&error) || !createSession(&error)
         || !startRecording(&error) || !openWindows(&error) || !setTheStage(&error)) {
@@ -199,6 +204,8 @@ int WorkbenchProgram::runScripted()
         return statusUnusable;
     }
     m_runner = std::make_unique<ScriptRunner>(m_script, context);
+    QObject::connect(m_runner.get(), &ScriptRunner::lineStarted, m_runner.get(),
+                     [this](const QString &place) { m_watchdog->watch(place); });
     QObject::connect(m_runner.get(), &ScriptRunner::finished, qApp, [](bool success) {
         // Ends the event loops of open dialogs too.
         QApplication::exit(success ? statusDone : statusFailed);
@@ -271,6 +278,8 @@ int WorkbenchProgram::runInteractive()
 
 void WorkbenchProgram::shutDown()
 {
+    if (m_watchdog)
+        m_watchdog->watch(QStringLiteral("the shutdown"));
     m_runner.reset();
     m_session->unloadModule();
     m_window.reset();

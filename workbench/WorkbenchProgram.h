@@ -12,6 +12,7 @@ class QTemporaryDir;
 class Recorder;
 class Replayer;
 class ScriptRunner;
+class ScriptWatchdog;
 class TimerHold;
 class WorkbenchSession;
 
@@ -52,4 +53,5 @@ private:
     std::unique_ptr<MainWindow> m_window;
     std::unique_ptr<TimerHold> m_timers;
     std::unique_ptr<ScriptRunner> m_runner;
+    std::unique_ptr<ScriptWatchdog> m_watchdog; ///< only while nobody watches
 };

@@ -3,6 +3,8 @@
 
 #include "FaultEngine.h"
 
+Q_DECLARE_METATYPE(TranscriptEntry::Operation)
+
 namespace {
 
 using Operation = TranscriptEntry::Operation;
@@ -16,6 +18,8 @@ class tst_FaultEngine : public QObject {
 private slots:
     void triggers_data();
     void triggers();
+    void everyEffectWithEveryTrigger_data();
+    void everyEffectWithEveryTrigger();
     void patterns_data();
     void patterns();
     void timeWindow();
@@ -74,6 +78,51 @@ void tst_FaultEngine::triggers()
     QVERIFY(engine.add(rule));
     QCOMPARE(pattern(&engine, 6), fired);
     QCOMPARE(engine.rules().first().calls, 6);
+    QCOMPARE(engine.rules().first().fired, fired.count(QLatin1Char('x')));
+}
+
+void tst_FaultEngine::everyEffectWithEveryTrigger_data()
+{
+    QTest::addColumn<QString>("rule");
+    QTest::addColumn<Operation>("operation");
+    QTest::addColumn<QString>("fired");
+    const QVector<QPair<QString, Operation>> effects = {
+            {"fail", Operation::GetString},      {"delay 20", Operation::GetString},
+            {"empty", Operation::GetString},     {"wrong-type", Operation::GetString},
+            {"garbled", Operation::GetString},   {"long", Operation::GetString},
+            {"over-long", Operation::GetString}, {"answer \"no\"", Operation::GetString},
+            {"refuse", Operation::Set},          {"clamp", Operation::Set},
+            {"report-failed", Operation::Set},   {"link-dead", Operation::Set}};
+    // Calls are 100 ms apart.
+    const QVector<QPair<QString, QString>> triggers = {{"", "xxxxxx"},
+                                                       {"call 3 ", "..x..."},
+                                                       {"every 2 ", ".x.x.x"},
+                                                       {"between 100 300 ", ".xx..."},
+                                                       {"random 1 seed 7 ", "xxxxxx"}};
+    for (const auto &effect : effects) {
+        for (const auto &trigger : triggers) {
+            const QString rule = "body* " + trigger.first + effect.first;
+            QTest::newRow(qPrintable(rule)) << rule << effect.second << trigger.second;
+        }
+    }
+}
+
+void tst_FaultEngine::everyEffectWithEveryTrigger()
+{
+    QFETCH(QString, rule);
+    QFETCH(Operation, operation);
+    QFETCH(QString, fired);
+    FaultEngine engine;
+    QString error;
+    QVERIFY2(engine.add(rule, &error), qPrintable(error));
+    QString seen;
+    for (int call = 0; call < fired.size(); ++call) {
+        const auto now = engine.fire(operation, "body filter6d_strength standard b01", call * 100);
+        seen += QLatin1Char(now.isEmpty() ? '.' : 'x');
+        for (const auto &effect : now)
+            QCOMPARE(effect.effect, engine.rules().first().effect);
+    }
+    QCOMPARE(seen, fired);
     QCOMPARE(engine.rules().first().fired, fired.count(QLatin1Char('x')));
 }
 

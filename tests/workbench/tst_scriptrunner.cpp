@@ -314,6 +314,27 @@ void tst_ScriptRunner::oracleSeesForeignChanges()
                             "tableWidget_standard row 1 Name: shows \"Cap\", the controller holds "
                             "\"Foreign\""));
     QVERIFY(DialogOracle::differences(m_session->state(), nullptr).isEmpty());
+    const QString device = run("oracle on\n"
+                               "menu \"Body administration\"\n"
+                               "page tabWidget Joywand\n"
+                               "set devices[0].serial 99\n"
+                               "click pushButton_exit\n");
+    QCOMPARE(device, QStringLiteral("s:4: expected the dialog to agree with the controller, found "
+                                    "tableWidget_joywand row 1 Serial: shows \"00417\", the "
+                                    "controller holds \"00099\""));
+    const QString sensor = run("oracle on\n"
+                               "menu \"Body administration\"\n"
+                               "page tabWidget Standard\n"
+                               "set sensors[0].modelDescription Foreign\n"
+                               "click pushButton_exit\n");
+    QVERIFY2(sensor.contains(QStringLiteral(" Model: shows \"")), qPrintable(sensor));
+    const QString mode = run("menu \"Body administration\"\n"
+                             "cell tableWidget_standard 1 Filter\n"
+                             "oracle on\n"
+                             "set bodyTypes.standard.bodies[0].filterMode reference_target\n"
+                             "click pushButton_exit\n");
+    QVERIFY2(mode.contains(QStringLiteral("comboBox_mode: shows \"Adaptive fast\"")),
+             qPrintable(mode));
     const QString axis = run("oracle on\nmenu \"Single markers\"\nchoose comboBox_5dofAxis x\n");
     QCOMPARE(axis, QStringLiteral("s:3: expected the dialog to agree with the controller, found "
                                   "comboBox_5dofAxis: shows \"x\", the controller holds \"z\""));

@@ -34,6 +34,7 @@ void tst_WorkbenchOptions::defaults()
     QVERIFY(!options.scenarioGiven);
     QVERIFY(!options.isScripted());
     QCOMPARE(options.latencyMs, 0);
+    QCOMPARE(options.timeoutS, 120);
     QVERIFY(options.pluginFile.isEmpty());
 }
 
@@ -42,7 +43,8 @@ void tst_WorkbenchOptions::everyOption()
     WorkbenchOptions options;
     QString error;
     QVERIFY2(parse({"--scenario", "locked", "--plugin", "p.so", "--script", "s", "--headless",
-                    "--latency", "500", "--record", "r", "--replay", "q", "--help", "--version"},
+                    "--latency", "500", "--timeout", "7", "--record", "r", "--replay", "q",
+                    "--help", "--version"},
                    &options, &error),
              qPrintable(error));
     QCOMPARE(options.scenario, QStringLiteral("locked"));
@@ -52,6 +54,7 @@ void tst_WorkbenchOptions::everyOption()
     QVERIFY(options.headless);
     QVERIFY(options.isScripted());
     QCOMPARE(options.latencyMs, 500);
+    QCOMPARE(options.timeoutS, 7);
     QCOMPARE(options.recordFile, QStringLiteral("r"));
     QCOMPARE(options.replayFile, QStringLiteral("q"));
     QVERIFY(options.help);
@@ -110,6 +113,15 @@ void tst_WorkbenchOptions::rejected_data()
     QTest::newRow("latency negative")
             << QStringList{"--latency", "-1"}
             << "--latency: expected a whole number of ms from 0 to 500, found \"-1\"";
+    QTest::newRow("timeout none") << QStringList{
+            "--timeout",
+            "0"} << "--timeout: expected a whole number of seconds from 1 to 3600, found \"0\"";
+    QTest::newRow("timeout too long")
+            << QStringList{"--timeout", "3601"}
+            << "--timeout: expected a whole number of seconds from 1 to 3600, found \"3601\"";
+    QTest::newRow("timeout no number")
+            << QStringList{"--timeout", "long"}
+            << "--timeout: expected a whole number of seconds from 1 to 3600, found \"long\"";
     QTest::newRow("headless alone") << QStringList{"--headless"}
                                     << "--headless: expected --script, --demo or --tour beside it";
     QTest::newRow("two drivers") << QStringList{"--tour", "d", "--script", "s"}
@@ -131,8 +143,8 @@ void tst_WorkbenchOptions::helpNamesEveryOption()
     const QString help = WorkbenchOptions::helpText();
     for (const char *option :
          {"--scenario NAME|FILE", "--plugin FILE", "--tour DIR", "--script FILE", "--demo NAME",
-          "--headless", "--fault RULE", "--latency MS", "--record FILE", "--replay FILE",
-          "--transcript-diff A B", "--help", "--version"})
+          "--headless", "--fault RULE", "--latency MS", "--timeout SECONDS", "--record FILE",
+          "--replay FILE", "--transcript-diff A B", "--help", "--version"})
         QVERIFY2(help.contains(QLatin1String(option)), option);
 }
 
