@@ -73,6 +73,23 @@ start --tour pictures
 [[ $(<"$work/calls") == "workbench in $work/elsewhere with --tour pictures" ]] \
     || fail "a second start with nothing changed does more than start the workbench"
 
+for demo in "$project"/scenarios/demos/*.script; do
+    name=$(basename "$demo" .script)
+    start --demo "$name" --headless
+    [[ $status == 0 ]] || fail "the demonstration $name without a display ends with $status"
+    called "workbench in $work/elsewhere with --demo $name --headless" \
+        || fail "the demonstration $name was not handed on"
+done
+start --script some.script
+[[ $status == 0 ]] || fail "a script without a display ends with $status"
+called "workbench in $work/elsewhere with --script some.script" \
+    || fail "the script was not handed on"
+
+cp "$work/workbench" "$work/copy/build/release/bin/workbench"
+echo 'exit 1' >>"$work/copy/build/release/bin/workbench"
+start --demo slow-link --headless
+[[ $status == 1 ]] || fail "a demonstration that fails ends with $status"
+
 touch -d '+1 minute' "$work/copy/SourceFiles/x.cpp"
 display=:7
 start

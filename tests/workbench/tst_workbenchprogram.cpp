@@ -294,7 +294,7 @@ void tst_WorkbenchProgram::scriptThatHangs()
     write(QStringLiteral("slow.script"), "expect no-window\n"
                                          "menu \"Body administration\"\n"
                                          "click pushButton_exit\n");
-    // Half a second for each of some hundred questions: far more than the line may take.
+    // Half a second for each of about ninety questions: far more than the line may take.
     const Outcome outcome = run({"--headless", "--script", "slow.script", "--latency", "500",
                                  "--timeout", "2", "--record", "slow.jsonl"});
     QCOMPARE(outcome.status, 1);
