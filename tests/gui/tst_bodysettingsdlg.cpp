@@ -55,6 +55,8 @@ private slots:
     void cancelSendsNothing();
     void forbiddenSignIsRefused();
     void workedByKeyboardAlone();
+    void keysOfTheButtons();
+    void oldControllerByKeyboard();
     void versionGate_data();
     void versionGate();
     void advancedGate_data();
@@ -235,6 +237,56 @@ void tst_bodysettingsdlg::workedByKeyboardAlone()
     });
     QCOMPARE(result, int(QDialog::Accepted));
     QCOMPARE(nameOf(host, 1), QStringLiteral("Boot"));
+}
+
+void tst_bodysettingsdlg::keysOfTheButtons()
+{
+    TestHost host(twoBodies());
+    BodySettingsDlg dialog(&host.io, &host.mainWindow, &host.versions, moduleVersion);
+    bool anglesShown = false;
+    const int accepted = open(&dialog, [&](QWidget *shown) {
+        QApplication::setActiveWindow(shown);
+        robot().expectDialog(QStringLiteral("FixedAngleDlg"), [&](QWidget *angles) {
+            anglesShown = true;
+            QTest::keyClick(angles, Qt::Key_Escape);
+        });
+        QTest::keyClick(shown, Qt::Key_A, Qt::AltModifier);
+        // A key holds a button down for a moment before it acts.
+        QTRY_VERIFY(anglesShown);
+        // Enter on a name that is not being edited is the default button.
+        QTest::keyClick(tableOf(shown), Qt::Key_Return);
+    });
+    QCOMPARE(accepted, int(QDialog::Accepted));
+    QCOMPARE(host.writes(),
+             (QStringList{"body desc standard b01 Head", "body desc standard b02 Left hand"}));
+    host.clear();
+    const int rejected = open(&dialog, [](QWidget *shown) {
+        QTest::keyClick(tableOf(shown), Qt::Key_Escape);
+        QVERIFY(!shown->isVisible());
+    });
+    QCOMPARE(rejected, int(QDialog::Rejected));
+    QCOMPARE(host.writes(), QStringList());
+}
+
+void tst_bodysettingsdlg::oldControllerByKeyboard()
+{
+    TestHost host(twoBodies(QStringLiteral("1.15")));
+    BodySettingsDlg dialog(&host.io, &host.mainWindow, &host.versions, moduleVersion);
+    const int result = open(&dialog, [](QWidget *shown) {
+        QApplication::setActiveWindow(shown);
+        // The table and OK cannot be worked, so neither may hold or take the focus.
+        const auto focused = [shown] {
+            const QWidget *widget = shown->focusWidget();
+            return widget ? widget->objectName() : QString();
+        };
+        QCOMPARE(focused(), QStringLiteral("pushButton_special"));
+        QTest::keyClick(shown->focusWidget(), Qt::Key_Tab);
+        QCOMPARE(focused(), QStringLiteral("pushButton_cancel"));
+        QTest::keyClick(shown->focusWidget(), Qt::Key_Space);
+        QVERIFY(!shown->isVisible());
+    });
+    QCOMPARE(result, int(QDialog::Rejected));
+    QCOMPARE(host.writes(), QStringList());
 }
 
 void tst_bodysettingsdlg::versionGate_data()

@@ -72,6 +72,7 @@ private slots:
     void typedAngle();
     void tickingSwitchesAnAngleOn();
     void workedByKeyboardAlone();
+    void keysOfTheButtons();
     void numbersAndNamesCannotBeEdited();
     void okWritesEveryRow();
     void cancelSendsNothing();
@@ -334,6 +335,42 @@ void tst_fixedangledlg::workedByKeyboardAlone()
              QStringLiteral("standard fixed_angle b01 yes 5.000000 yes 3.500000 yes 20.000000"));
 }
 
+void tst_fixedangledlg::keysOfTheButtons()
+{
+    TestHost host(threeBodies());
+    int helpPages = 0;
+    const int accepted = open(&host, [&](QWidget *shown) {
+        for (const Qt::Key leaving : {Qt::Key_Escape, Qt::Key_Return}) {
+            QApplication::setActiveWindow(shown);
+            robot().expectDialog(QStringLiteral("HelpDialog"), [&](QWidget *page) {
+                ++helpPages;
+                QApplication::setActiveWindow(page);
+                // The text has the focus, so the arrow keys scroll at once.
+                QVERIFY(qobject_cast<QTextBrowser *>(page->focusWidget()));
+                QTest::keyClick(page->focusWidget(), leaving);
+                QVERIFY(!page->isVisible());
+            });
+            const int before = helpPages;
+            QTest::keyClick(shown, Qt::Key_H, Qt::AltModifier);
+            // A key holds a button down for a moment before it acts.
+            QTRY_COMPARE(helpPages, before + 1);
+        }
+        QTest::keyClick(tableOf(shown), Qt::Key_Return);
+        QVERIFY(!shown->isVisible());
+    });
+    QCOMPARE(helpPages, 2);
+    QCOMPARE(accepted, int(QDialog::Accepted));
+    QCOMPARE(host.writes(), unchangedWrites);
+    host.clear();
+    const int rejected = open(&host, [](QWidget *shown) {
+        Drive::typeIntoCell(tableOf(shown), 0, Ry, QStringLiteral("7"));
+        QTest::keyClick(tableOf(shown), Qt::Key_Escape);
+        QVERIFY(!shown->isVisible());
+    });
+    QCOMPARE(rejected, int(QDialog::Rejected));
+    QCOMPARE(host.writes(), QStringList());
+}
+
 void tst_fixedangledlg::numbersAndNamesCannotBeEdited()
 {
     TestHost host(threeBodies());
@@ -526,6 +563,10 @@ void tst_fixedangledlg::help()
             const QString plain = text->toPlainText();
             QVERIFY(plain.contains(QStringLiteral("-20.0")));
             QVERIFY(plain.contains(QStringLiteral("20.0 degrees")));
+            for (const char *topic : {"What a fixed angle does", "How to switch a fixed angle on",
+                                      "Which angles are allowed", "Which bodies allow it",
+                                      "Tick the box", "has to be calibrated"})
+                QVERIFY2(plain.contains(QLatin1String(topic)), topic);
             for (const char *picture : {":/datadisplay.png", ":/bodytable.png"}) {
                 QVERIFY(text->toHtml().contains(QLatin1String(picture)));
                 QCOMPARE(QImage(QLatin1String(picture)).size(), QSize(528, 200));
