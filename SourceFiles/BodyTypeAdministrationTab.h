@@ -309,4 +309,5 @@ private:
     bool m_isActingOnCheckBox = false;
     int m_filling = 0;
     bool m_isCountBeingChosen = false;
+    bool m_isCurrentCellTold = false;
 };

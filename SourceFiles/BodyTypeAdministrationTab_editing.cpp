@@ -21,9 +21,13 @@ void BodyTypeAdministrationTab::ON_tableWidget_cellClicked(int row, int column)
     const QString type = typeOfTable(table);
     if (type.isEmpty() || !table->isVisible())
         return;
+    // The press that made another cell current has told it already.
+    const bool told = m_isCurrentCellTold && current_btype == type && current_bid == row;
+    m_isCurrentCellTold = false;
     current_btype = type;
     current_bid = row;
-    emit selection_changed(type, row);
+    if (!told)
+        emit selection_changed(type, row);
     saveSelectionOfMtTables();
     const QTableWidgetItem *item = table->item(row, column);
     if (item && item->flags().testFlag(Qt::ItemIsEnabled))
@@ -162,6 +166,7 @@ void BodyTypeAdministrationTab::ON_tableWidget_currentItemChanged(QTableWidgetIt
         return;
     current_btype = type;
     current_bid = current->row();
+    m_isCurrentCellTold = true;
     emit selection_changed(type, current->row());
 }
 

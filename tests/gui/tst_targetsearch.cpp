@@ -491,6 +491,7 @@ void tst_TargetSearch::unreadableStepAborts()
                  QStringList{QStringLiteral(
                          "Error during target library calibration. Calibration aborted")});
         compareButtons(shown, true, false);
+        compareControls(shown, true);
         QVERIFY(!poll(shown));
         QVERIFY(track(shown));
     });
