@@ -245,6 +245,10 @@ void tst_trackingdlg::locked()
     ControllerState state = twoBodies();
     state.configChangeable = false;
     TestHost host(state);
+    QPixmap parentPixmap(16, 16);
+    parentPixmap.fill(Qt::green);
+    host.mainWindow.setWindowIcon(QIcon(parentPixmap));
+    const auto pictureOf = [](const QIcon &icon) { return icon.pixmap(16, 16).toImage(); };
     TrackingDlg dialog(&host.io, &host.mainWindow, &host.versions, moduleVersion);
     const std::vector<const char *> editing{"checkBox_force3d",  "checkBox_autoReStart",
                                             "pushButton_ok",     "pushButton_advanced",
@@ -253,7 +257,7 @@ void tst_trackingdlg::locked()
         for (const char *name : editing)
             QVERIFY2(!isEnabled(shown, name), name);
         QVERIFY(isVisible(shown, "pushButton_advanced"));
-        QVERIFY(!shown->windowIcon().isNull());
+        QCOMPARE(pictureOf(shown->windowIcon()), pictureOf(QIcon(QStringLiteral(":/lock.png"))));
         Drive::click(shown, "pushButton_cancel");
     });
     QCOMPARE(host.writes(), QStringList());
@@ -262,6 +266,7 @@ void tst_trackingdlg::locked()
     open(&dialog, [&](QWidget *shown) {
         for (const char *name : editing)
             QVERIFY2(isEnabled(shown, name), name);
+        QCOMPARE(pictureOf(shown->windowIcon()), parentPixmap.toImage());
         Drive::click(shown, "pushButton_cancel");
     });
     QCOMPARE(host.writes(), QStringList{QStringLiteral("tracking auto_restart yes")});
