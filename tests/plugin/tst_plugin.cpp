@@ -49,6 +49,8 @@ private slots:
     void entriesOpenTheirDialogs();
     void parametersOfAnotherKindAreStoredAsNothing_data();
     void parametersOfAnotherKindAreStoredAsNothing();
+    void keyInOtherLettersIsIgnored_data();
+    void keyInOtherLettersIsIgnored();
     void laterParametersDoNotReachTheDialogs();
     void mainWindowMayComeAsQObject();
     void shutDownBeforeTheEntriesDoesNothing();
@@ -225,6 +227,34 @@ void tst_plugin::parametersOfAnotherKindAreStoredAsNothing()
     QCOMPARE(elements.size(), 2);
     for (const _GuiElement *element : elements)
         QCOMPARE(element->content->parentWidget(), hasParent ? &host.mainWindow : nullptr);
+}
+
+void tst_plugin::keyInOtherLettersIsIgnored_data()
+{
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<bool>("heard");
+
+    QTest::newRow("exact") << "CommandManager" << true;
+    QTest::newRow("lower case") << "commandmanager" << false;
+    QTest::newRow("upper case") << "COMMANDMANAGER" << false;
+    QTest::newRow("trailing blank") << "CommandManager " << false;
+}
+
+void tst_plugin::keyInOtherLettersIsIgnored()
+{
+    QFETCH(QString, key);
+    QFETCH(bool, heard);
+
+    PluginHost host;
+    ModuleInterface *module = host.module();
+    QVERIFY(module);
+    module->set_param(key, QVariant::fromValue(static_cast<IOManager *>(host.io.get())));
+    module->set_param(QStringLiteral("BackendVersions"), QVariant::fromValue(&host.versions));
+    const QList<_GuiElement *> elements = module->get_gui_elements();
+    QCOMPARE(elements.size(), 2);
+    QCOMPARE(host.io->receiverCount("GlobalEvent"), heard ? 1 : 0);
+    QCOMPARE(host.openAndClose(elements.at(1)), QStringLiteral("Body Administration"));
+    QCOMPARE(lines(*host.io).isEmpty(), !heard);
 }
 
 void tst_plugin::laterParametersDoNotReachTheDialogs()
