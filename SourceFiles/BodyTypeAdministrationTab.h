@@ -40,6 +40,7 @@ class BodyTypeAdministrationTab : public QWidget {
     Q_OBJECT
 
 public:
+    /** The manager and the versions outlive the tab and may be null; the catalogue may not. */
     BodyTypeAdministrationTab(IOManager *iom, QWidget *parent, BackendVersions *beVers,
                               const QString &moduleVersion, Targetlibrary *targetlib);
     ~BodyTypeAdministrationTab() override;
@@ -48,9 +49,13 @@ public:
     virtual QString getTabTitle() = 0;
     /** True when the controller offers what the tab administers. */
     virtual bool isAvailable() = 0;
+    /** True when the type has 6DOF filters and the current body a geometry to filter. */
     virtual bool is_filter6d_possible();
+    /** True when a body is current that may be calibrated. */
     virtual bool is_bodycal_possible();
+    /** True when the current body is calibrated and may be adjusted. */
     virtual bool is_bodyadjustment_possible();
+    /** True when the current body carries a sensor that is present; asks the controller. */
     virtual bool is_hybridbodycalibration_possible();
     /** Current row of the tab's body table; -1 when none. */
     virtual int getCurrentBodyindex() = 0;
@@ -75,61 +80,107 @@ public:
     virtual bool deleteBody(const QString &type, int index);
     /** Exchanges two bodies (protocol 1.11). False when the controller did not. */
     virtual bool switchBody(const QString &type, int index, int otherIndex);
+    /** Largest number of bodies, asked of the controller; a default, and logged, on failure. */
     virtual int morvek2_getMaxNumberOfBodies(const QString &type) = 0;
+    /** Tells the controller the number of bodies; false, and logged, when it refused. */
     virtual bool morvek2_setNumberOfBodies(const QString &type, int count) = 0;
     /** Fills the item of a custom column; the item is new. */
     virtual void updateTableWidgetCell(const QString &type, int index, int column,
                                        QTableWidgetItem *item);
+    /** Remembers the current rows of a tab that has two body tables; elsewhere does nothing. */
     virtual void saveSelectionOfMtTables();
 
     /** Stores a fresh record of the type and reads its description and filter availability. */
     void registerBodyType(const QString &type);
+    /** Forgets the record; the widgets stay. An unknown type changes nothing. */
     void unregisterBodyType(const QString &type);
+    /** True from registerBodyType() to unregisterBodyType(). */
     bool isBodyTypeRegistered(const QString &type) const;
+    /** The box that shows and sets the number of bodies of the type. */
     void registerSpinBox(const QString &type, QSpinBox *spinBox);
+    /** A combo box that belongs to the type; kept in the record only. */
     void registerComboBox(const QString &type, QComboBox *comboBox);
+    /** The table that shows the type's bodies; `idFormat` makes the ID cell of a row. */
     void registerTableWidget(const QString &type, QTableWidget *table,
                              const QVector<COLUMN_TYPE> &columns, const QString &idFormat);
+    /** The target table of the type, when it is not the one that all tabs have in common. */
     void registerTableWidget_tl(const QString &type, QTableWidget *table);
 
+    // From the records, nothing is sent: false, 0 or an empty text for what is not there.
+
+    /** The controller's description of the type. */
     QString getBodyTypeDescription(const QString &type) const;
+    /** True when the controller offers 6DOF filters for the type. */
     bool getBodyTypeFilter6dAvailable(const QString &type) const;
+    /** Bodies that an inertial sensor is assigned to. */
     int getNumberOfInertialSensors(const QString &type) const;
+    /** Body slots, calibrated or not. */
     int getNumberOfBodies(const QString &type) const;
+    /** Bodies with a geometry. */
     int getNumberOfCalibratedBodies(const QString &type) const;
+    /** True when the controller tracks the body. */
     bool isBodyActive(const QString &type, int index) const;
+    /** True when the body has a geometry. */
     bool isBodyCalibrated(const QString &type, int index) const;
+    /** True when the controller says that the geometry was measured anew. */
     bool isBodyRecalibrated(const QString &type, int index) const;
+    /** True when the body's sensor has a hand-eye calibration. */
     bool hasBodyHandEye(const QString &type, int index) const;
+    /** True when all other bodies are measured relative to this one. */
     bool getBodyIsReference(const QString &type, int index) const;
+    /** The same as getBodyIsReference(). */
     bool isBodyReference(const QString &type, int index) const;
+    /** The name that the operator gave. */
     QString getBodyDescription(const QString &type, int index) const;
+    /** Short name of the library target that the body holds; empty when none. */
     QString getBodyTargetlibName(const QString &type, int index) const;
+    /** How the body was calibrated, as the table shows it. */
     QString getBodyCalibrationStatus(const QString &type, int index) const;
+    /** Identifier of the assigned inertial sensor; empty when none. */
     QString getBodyInertialSensor(const QString &type, int index) const;
+    /** The filters as one line for the table. */
     QString getBodyFilter6dPreset(const QString &type, int index) const;
 
+    /** Reads all registered types and fills their tables; a failed query is logged. */
     void updateBodyTypesInfo();
+    /** Reads the count and all bodies of the type; the table stays as it is. */
     void updateBodyTypeInfo(const QString &type);
+    /** Reads one body into its record; logs each failed query and goes on. */
     void updateBodyInfo(const QString &type, int index);
+    /** Reads the filters of one body into its record. */
     void updateBodyFilter6dPreset(const QString &type, int index);
+    /** Counts the assigned sensors from the records. */
     void updateNumberOfInertialSensors(const QString &type);
     /** Shows the number of bodies; with `readMaximum` the limit is read first. */
     void updateBodyTypeSpinBox(const QString &type, bool readMaximum);
+    /** Fills the table from the records; asks only whether the sensors warm up. */
     void updateTableWidget(const QString &type);
 
+    /** Tells the controller the count and reads it back; asks before the reference is dropped. */
     void setNumberOfBodies(const QString &type, int count);
+    /** Makes the body the reference or none; refuses, with a box, a body that is not active. */
     void setBodyReference(const QString &type, int index, bool reference);
+
+    // The commands alone, without reading back: false, and logged, when the controller refused.
+
+    /** Switches a body on or off. */
     bool morvek2_setBodyActive(const QString &type, int index, bool active);
+    /** Names a body; a line break in the name is refused. */
     bool morvek2_setBodyDescription(const QString &type, int index, const QString &text);
+    /** Makes a standard body the reference, the only kind that can be; false: no body at all. */
     bool morvek2_setBodyIsReference(const QString &type, int index, bool reference);
+
     /** Asks before the last body is dropped while it is the reference; may put the count back. */
     void checkForReferenceDisabeledAndResetIfNec(int &newCount, int oldCount, const QString &type);
+    /** Makes no body the reference; a refusal is logged. */
     void resetReferenceTargetIfAny();
 
+    /** True when the body's inertial sensor is present; false, and logged, when unreadable. */
     bool is_hybridbodycalibration_available(const QString &type, int index);
+    /** A locked configuration is shown but cannot be edited. */
     virtual void setConfigLockedStatus(bool locked);
 
+    /** Columns, headers and selection of an empty target table. */
     void setup_tableWidget_targetlibrary(QTableWidget *table);
     /** Lists the targets of the type; a null group lists them all. */
     void update_tableWidget_targetlibrary(QTableWidget *table, const QString &type,
@@ -137,27 +188,42 @@ public:
     /** Assigns the current target to the current body; false when it was not done. */
     bool pushButtonSelectClicked(const QString &type, QTableWidget *bodyTable,
                                  QTableWidget *tlTable);
+    /** Deletes the current body, asking first; nothing without a current body. */
     void pushButtonDeSelectClicked(const QString &type, QTableWidget *bodyTable);
+    /** Frees the target, by its short name, from every body but the table's current one. */
     void deleteTargetInDifferentSlotIfExists(const QString &target, const QString &type,
                                              QTableWidget *bodyTable);
+    /** Deletes a body, asking first, and reads whether the target it held is still in use. */
     void deleteBodyAndUpdateTlCalibratedOfTarget(const QString &type, int index);
+    /** Reads whether a body holds the target; keeps what is known, and logs, on failure. */
     void updateTlCalibratedOfTarget(const QString &targetId);
+    /** updateTlCalibratedOfTarget() for each identifier. */
     void updateTlCalibratedOfTargets(const QStringList &targetIds);
+    /** Reads which of the listed targets are in use and shows it. */
     void updateCalStatusTablewidgetTl(const QString &type);
     /** Asks the controller which targets of the type the cameras see. */
     void updateTlTrackedStatus(const QString &type);
     /** Marks the listed targets that the cameras see and counts them. */
     void do_updateTrackedAndAcceptStatus_tl(QTableWidget *table, int &numTracked,
                                             int &numCalibrated);
+    /** Tells the operator how many targets were found; the tab may be gone afterwards. */
     void showMessageFoundTargets_tl(int count);
+    /** Asks whether a named body may be overwritten; true without asking for one without name. */
     bool overwriteBodyCalibration(const QString &name);
+    /** Stops polling the search and the tracked states. */
     void stopAllTimer();
+    /** Asks the controller which targets of the tab's type are seen, and counts them. */
     int getTrackedTargets();
 
+    /** Enables select by the target table alone. */
     void activate_pushButton_start();
+    /** The same rule as activate_pushButton_deselect(). */
     void activate_pushButton_stop();
+    /** Enables select while a body and a target are current and no search runs. */
     void activate_pushButton_select();
+    /** Enables deselect by what the current body's row shows, while no search runs. */
     void activate_pushButton_deselect();
+    /** Enables the controls that a running search locks. */
     void enableControls(bool enable);
 
     /** The body type that the tab's page stands for. */

@@ -20,18 +20,22 @@ class MessageReceiver;
  */
 class ControllerLink {
 public:
+    /** Either may be null. */
     ControllerLink(IOManager *iom, const BackendVersions *versions);
 
     /** The answer as text; nothing when the query failed. */
     std::optional<QString> text(const char *format, ...) const
             __attribute__((format(printf, 2, 3)));
+    /** The answer as a whole number; nothing when the query failed. */
     std::optional<int> integer(const char *format, ...) const __attribute__((format(printf, 2, 3)));
     /**
      * A number of things, 0 to 9999. Any other answer is garbage and counts as a failed query: it
      * must not keep the program busy.
      */
     std::optional<int> count(const char *format, ...) const __attribute__((format(printf, 2, 3)));
+    /** The answer as a finite number; nothing when the query failed. */
     std::optional<double> real(const char *format, ...) const __attribute__((format(printf, 2, 3)));
+    /** The answer as yes or no; nothing when the query failed. */
     std::optional<bool> flag(const char *format, ...) const __attribute__((format(printf, 2, 3)));
 
     /** True when the query succeeded with exactly "yes". */
@@ -47,7 +51,9 @@ public:
     /** Sends a request of the body administration to the module that listens on `channel`. */
     void post(const char *channel, const QString &request) const;
 
+    /** From now on `receiver` gets the messages of `channel`; it has to be withdrawn again. */
     void registerReceiver(const char *channel, MessageReceiver *receiver) const;
+    /** Withdraws `receiver` from `channel`; nothing when it is not registered. */
     void unregisterReceiver(const char *channel, MessageReceiver *receiver) const;
 
     /** True when the connected protocol is at least major.minor, with any patch level. */
@@ -57,7 +63,9 @@ public:
     /** True when the configuration cannot be changed (asked from protocol 1.9 on). */
     bool isConfigLocked() const;
 
+    /** The host's object, for handing on to other dialogs; may be null. */
     IOManager *ioManager() const { return m_iom; }
+    /** The host's object; may be null. */
     const BackendVersions *versions() const { return m_versions; }
 
     /** `text` as it goes into a command line for "%s". */

@@ -40,6 +40,7 @@ public:
     void writeOldSettings();
     /** Writes the chosen axis as a unit vector; nothing when no axis is selected. */
     void save5DofAxisCentralSettings();
+    /** Fills in the axes to choose from. */
     void setup_comboBox_5dofAxis();
     /** Selects the controller's axis; another vector is only shown. No selection on failure. */
     void update_comboBox_5dofAxis();
@@ -49,23 +50,29 @@ public:
     /** Switches automatic restart on, which a compact system always runs with. */
     void check_pocketunit_default_settings();
 
+    /** Shows or hides the button that opens the fixed angles. */
     void show_fixed_angle_button(bool show);
     /** True when any axis of any standard body is fixed; false when that cannot be read. */
     bool any_body_fixed_angle() const;
+    /** Decides by preference and bodies whether the fixed angles can be opened from here. */
     void displayFixedAngleButton();
 
     /** Hides the tracking frequency. */
     void enableInertialControls();
     /** Enables the inputs that belong to the chosen source of the tracking frequency. */
     void activateInertialControls();
+    /** Reads the source of the tracking frequency; none is chosen when it is unknown. */
     void update_radioButtonsInertial();
+    /** Reads the tracking frequency, in Hz. */
     void update_spinBox_frequency();
+    /** Lists the inertial sensors that bodies carry. */
     void update_comboBox_inertialSensor();
     /** Writes the source of the tracking frequency; a refused write is logged. */
     void sendInertialSettingsToAtc();
 
     /** Reads the preferences file; a file that cannot be used is logged, no file is not. */
     void loadSettingsFromXml();
+    /** Writes the preferences file; a failure is logged. */
     void saveSettingsToXml() const;
     /** Takes over one child of the preferences' root; unknown elements change nothing. */
     void readSettings(const QDomElement &element);

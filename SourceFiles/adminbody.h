@@ -28,5 +28,6 @@ struct AdminBody {
     QString filter6dPreset;    ///< display text
     bool isReference = false;  ///< the body is the tracking reference
 
+    /** Back to the values of a body that was never read. */
     void clear() { *this = AdminBody(); }
 };

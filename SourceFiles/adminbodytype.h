@@ -24,6 +24,7 @@ struct AdminBodyType {
     bool filter6dAvailable = false;
     int numInertialSensors = 0; ///< bodies of the type that carry an inertial sensor
 
+    /** True when there is a body of that zero-based index. */
     bool isValidIndex(int index) const { return index >= 0 && index < bodies.size(); }
     /** Out-of-range indexes are ignored. */
     void setBodyIsReference(int index, bool reference)
@@ -31,6 +32,7 @@ struct AdminBodyType {
         if (isValidIndex(index))
             bodies[index].isReference = reference;
     }
+    /** False for an out-of-range index. */
     bool getBodyIsReference(int index) const
     {
         return isValidIndex(index) && bodies.at(index).isReference;

@@ -22,6 +22,7 @@ public:
     /** `parent` is the widget that shows the table; the versions are not consulted. */
     AngleTableWidget(BackendVersions *beVers, QObject *parent);
 
+    /** Removes all rows and sets up the columns. */
     void initial_table();
     /** Replaces all rows. Shows the angles as they are, whatever their range. */
     void fill_in_table(const QList<FixedAngleBody *> &bodies);

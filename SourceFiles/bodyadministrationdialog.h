@@ -30,6 +30,7 @@ class BodyAdministrationDlg : public QDialog {
     Q_OBJECT
 
 public:
+    /** Registers for the host's messages; the host's objects outlive the dialog. */
     BodyAdministrationDlg(IOManager *iom, QWidget *parent, BackendVersions *beVers);
     ~BodyAdministrationDlg() override;
 
@@ -39,6 +40,7 @@ public:
 public slots:
     /** Reads everything anew and shows the dialog modally; returns when it is closed or hidden. */
     void update_and_exec();
+    /** Closes the dialog; while the controller searches or calibrates it logs so and stays. */
     void reject() override;
 
 protected:

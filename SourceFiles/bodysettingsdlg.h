@@ -29,6 +29,7 @@ public:
                     QString moduleVersion);
     ~BodySettingsDlg() override;
 
+    /** Columns and headers of the empty table. */
     void setupTable();
     /** Fills the table from the controller; a failed query is logged and the next one follows. */
     void updateTable();
@@ -36,6 +37,7 @@ public:
     QStringList get_current_body_names() const;
     /** Writes every name, changed or not; a refused one is logged and the next one follows. */
     void saveBodySettings();
+    /** Shows or hides the button of the fixed angles; old protocols do not know them. */
     void show_fixed_angle_button(bool show);
 
 public slots:

@@ -49,6 +49,7 @@ public:
     {
     }
 
+    /** Shows the record; `custom` is called for each cell that the tab fills itself. */
     void fill(const QString &type, const AdminBodyType &record, const CustomCell &custom) const;
 
 private:

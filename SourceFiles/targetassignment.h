@@ -30,8 +30,11 @@ public:
      */
     QString targetOfBody(const QString &type, int index) const;
 
+    /** Reads whether a body holds the target; keeps what is known, and logs, on failure. */
     void refreshUsed(const QString &targetId) const;
+    /** The same for each identifier. */
     void refreshUsed(const QStringList &targetIds) const;
+    /** Reads whether the cameras see the target; not seen, and logged, on failure. */
     void refreshTracked(Target *target) const;
     /** Identifiers of those whose calibration is a custom one; false while a calibration runs. */
     bool readCustom(const QStringList &targetIds, QSet<QString> *custom) const;

@@ -16,6 +16,7 @@ public:
     /** Between two refreshes of the tracked states while no search runs, in ms. */
     static constexpr int trackedIntervalMs = 603;
 
+    /** Neither timer may be null. */
     TargetSearchPanel(const ControllerLink &link, QTimer *pollTimer, QTimer *trackedTimer);
 
     /** Once, after the tab's form was set up. */
@@ -29,24 +30,32 @@ public:
 
     /** Starts a search when the controller can; false when nothing was touched. */
     bool start();
+    /** One step of a running search: moves the bar, and stops polling after the last step. */
     TargetSearchRun::Step poll();
+    /** Stops the search on the controller and puts the bar back. */
     void cancel();
     /** Buttons and controls after a run. */
     void showIdle();
     /** From now on the tracked states are refreshed. */
     void startTracking();
+    /** How many targets of the tab's type the controller sees now; asks for each. */
     int countTracked(const Targetlibrary &library) const;
     /** Shows the counts while the bar stands between its ends. */
     void showCounts(int found, int alreadyUsed);
     /** Bar, label and stop button as at the beginning; leaves a running search alone. */
     void reset();
+    /** No more polls and no more tracked states. */
     void stopTimers();
 
+    /** Enables what a running search locks, as far as the configuration lets it. */
     void setControlsEnabled(bool enabled);
+    /** A locked configuration keeps the editing controls disabled. */
     void setConfigLocked(bool locked);
+    /** Enables select while a body and a target are current and no search runs. */
     void applySelectRule();
     /** Enables select by the target table alone. */
     void applyStartRule();
+    /** Enables deselect by what the current body's row shows, while no search runs. */
     void applyDeselectRule();
 
 private:

@@ -54,6 +54,7 @@ public:
 
     /** Identifier in that row; empty for a heading or a row that is not there. */
     static QString targetId(const QTableWidget *table, int row);
+    /** Short name in that row; empty for a row that is not there. */
     static QString shortName(const QTableWidget *table, int row);
 
 private:

@@ -15,11 +15,13 @@ class TrackingPreferences {
     Q_DECLARE_TR_FUNCTIONS(TrackingPreferences)
 
 public:
+    /** `folder` may be missing until the first save. */
     explicit TrackingPreferences(const QString &folder);
 
     /** The folder of this module version below the user's home folder. */
     static QString folderOf(const QString &moduleVersion);
 
+    /** The file with its path. */
     QString fileName() const { return m_fileName; }
 
     /**

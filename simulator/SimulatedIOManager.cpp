@@ -33,7 +33,7 @@ __attribute__((format(printf, 1, 0))) QByteArray formatted(const char *format, v
     return line;
 }
 
-// A va_list lives in the function that has the dots, so this cannot be a helper function.
+// A va_list lives in the function that has the dots, so no other function can do this.
 #define LINE_OF(format)                                                                            \
     va_list arguments;                                                                             \
     va_start(arguments, format);                                                                   \
