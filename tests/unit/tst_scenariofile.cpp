@@ -157,13 +157,17 @@ void tst_ScenarioFile::bodiesTakeFilterValuesFromTheirPreset()
     QCOMPARE(bodies.at(1).filterMode, QStringLiteral("fast"));
 }
 
-void tst_ScenarioFile::errors_data()
+namespace {
+
+/** One row of errors(). */
+void row(const char *name, const QByteArray &json, const char *error)
 {
-    QTest::addColumn<QByteArray>("json");
-    QTest::addColumn<QString>("error");
-    const auto row = [](const char *name, const QByteArray &json, const char *error) {
-        QTest::newRow(name) << json << QString::fromUtf8(error);
-    };
+    QTest::newRow(name) << json << QString::fromUtf8(error);
+}
+
+/** Files that are no JSON, and keys that nobody knows. */
+void unknownRows()
+{
     row("nothing", "", "x.json: line 1, column 1: illegal value");
     row("syntax", "{\n  \"state\": {\n    \"protocol\" \"1.24\"\n  }\n}",
         "x.json: line 3, column 16: missing name separator");
@@ -174,6 +178,11 @@ void tst_ScenarioFile::errors_data()
     row("unknown key of a target", withState("\"targets\": [{\"shortName\": \"A\", \"x\": 1}]"),
         "x.json: state.targets[0].x: expected one of the keys shortName, longName, bodyType, "
         "group, custom, inVolume, tracked, found \"x\"");
+}
+
+/** Values of another type or outside their range. */
+void valueRows()
+{
     row("state of another type", "{\"state\": 3}", "x.json: state: expected an object, found 3");
     row("flag of another type", withState("\"configChangeable\": \"no\""),
         "x.json: state.configChangeable: expected true or false, found \"no\"");
@@ -201,6 +210,11 @@ void tst_ScenarioFile::errors_data()
         "x.json: state.axis5dofCentral: expected 3 numbers, found [0,1]");
     row("axis of texts", withState("\"axis5dofCentral\": [0, \"1\", 0]"),
         "x.json: state.axis5dofCentral[1]: expected a number, found \"1\"");
+}
+
+/** Names that a command line could not carry. */
+void wordRows()
+{
     row("short name missing", withState("\"targets\": [{}]"),
         "x.json: state.targets[0].shortName: expected a word without blanks and quotes, "
         "found nothing");
@@ -217,6 +231,11 @@ void tst_ScenarioFile::errors_data()
         "x.json: state.bodyTypes.sofa: expected one of standard, joywand, "
         "multiuserjoywand_head, fingertracking, measurementtool, measurementtool_reference, "
         "found \"sofa\"");
+}
+
+/** Bodies that contradict themselves or the rest of the state. */
+void bodyRows()
+{
     row("more bodies than the maximum",
         withState("\"bodyTypes\": {\"standard\": {\"maximum\": 1, \"bodies\": [{}, {}]}}"),
         "x.json: state.bodyTypes.standard.bodies: expected at most 1 bodies, found \"2\"");
@@ -255,6 +274,11 @@ void tst_ScenarioFile::errors_data()
     row("fixed angle out of range", withBody("\"fixedAngles\": [{}, {\"degrees\": 21}, {}]"),
         "x.json: state.bodyTypes.standard.bodies[1].fixedAngles[1].degrees: expected a number "
         "from -20 to 20, found 21");
+}
+
+/** Lists and settings that contradict each other, and faults. */
+void referenceRows()
+{
     row("group that is not there",
         withState("\"targets\": [{\"shortName\": \"A\", \"group\": \"G\"}]"),
         "x.json: state.targets[0].group: expected a name from targetGroups, found \"G\"");
@@ -281,6 +305,19 @@ void tst_ScenarioFile::errors_data()
     row("fault", "{\"faults\": [\"* fail\", \"body* every x fail\"]}",
         "x.json: faults[1]: column 13: expected every how many calls (a whole number from 1), "
         "found \"x\"");
+}
+
+} // namespace
+
+void tst_ScenarioFile::errors_data()
+{
+    QTest::addColumn<QByteArray>("json");
+    QTest::addColumn<QString>("error");
+    unknownRows();
+    valueRows();
+    wordRows();
+    bodyRows();
+    referenceRows();
 }
 
 void tst_ScenarioFile::errors()

@@ -148,64 +148,71 @@ void tst_ScriptRunner::succeeds()
     QCOMPARE(m_session->state().bodyTypes[QStringLiteral("standard")].bodies.size(), 9);
 }
 
-void tst_ScriptRunner::fails_data()
-{
-    QTest::addColumn<QByteArray>("text");
-    QTest::addColumn<QString>("failure");
+namespace {
 
-    const QByteArray open = "menu \"Body administration\"\nmark\n";
+/** Opens the body administration; what follows stands in line 3. */
+const QByteArray opened = QByteArrayLiteral("menu \"Body administration\"\nmark\n");
+
+/** What a user cannot do. */
+void inputRows()
+{
     QTest::newRow("menu entry") << QByteArray("menu Nothing\n")
                                 << "s:1: expected a menu entry \"Nothing\", found ";
     QTest::newRow("key") << QByteArray("key Nokey\n")
                          << "s:1: expected a key such as F8, found \"Nokey\"";
-    QTest::newRow("no widget") << open + "click nothing\n"
+    QTest::newRow("no widget") << opened + "click nothing\n"
                                << "s:3: expected a visible widget \"nothing\", found none in the "
                                   "window \"Body Administration\"";
     QTest::newRow("disabled widget")
-            << open + "click pushButton_stop\n"
+            << opened + "click pushButton_stop\n"
             << "s:3: expected \"pushButton_stop\" enabled, found it disabled";
-    QTest::newRow("another class") << open + "choose pushButton_exit x\n"
+    QTest::newRow("another class") << opened + "choose pushButton_exit x\n"
                                    << "s:3: expected a QComboBox \"pushButton_exit\", found a "
                                       "QPushButton";
-    QTest::newRow("no entry") << open + "choose comboBox_filter Nothing\n"
+    QTest::newRow("no entry") << opened + "choose comboBox_filter Nothing\n"
                               << "s:3: expected an entry \"Nothing\", found \"- Found Targets -\"";
-    QTest::newRow("no row") << open + "cell tableWidget_standard 9 ID\n"
+    QTest::newRow("no row") << opened + "cell tableWidget_standard 9 ID\n"
                             << "s:3: expected row 9, column \"ID\" in \"tableWidget_standard\", "
                                "found 8 rows and 10 columns";
-    QTest::newRow("no check box") << open + "check tableWidget_standard 8 Active\n"
+    QTest::newRow("no check box") << opened + "check tableWidget_standard 8 Active\n"
                                   << "s:3: expected a check box in the cell, found none";
-    QTest::newRow("not editable") << open + "type tableWidget_standard 1 ID x\n"
+    QTest::newRow("not editable") << opened + "type tableWidget_standard 1 ID x\n"
                                   << "s:3: expected the cell to be editable, found no editor in it";
-    QTest::newRow("no page") << open + "page tabWidget Nothing\n"
+    QTest::newRow("no page") << opened + "page tabWidget Nothing\n"
                              << "s:3: expected a page \"Nothing\", found Standard, ";
-    QTest::newRow("no box") << open + "answer A B OK\n"
+    QTest::newRow("no box") << opened + "answer A B OK\n"
                             << "s:3: expected a box \"A: B\", found the window \"Body "
                                "Administration\"";
     QTest::newRow("another box")
-            << open + "cell tableWidget_standard 1 Delete\nanswer MORVEK3 Other Yes\n"
+            << opened + "cell tableWidget_standard 1 Delete\nanswer MORVEK3 Other Yes\n"
             << "s:4: expected a box \"MORVEK3: Other\", found \"MORVEK3: ";
     QTest::newRow("no such button")
-            << open + "cell tableWidget_standard 1 Delete\nanswer MORVEK3 .* Maybe\n"
+            << opened + "cell tableWidget_standard 1 Delete\nanswer MORVEK3 .* Maybe\n"
             << "s:4: expected a button \"Maybe\", found ";
-    QTest::newRow("text") << open + "expect text spinBox_standard_bodies 7\n"
+}
+
+/** What is not as expected. */
+void expectationRows()
+{
+    QTest::newRow("text") << opened + "expect text spinBox_standard_bodies 7\n"
                           << "s:3: expected spinBox_standard_bodies \"7\", found \"8\"";
-    QTest::newRow("cell") << open + "expect cell tableWidget_standard 1 Name Hat\n"
+    QTest::newRow("cell") << opened + "expect cell tableWidget_standard 1 Name Hat\n"
                           << "s:3: expected row 1, Name, \"Hat\", found \"Cap\"";
-    QTest::newRow("rows") << open + "expect rows tableWidget_standard 7\n"
+    QTest::newRow("rows") << opened + "expect rows tableWidget_standard 7\n"
                           << "s:3: expected rows \"7\", found \"8\"";
     QTest::newRow("state") << QByteArray("expect state model OTHER\n")
                            << "s:1: expected model \"OTHER\", found \"STUDIO4\"";
     QTest::newRow("no state") << QByteArray("expect state nothing.here x\n")
                               << "s:1: expected a value at \"nothing.here\", found none";
-    QTest::newRow("no command") << open + "expect command \"body x\"\n"
+    QTest::newRow("no command") << opened + "expect command \"body x\"\n"
                                 << "s:3: expected the command \"body x\", found nothing";
     QTest::newRow("command") << QByteArray("mark\nmenu \"Body administration\"\n"
                                            "expect no-command \"config is_changeable\"\n")
                              << "s:3: expected no command \"config is_changeable\", found it";
     QTest::newRow("writes")
-            << open + "check tableWidget_standard 1 Active\nexpect writes\n"
+            << opened + "check tableWidget_standard 1 Active\nexpect writes\n"
             << "s:4: expected exactly nothing, found \"body active standard b01 no\"";
-    QTest::newRow("log") << open + "expect log \"Error:\"\n"
+    QTest::newRow("log") << opened + "expect log \"Error:\"\n"
                          << "s:3: expected a log line \"Error:\", found nothing";
     QTest::newRow("no log") << QByteArray("mark\nfault \"config is_changeable fail\"\n"
                                           "fault \"body type_desc* fail\"\n"
@@ -215,17 +222,22 @@ void tst_ScriptRunner::fails_data()
                             << "s:7: expected no log line, found \"Error: Unable to ";
     QTest::newRow("window") << QByteArray("expect window Nothing\n")
                             << "s:1: expected a window \"Nothing\", found ";
-    QTest::newRow("no window") << open + "expect no-window\n"
+    QTest::newRow("no window") << opened + "expect no-window\n"
                                << "s:3: expected no open window, found the window \"Body "
                                   "Administration\"";
-    QTest::newRow("enabled") << open + "expect disabled pushButton_start\n"
+    QTest::newRow("enabled") << opened + "expect disabled pushButton_start\n"
                              << "s:3: expected \"pushButton_start\" disabled, found it enabled";
-    QTest::newRow("hidden") << open + "expect hidden pushButton_start\n"
+    QTest::newRow("hidden") << opened + "expect hidden pushButton_start\n"
                             << "s:3: expected \"pushButton_start\" hidden, found it visible";
     QTest::newRow("fired") << QByteArray("fault \"status active fail\"\nexpect fired 1 2\n")
                            << "s:2: expected firings of rule 1 \"2\", found \"0\"";
     QTest::newRow("time") << QByteArray("mark\ntick 2\nexpect within 1199\n")
                           << "s:3: expected at most 1199 ms, found 1200 ms";
+}
+
+/** What the controller cannot be set to. */
+void controllerRows()
+{
     QTest::newRow("fault") << QByteArray("fault \"* explode\"\n") << "s:1: column ";
     QTest::newRow("fault number") << QByteArray("fault-off 1\n")
                                   << "s:1: expected a rule from 1 to 0, found \"1\"";
@@ -242,6 +254,17 @@ void tst_ScriptRunner::fails_data()
                              << "s:1: expected a version such as 1.24, found \"new\"";
     QTest::newRow("screenshot") << QByteArray("screenshot no/such/folder/x\n")
                                 << "s:1: expected to write ";
+}
+
+} // namespace
+
+void tst_ScriptRunner::fails_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<QString>("failure");
+    inputRows();
+    expectationRows();
+    controllerRows();
 }
 
 void tst_ScriptRunner::fails()
