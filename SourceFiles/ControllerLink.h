@@ -63,11 +63,6 @@ public:
     /** True when the configuration cannot be changed (asked from protocol 1.9 on). */
     bool isConfigLocked() const;
 
-    /** The host's object, for handing on to other dialogs; may be null. */
-    IOManager *ioManager() const { return m_iom; }
-    /** The host's object; may be null. */
-    const BackendVersions *versions() const { return m_versions; }
-
     /** `text` as it goes into a command line for "%s". */
     static QByteArray argument(const QString &text);
     /** `text` without any double quote, as descriptions are shown. */
