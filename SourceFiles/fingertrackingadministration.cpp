@@ -27,7 +27,7 @@ FingertrackingAdministration::FingertrackingAdministration(IOManager *manager, Q
                                                            const QString &moduleVersion,
                                                            Targetlibrary *library)
     : BodyTypeAdministrationTab(manager, parent, versions, moduleVersion, library),
-      ui(std::make_unique<Ui::FingertrackingAdministrationClass>()),
+      ui(std::make_unique<Ui_FingertrackingAdministrationClass>()),
       m_editDelegate(new EditDelegate(this))
 {
     ui->setupUi(this);

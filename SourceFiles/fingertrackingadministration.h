@@ -3,10 +3,7 @@
 #include "BodyTypeAdministrationTab.h"
 
 class EditDelegate;
-
-namespace Ui {
-class FingertrackingAdministrationClass;
-}
+class Ui_FingertrackingAdministrationClass;
 
 /** The tab of the tracked hands. Its body type is registered once hands are available. */
 class FingertrackingAdministration : public BodyTypeAdministrationTab {
@@ -42,7 +39,7 @@ private:
     void set_table_column_size();
     void displayErrorMessage(bool unavailable);
 
-    std::unique_ptr<Ui::FingertrackingAdministrationClass> ui;
+    std::unique_ptr<Ui_FingertrackingAdministrationClass> ui;
     EditDelegate *m_editDelegate;
     bool m_available = false;
 };

@@ -35,7 +35,7 @@ StandardAdministration::StandardAdministration(IOManager *manager, QWidget *pare
                                                BackendVersions *versions,
                                                const QString &moduleVersion, Targetlibrary *library)
     : BodyTypeAdministrationTab(manager, parentWidget, versions, moduleVersion, library),
-      ui(std::make_unique<Ui::StandardAdministrationClass>()),
+      ui(std::make_unique<Ui_StandardAdministrationClass>()),
       parent(parentWidget),
       editDelegate(new EditDelegate(this))
 {

@@ -3,10 +3,7 @@
 #include "BodyTypeAdministrationTab.h"
 
 class EditDelegate;
-
-namespace Ui {
-class StandardAdministrationClass;
-}
+class Ui_StandardAdministrationClass;
 
 /** The tab of the standard bodies: ordinary rigid bodies with names, reference and sensors. */
 class StandardAdministration : public BodyTypeAdministrationTab {
@@ -62,7 +59,7 @@ private:
     int selectedRow() const;
     void moveBody(int offset);
 
-    std::unique_ptr<Ui::StandardAdministrationClass> ui;
+    std::unique_ptr<Ui_StandardAdministrationClass> ui;
     QWidget *parent;
     EditDelegate *editDelegate;
     QComboBox *combo = nullptr;
