@@ -21,6 +21,8 @@ private slots:
     void deletes();
     void deleteFailure_data();
     void deleteFailure();
+    void keysPressDeleteCell_data();
+    void keysPressDeleteCell();
     void deletedTargetIsFree();
     void deletingUncalibratedBody();
     void declinedDeleteWritesNothing();
@@ -163,6 +165,37 @@ void tst_BodyDeletion::deleteFailure()
                  !left.calibrated);
         QCOMPARE(Drive::cell(bodies, row, DeviceIdColumn).isEmpty(), left.sensor.isEmpty());
     });
+}
+
+void tst_BodyDeletion::keysPressDeleteCell_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::newRow("Return") << int(Qt::Key_Return);
+    QTest::newRow("Enter") << int(Qt::Key_Enter);
+    QTest::newRow("Space") << int(Qt::Key_Space);
+}
+
+void tst_BodyDeletion::keysPressDeleteCell()
+{
+    QFETCH(int, key);
+    TestHost host;
+    open(host, [&](QWidget *, QTableWidget *bodies) {
+        bodies->setFocus();
+        bodies->setCurrentCell(5, DeleteColumn);
+        host.clear();
+        robot().expectBox(QStringLiteral("MORVEK3"),
+                          QStringLiteral("Delete geometry of Standard body 06?"), QMessageBox::Yes);
+        QTest::keyClick(bodies, Qt::Key(key));
+        Drive::settle();
+        QCOMPARE(host.writes().count(QStringLiteral("body number_of_marker standard b06 0")), 1);
+        // A cell that is shown disabled does nothing.
+        bodies->setCurrentCell(7, DeleteColumn);
+        host.clear();
+        QTest::keyClick(bodies, Qt::Key(key));
+        Drive::settle();
+        QCOMPARE(host.writes(), QStringList());
+    });
+    QVERIFY(!host.state().bodyTypes["standard"].bodies[5].calibrated);
 }
 
 void tst_BodyDeletion::deletedTargetIsFree()
