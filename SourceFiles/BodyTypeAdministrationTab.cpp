@@ -1,5 +1,13 @@
 #include "BodyTypeAdministrationTab.h"
 
+#include "bodies/bodycommands.h"
+#include "bodynumber.h"
+#include "filterdialog.h"
+#include "support/fillguard.h"
+#include "support/userquestion.h"
+#include "targetlibrary.h"
+#include "targets/target.h"
+
 #include <QAbstractItemDelegate>
 #include <QComboBox>
 #include <QHeaderView>
@@ -8,14 +16,6 @@
 #include <QSpinBox>
 #include <QTableWidget>
 #include <QTimer>
-
-#include "bodycommands.h"
-#include "bodynumber.h"
-#include "fillguard.h"
-#include "filterdialog.h"
-#include "target.h"
-#include "targetlibrary.h"
-#include "userquestion.h"
 
 using UserQuestion::Answer;
 

@@ -1,8 +1,13 @@
 #pragma once
 
-#include <functional>
-#include <memory>
-#include <optional>
+#include "bodies/adminbodytype.h"
+#include "bodies/bodyreader.h"
+#include "bodies/bodytablefiller.h"
+#include "bodies/tabwidgets.h"
+#include "controllerlink.h"
+#include "targets/targetassignment.h"
+#include "targets/targetsearchpanel.h"
+#include "targets/targettablefiller.h"
 
 #include <QIcon>
 #include <QMap>
@@ -13,14 +18,9 @@
 #include <QVector>
 #include <QWidget>
 
-#include "ControllerLink.h"
-#include "adminbodytype.h"
-#include "bodyreader.h"
-#include "bodytablefiller.h"
-#include "tabwidgets.h"
-#include "targetassignment.h"
-#include "targetsearchpanel.h"
-#include "targettablefiller.h"
+#include <functional>
+#include <memory>
+#include <optional>
 
 class QLabel;
 class QTableWidgetItem;

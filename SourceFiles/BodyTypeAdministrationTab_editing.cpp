@@ -1,15 +1,14 @@
 // What the user changes in the body tables: counts, names, marks, reset, delete and switch.
 
 #include "BodyTypeAdministrationTab.h"
+#include "bodies/bodycommands.h"
+#include "bodynumber.h"
+#include "filterdialog.h"
+#include "support/userquestion.h"
 
 #include <QKeyEvent>
 #include <QSpinBox>
 #include <QTableWidget>
-
-#include "bodycommands.h"
-#include "bodynumber.h"
-#include "filterdialog.h"
-#include "userquestion.h"
 
 using UserQuestion::Answer;
 

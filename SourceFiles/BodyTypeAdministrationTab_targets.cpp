@@ -1,17 +1,16 @@
 // The target table of a tab, the assignment of its targets and the search for them.
 
 #include "BodyTypeAdministrationTab.h"
+#include "bodynumber.h"
+#include "support/timerpause.h"
+#include "support/userquestion.h"
+#include "targetlibrary.h"
+#include "targets/target.h"
 
 #include <QComboBox>
 #include <QSignalBlocker>
 #include <QTableWidget>
 #include <QTimer>
-
-#include "bodynumber.h"
-#include "target.h"
-#include "targetlibrary.h"
-#include "timerpause.h"
-#include "userquestion.h"
 
 using UserQuestion::Answer;
 

@@ -1,8 +1,8 @@
 #include "TrackingDlg.h"
 
 #include "fixedangledlg.h"
-#include "trackingpreferences.h"
-#include "trackingpulse.h"
+#include "settings/trackingpreferences.h"
+#include "settings/trackingpulse.h"
 
 #include <QDomElement>
 #include <QLayout>

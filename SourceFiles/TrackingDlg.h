@@ -2,7 +2,7 @@
 
 #include "ui_TrackingDialog.h"
 
-#include "ControllerLink.h"
+#include "controllerlink.h"
 
 #include <QDialog>
 #include <QIcon>

@@ -2,7 +2,7 @@
 
 #include "TrackingDlg.h"
 #include "bodyadministrationdialog.h"
-#include "moduleversion.h"
+#include "support/moduleversion.h"
 
 #include <QAction>
 #include <QKeySequence>

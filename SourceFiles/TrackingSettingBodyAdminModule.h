@@ -1,14 +1,14 @@
 #pragma once
 
+#include "BackendVersions.h"
+#include "IOManager.h"
+#include "ModuleInterface.h"
+
 #include <QList>
 #include <QObject>
 #include <QString>
 #include <QVariant>
 #include <QWidget>
-
-#include "BackendVersions.h"
-#include "IOManager.h"
-#include "ModuleInterface.h"
 
 /**
  * The plug-in's root object: what the host sees of this module.

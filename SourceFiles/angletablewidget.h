@@ -1,6 +1,6 @@
 #pragma once
 
-#include "fixedanglebody.h"
+#include "settings/fixedanglebody.h"
 
 #include <QList>
 #include <QTableWidget>

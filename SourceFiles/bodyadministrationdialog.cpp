@@ -2,11 +2,6 @@
 
 #include "ui_bodyadministrationdialog.h"
 
-#include <QGuiApplication>
-#include <QKeyEvent>
-#include <QPointer>
-#include <QScreen>
-
 #include "BackendVersions.h"
 #include "BodyTypeAdministrationTab.h"
 #include "bodyadminmessagereceiver.h"
@@ -14,10 +9,15 @@
 #include "filterdialog.h"
 #include "fingertrackingadministration.h"
 #include "joywandadministration.h"
-#include "moduleversion.h"
 #include "mtadministration.h"
 #include "standardadministration.h"
+#include "support/moduleversion.h"
 #include "targetlibrary.h"
+
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QPointer>
+#include <QScreen>
 
 namespace {
 

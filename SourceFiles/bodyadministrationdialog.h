@@ -1,12 +1,12 @@
 #pragma once
 
-#include <memory>
+#include "controllerlink.h"
 
 #include <QDialog>
 #include <QIcon>
 #include <QMap>
 
-#include "ControllerLink.h"
+#include <memory>
 
 class BodyAdminMessageReceiver;
 class BodyTypeAdministrationTab;

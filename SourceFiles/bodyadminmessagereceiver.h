@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QObject>
-
 #include "MessageReceiver.h"
+
+#include <QObject>
 
 class IOManager;
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ControllerLink.h"
+#include "controllerlink.h"
 
 #include <QDialog>
 #include <QStringList>

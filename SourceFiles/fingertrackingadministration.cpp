@@ -2,10 +2,10 @@
 
 #include "ui_fingertrackingadministration.h"
 
-#include <QResizeEvent>
-
 #include "editdelegate.h"
 #include "targetlibrary.h"
+
+#include <QResizeEvent>
 
 namespace {
 

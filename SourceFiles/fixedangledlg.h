@@ -1,7 +1,7 @@
 #pragma once
 
-#include "ControllerLink.h"
-#include "fixedanglebody.h"
+#include "controllerlink.h"
+#include "settings/fixedanglebody.h"
 
 #include <QDialog>
 #include <QList>

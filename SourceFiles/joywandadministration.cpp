@@ -2,12 +2,12 @@
 
 #include "ui_joywandadministration.h"
 
-#include <QResizeEvent>
-#include <QTableWidgetItem>
-
 #include "bodynumber.h"
 #include "editdelegate.h"
 #include "targetlibrary.h"
+
+#include <QResizeEvent>
+#include <QTableWidgetItem>
 
 namespace {
 

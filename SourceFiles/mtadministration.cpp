@@ -2,12 +2,12 @@
 
 #include "ui_mtadministration.h"
 
-#include <QTableWidgetItem>
-
 #include "bodynumber.h"
 #include "editdelegate.h"
+#include "support/userquestion.h"
 #include "targetlibrary.h"
-#include "userquestion.h"
+
+#include <QTableWidgetItem>
 
 using UserQuestion::Answer;
 

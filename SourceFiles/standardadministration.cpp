@@ -2,13 +2,13 @@
 
 #include "ui_standardadministration.h"
 
+#include "editdelegate.h"
+#include "support/userquestion.h"
+#include "targetlibrary.h"
+#include "targets/target.h"
+
 #include <QResizeEvent>
 #include <QTableWidgetItem>
-
-#include "editdelegate.h"
-#include "target.h"
-#include "targetlibrary.h"
-#include "userquestion.h"
 
 using UserQuestion::Answer;
 

@@ -1,6 +1,6 @@
 #include "targetlibrary.h"
 
-#include "target.h"
+#include "targets/target.h"
 
 Targetlibrary::Targetlibrary(IOManager *manager, BackendVersions *versions, QObject *parent)
     : QObject(parent), iom(manager), beVers(versions), m_link(iom, beVers)

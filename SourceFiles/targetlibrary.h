@@ -1,10 +1,10 @@
 #pragma once
 
+#include "controllerlink.h"
+
 #include <QMap>
 #include <QObject>
 #include <QString>
-
-#include "ControllerLink.h"
 
 class Target;
 

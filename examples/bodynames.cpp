@@ -6,7 +6,7 @@
 #include "SimulatedController.h"
 #include "SimulatedIOManager.h"
 #include "bodysettingsdlg.h"
-#include "moduleversion.h"
+#include "support/moduleversion.h"
 
 #include <QApplication>
 #include <QCommandLineParser>

@@ -1,15 +1,15 @@
 #pragma once
 
-#include <memory>
-#include <optional>
+#include "controllerlink.h"
+#include "presetinfo.h"
 
 #include <QDialog>
 #include <QList>
 #include <QMap>
 #include <QString>
 
-#include "ControllerLink.h"
-#include "presetinfo.h"
+#include <memory>
+#include <optional>
 
 namespace Ui {
 class FilterDialog;

@@ -1,7 +1,7 @@
-#include <cmath>
-
 #include "CommandFamilies.h"
 #include "ControllerRules.h"
+
+#include <cmath>
 
 namespace {
 

@@ -1,8 +1,8 @@
 #include "CommandContext.h"
 
-#include <cmath>
-
 #include "ControllerRules.h"
+
+#include <cmath>
 
 CommandOutcome CommandOutcome::text(const QString &answer)
 {

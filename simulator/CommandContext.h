@@ -1,11 +1,11 @@
 #pragma once
 
+#include "BackendVersions.h"
+#include "ControllerState.h"
+
 #include <QByteArray>
 #include <QString>
 #include <QStringList>
-
-#include "BackendVersions.h"
-#include "ControllerState.h"
 
 /** What a command's handler did: an answer, an acceptance or a refusal with its reason. */
 struct CommandOutcome {

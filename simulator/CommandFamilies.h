@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QVector>
-
 #include "CommandTable.h"
+
+#include <QVector>
 
 // The table's parts, one source file each.
 QVector<CommandEntry> bodyCommands();

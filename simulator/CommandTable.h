@@ -1,12 +1,12 @@
 #pragma once
 
+#include "CommandContext.h"
+#include "SimulatedController.h"
+
 #include <QByteArray>
 #include <QHash>
 #include <QStringList>
 #include <QVector>
-
-#include "CommandContext.h"
-#include "SimulatedController.h"
 
 /** One command that the controller knows. */
 struct CommandEntry {

@@ -1,8 +1,8 @@
 #include "ControllerRules.h"
 
-#include <algorithm>
-
 #include "BackendVersions.h"
+
+#include <algorithm>
 
 namespace {
 

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "ControllerState.h"
+
 #include <QString>
 #include <QStringList>
-
-#include "ControllerState.h"
 
 class VersionInfo;
 

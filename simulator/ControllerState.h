@@ -1,12 +1,12 @@
 #pragma once
 
-#include <array>
-
 #include <QJsonObject>
 #include <QMap>
 #include <QString>
 #include <QStringList>
 #include <QVector>
+
+#include <array>
 
 /** One axis of a body's fixed rotation. */
 struct FixedAngleState {

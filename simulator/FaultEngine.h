@@ -1,11 +1,11 @@
 #pragma once
 
+#include "TranscriptEntry.h"
+
 #include <QByteArray>
 #include <QObject>
 #include <QString>
 #include <QVector>
-
-#include "TranscriptEntry.h"
 
 /** One rule that disturbs matching commands. */
 struct FaultRule {

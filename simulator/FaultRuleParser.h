@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QString>
-
 #include "FaultEngine.h"
+
+#include <QString>
 
 /** Reads the text form of a fault rule. */
 namespace FaultRuleParser {

@@ -1,9 +1,9 @@
 #include "ScenarioCheck.h"
 
-#include <QSet>
-
 #include "ControllerRules.h"
 #include "FaultRuleParser.h"
+
+#include <QSet>
 
 namespace {
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QString>
-
 #include "ScenarioFile.h"
+
+#include <QString>
 
 /**
  * Whether the parts of a scenario fit together: everything named exists, nothing is given away

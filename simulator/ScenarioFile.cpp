@@ -1,6 +1,9 @@
 #include "ScenarioFile.h"
 
-#include <cmath>
+#include "ControllerRules.h"
+#include "ScenarioCheck.h"
+#include "ScenarioReader.h"
+#include "ScenarioWriter.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -9,10 +12,7 @@
 #include <QJsonParseError>
 #include <QSaveFile>
 
-#include "ControllerRules.h"
-#include "ScenarioCheck.h"
-#include "ScenarioReader.h"
-#include "ScenarioWriter.h"
+#include <cmath>
 
 namespace {
 

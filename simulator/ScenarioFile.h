@@ -1,11 +1,11 @@
 #pragma once
 
+#include "ControllerState.h"
+
 #include <QByteArray>
 #include <QJsonObject>
 #include <QString>
 #include <QStringList>
-
-#include "ControllerState.h"
 
 /** What a scenario describes: a controller and the faults it starts with. */
 struct Scenario {

@@ -1,9 +1,9 @@
 #include "ScenarioReader.h"
 
+#include <QJsonDocument>
+
 #include <cmath>
 #include <limits>
-
-#include <QJsonDocument>
 
 namespace {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <array>
+#include "ScenarioFields.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
@@ -10,7 +10,7 @@
 #include <QStringList>
 #include <QVector>
 
-#include "ScenarioFields.h"
+#include <array>
 
 /**
  * Reads one JSON object, strictly: keys nobody asked for and values of another type or out of range

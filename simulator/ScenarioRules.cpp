@@ -1,10 +1,10 @@
 #include "ScenarioRules.h"
 
-#include <algorithm>
+#include "BackendVersions.h"
 
 #include <QStringList>
 
-#include "BackendVersions.h"
+#include <algorithm>
 
 namespace {
 

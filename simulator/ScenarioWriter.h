@@ -1,6 +1,6 @@
 #pragma once
 
-#include <array>
+#include "ScenarioFields.h"
 
 #include <QJsonArray>
 #include <QJsonObject>
@@ -9,7 +9,7 @@
 #include <QStringList>
 #include <QVector>
 
-#include "ScenarioFields.h"
+#include <array>
 
 /** Writes every field of a described value into a JSON object. */
 class ScenarioWriter {

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "ControllerState.h"
+
 #include <QByteArray>
 #include <QMetaType>
 #include <QObject>
 #include <QStringList>
-
-#include "ControllerState.h"
 
 /** How a command reaches the controller. */
 enum class CommandAccess { Get, Set, Action };

@@ -1,16 +1,16 @@
 #include "SimulatedIOManager.h"
 
-#include <cmath>
-#include <cstdarg>
-#include <cstdio>
-#include <cstring>
+#include "FaultEngine.h"
+#include "MessageReceiver.h"
+#include "SimulatedController.h"
 
 #include <QElapsedTimer>
 #include <QRegularExpression>
 
-#include "FaultEngine.h"
-#include "MessageReceiver.h"
-#include "SimulatedController.h"
+#include <cmath>
+#include <cstdarg>
+#include <cstdio>
+#include <cstring>
 
 namespace {
 

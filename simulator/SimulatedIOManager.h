@@ -1,13 +1,13 @@
 #pragma once
 
-#include <functional>
+#include "IOManager.h"
+#include "TranscriptEntry.h"
 
 #include <QObject>
 #include <QPair>
 #include <QVector>
 
-#include "IOManager.h"
-#include "TranscriptEntry.h"
+#include <functional>
 
 class FaultEngine;
 class SimulatedController;

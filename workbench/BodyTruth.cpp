@@ -3,6 +3,7 @@
 #include "BackendVersions.h"
 
 #include <QVector>
+
 #include <functional>
 
 namespace {

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QString>
-
 #include "ControllerState.h"
+
+#include <QString>
 
 /** What a table of bodies must show, derived from the controller's state alone. */
 namespace BodyTruth {

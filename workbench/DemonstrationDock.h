@@ -1,10 +1,11 @@
 #pragma once
 
-#include <QDockWidget>
-#include <memory>
-
 #include "Script.h"
 #include "ScriptContext.h"
+
+#include <QDockWidget>
+
+#include <memory>
 
 class QLabel;
 class QPushButton;

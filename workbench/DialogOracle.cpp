@@ -9,6 +9,7 @@
 #include <QComboBox>
 #include <QDoubleSpinBox>
 #include <QTableView>
+
 #include <array>
 
 namespace {

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QMainWindow>
-
 #include "MenuBuilder.h"
+
+#include <QMainWindow>
 
 class MessageLogDock;
 class QAction;

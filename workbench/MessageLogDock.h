@@ -1,9 +1,9 @@
 #pragma once
 
+#include "MessageReceiver.h"
+
 #include <QDockWidget>
 #include <QStringList>
-
-#include "MessageReceiver.h"
 
 class QPlainTextEdit;
 class SimulatedIOManager;

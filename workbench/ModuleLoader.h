@@ -1,9 +1,9 @@
 #pragma once
 
+#include "ModuleInterface.h"
+
 #include <QPluginLoader>
 #include <QString>
-
-#include "ModuleInterface.h"
 
 class BackendVersions;
 class IOManager;

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "TranscriptEntry.h"
+
 #include <QByteArray>
 #include <QString>
 #include <QVector>
-
-#include "TranscriptEntry.h"
 
 /** Transcripts as files: one JSON object a line, so that what was written before a crash is whole.
  */

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "TranscriptEntry.h"
+
 #include <QObject>
 #include <QVector>
-
-#include "TranscriptEntry.h"
 
 class SimulatedIOManager;
 

@@ -25,6 +25,7 @@
 #include <QSpinBox>
 #include <QTabBar>
 #include <QTabWidget>
+
 #include <functional>
 #include <utility>
 

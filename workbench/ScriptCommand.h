@@ -1,11 +1,12 @@
 #pragma once
 
+#include "ScriptContext.h"
+
 #include <QString>
 #include <QStringList>
 #include <QVector>
-#include <functional>
 
-#include "ScriptContext.h"
+#include <functional>
 
 /** One thing a line of a script can say. */
 struct ScriptCommand {

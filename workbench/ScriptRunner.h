@@ -1,12 +1,12 @@
 #pragma once
 
+#include "Script.h"
+#include "ScriptContext.h"
+
 #include <QElapsedTimer>
 #include <QObject>
 #include <QString>
 #include <QStringList>
-
-#include "Script.h"
-#include "ScriptContext.h"
 
 /**
  * Runs a script line by line from the event loop, whichever event loop that is: a line that opens a

@@ -1,11 +1,11 @@
 #pragma once
 
+#include <QString>
+
 #include <condition_variable>
 #include <mutex>
 #include <string>
 #include <thread>
-
-#include <QString>
 
 /**
  * Ends the program with status 1 when something keeps a script from going on.

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QDockWidget>
-
 #include "SnapshotHistory.h"
+
+#include <QDockWidget>
 
 class QLabel;
 class QPlainTextEdit;

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "ControllerState.h"
+
 #include <QStringList>
 #include <QVector>
-
-#include "ControllerState.h"
 
 /**
  * States of the controller that somebody wanted to keep, in the order they were taken, with a place

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QString>
-
 #include "ControllerState.h"
+
+#include <QString>
 
 /**
  * Reads and writes single values of a controller's state by key path, for example

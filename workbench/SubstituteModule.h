@@ -1,9 +1,9 @@
 #pragma once
 
+#include "MessageReceiver.h"
+
 #include <QObject>
 #include <QPointer>
-
-#include "MessageReceiver.h"
 
 class SimulatedController;
 class SimulatedIOManager;

@@ -4,6 +4,7 @@
 #include <QPointer>
 #include <QTimer>
 #include <QTimerEvent>
+
 #include <algorithm>
 
 namespace {

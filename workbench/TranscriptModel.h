@@ -1,9 +1,9 @@
 #pragma once
 
+#include "TranscriptEntry.h"
+
 #include <QAbstractTableModel>
 #include <QVector>
-
-#include "TranscriptEntry.h"
 
 /** The transcript as a table that grows. Owned by the transcript dock. */
 class TranscriptModel : public QAbstractTableModel {

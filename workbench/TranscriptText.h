@@ -1,10 +1,10 @@
 #pragma once
 
+#include "TranscriptEntry.h"
+
 #include <QByteArray>
 #include <QString>
 #include <QVector>
-
-#include "TranscriptEntry.h"
 
 /** Writes transcripts as text. */
 namespace TranscriptText {

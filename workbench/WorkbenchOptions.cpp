@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QVector>
+
 #include <functional>
 
 namespace {

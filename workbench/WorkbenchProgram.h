@@ -1,11 +1,11 @@
 #pragma once
 
-#include <memory>
+#include "Script.h"
+#include "WorkbenchOptions.h"
 
 #include <QString>
 
-#include "Script.h"
-#include "WorkbenchOptions.h"
+#include <memory>
 
 class MainWindow;
 class QTemporaryDir;

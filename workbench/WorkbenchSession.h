@@ -1,16 +1,16 @@
 #pragma once
 
-#include <functional>
-#include <memory>
-#include <vector>
-
-#include <QObject>
-
 #include "BackendVersions.h"
 #include "ModuleLoader.h"
 #include "ScenarioFile.h"
 #include "SimulatedController.h"
 #include "SimulatedIOManager.h"
+
+#include <QObject>
+
+#include <functional>
+#include <memory>
+#include <vector>
 
 class SubstituteModule;
 

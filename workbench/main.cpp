@@ -8,6 +8,7 @@
 #include <QFileInfo>
 #include <QProcess>
 #include <QTextStream>
+
 #include <memory>
 
 #if defined(__SANITIZE_ADDRESS__)

@@ -1,6 +1,11 @@
 #pragma once
 
-#include <functional>
+#include "FaultEngine.h"
+#include "dialogrobot.h"
+#include "dialogtest.h"
+#include "drive.h"
+#include "filterdialog.h"
+#include "testhost.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -9,12 +14,7 @@
 #include <QSpinBox>
 #include <QtTest>
 
-#include "DialogRobot.h"
-#include "DialogTest.h"
-#include "Drive.h"
-#include "FaultEngine.h"
-#include "TestHost.h"
-#include "filterdialog.h"
+#include <functional>
 
 /** The widgets of an open filter dialog. */
 struct FilterWidgets {

@@ -1,7 +1,7 @@
-#include <QComboBox>
-
 #include "BodyTypeAdministrationTab.h"
-#include "StandardPageTest.h"
+#include "standardpagetest.h"
+
+#include <QComboBox>
 
 namespace {
 

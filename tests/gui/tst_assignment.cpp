@@ -1,6 +1,6 @@
-#include <QComboBox>
+#include "standardpagetest.h"
 
-#include "StandardPageTest.h"
+#include <QComboBox>
 
 namespace {
 

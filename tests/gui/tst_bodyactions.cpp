@@ -1,6 +1,5 @@
-#include "StandardPageTest.h"
-
 #include "BodyTypeAdministrationTab.h"
+#include "standardpagetest.h"
 
 namespace {
 

@@ -1,8 +1,7 @@
-#include "StandardPageTest.h"
+#include "BodyTypeAdministrationTab.h"
+#include "standardpagetest.h"
 
 #include <QComboBox>
-
-#include "BodyTypeAdministrationTab.h"
 
 namespace {
 

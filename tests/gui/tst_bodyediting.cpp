@@ -1,6 +1,6 @@
-#include <QLineEdit>
+#include "standardpagetest.h"
 
-#include "StandardPageTest.h"
+#include <QLineEdit>
 
 /** The table of bodies: what editing it tells the controller and what is shown afterwards. */
 class tst_BodyEditing : public StandardPageTest {

@@ -1,6 +1,6 @@
 #include "BackendVersions.h"
-#include "DialogTest.h"
 #include "bodysettingsdlg.h"
+#include "dialogtest.h"
 
 #include <QHeaderView>
 #include <QLineEdit>

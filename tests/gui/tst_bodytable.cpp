@@ -1,8 +1,8 @@
-#include <clocale>
+#include "standardpagetest.h"
 
 #include <QIcon>
 
-#include "StandardPageTest.h"
+#include <clocale>
 
 namespace {
 

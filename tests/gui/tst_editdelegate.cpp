@@ -1,4 +1,4 @@
-#include "DialogTest.h"
+#include "dialogtest.h"
 #include "editdelegate.h"
 
 #include <QClipboard>

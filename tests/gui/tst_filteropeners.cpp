@@ -1,4 +1,4 @@
-#include "AdministrationFixture.h"
+#include "administrationfixture.h"
 #include "filterdialogtest.h"
 
 /** The places from which the filter dialog opens, and what they show when it has closed. */

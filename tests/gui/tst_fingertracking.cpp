@@ -1,4 +1,4 @@
-#include "AdministrationFixture.h"
+#include "administrationfixture.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #include "BackendVersions.h"
-#include "DialogTest.h"
 #include "angletablewidget.h"
+#include "dialogtest.h"
 #include "fixedangledlg.h"
 #include "helpdialog.h"
 

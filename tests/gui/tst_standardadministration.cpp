@@ -1,11 +1,10 @@
 #include "standardadministration.h"
+#include "standardpagetest.h"
+#include "targetlibrary.h"
 
 #include <QComboBox>
 #include <QHeaderView>
 #include <QProgressBar>
-
-#include "StandardPageTest.h"
-#include "targetlibrary.h"
 
 namespace {
 

@@ -1,5 +1,5 @@
-#include "AdministrationFixture.h"
 #include "FaultEngine.h"
+#include "administrationfixture.h"
 
 #include <QComboBox>
 #include <QProgressBar>

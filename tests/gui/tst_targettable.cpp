@@ -1,8 +1,8 @@
+#include "BodyTypeAdministrationTab.h"
+#include "standardpagetest.h"
+
 #include <QComboBox>
 #include <QHeaderView>
-
-#include "BodyTypeAdministrationTab.h"
-#include "StandardPageTest.h"
 
 namespace {
 

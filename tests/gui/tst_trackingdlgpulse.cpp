@@ -1,4 +1,4 @@
-#include "TrackingFixture.h"
+#include "trackingfixture.h"
 
 #include <QComboBox>
 #include <QDoubleSpinBox>

@@ -1,4 +1,4 @@
-#include "PluginHost.h"
+#include "pluginhost.h"
 
 #include <QAction>
 #include <QCoreApplication>

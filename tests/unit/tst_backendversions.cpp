@@ -1,6 +1,5 @@
 #include "BackendVersions.h"
-
-#include "DialogTest.h"
+#include "dialogtest.h"
 
 Q_DECLARE_METATYPE(VersionInfo)
 

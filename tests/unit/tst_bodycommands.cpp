@@ -1,8 +1,7 @@
-#include "bodycommands.h"
-
-#include "DialogTest.h"
-#include "adminbodytype.h"
-#include "bodyreader.h"
+#include "bodies/adminbodytype.h"
+#include "bodies/bodycommands.h"
+#include "bodies/bodyreader.h"
+#include "dialogtest.h"
 
 namespace {
 

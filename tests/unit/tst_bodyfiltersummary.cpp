@@ -1,7 +1,6 @@
-#include "bodyreader.h"
-
-#include "DialogTest.h"
-#include "adminbodytype.h"
+#include "bodies/adminbodytype.h"
+#include "bodies/bodyreader.h"
+#include "dialogtest.h"
 
 namespace {
 

@@ -1,11 +1,10 @@
-#include "ControllerLink.h"
+#include "MessageReceiver.h"
+#include "controllerlink.h"
+#include "dialogtest.h"
 
 #include <QProcess>
 
 #include <clocale>
-
-#include "DialogTest.h"
-#include "MessageReceiver.h"
 
 Q_DECLARE_METATYPE(VersionInfo)
 

@@ -1,7 +1,7 @@
+#include "FaultEngine.h"
+
 #include <QSignalSpy>
 #include <QTest>
-
-#include "FaultEngine.h"
 
 Q_DECLARE_METATYPE(TranscriptEntry::Operation)
 

@@ -1,6 +1,6 @@
-#include <QTest>
-
 #include "FaultRuleParser.h"
+
+#include <QTest>
 
 namespace {
 

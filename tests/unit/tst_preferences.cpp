@@ -1,6 +1,6 @@
-#include "DialogTest.h"
 #include "TrackingDlg.h"
-#include "trackingpreferences.h"
+#include "dialogtest.h"
+#include "settings/trackingpreferences.h"
 
 #include <QCheckBox>
 #include <QDir>
@@ -10,7 +10,6 @@
 
 #include <csignal>
 #include <functional>
-
 #include <sys/resource.h>
 
 /** The preferences file of the tracking settings dialog, in a home folder of the test's own. */

@@ -1,8 +1,7 @@
 #include "bodyadminmessagereceiver.h"
+#include "dialogtest.h"
 
 #include <QPointer>
-
-#include "DialogTest.h"
 
 namespace {
 

@@ -1,12 +1,12 @@
+#include "ControllerRules.h"
+#include "ScenarioFile.h"
+
 #include <QDir>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QTemporaryDir>
 #include <QTest>
-
-#include "ControllerRules.h"
-#include "ScenarioFile.h"
 
 namespace {
 

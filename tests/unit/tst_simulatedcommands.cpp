@@ -1,14 +1,14 @@
-#include <QDir>
+#include "CommandReference.h"
+#include "CommandTable.h"
+#include "ScenarioFile.h"
+#include "SimulatedController.h"
+
+#include <QDirIterator>
 #include <QFile>
 #include <QHash>
 #include <QRegularExpression>
 #include <QSet>
 #include <QTest>
-
-#include "CommandReference.h"
-#include "CommandTable.h"
-#include "ScenarioFile.h"
-#include "SimulatedController.h"
 
 namespace {
 
@@ -322,12 +322,13 @@ static QByteArray sourcesOf(const QString &className)
     QByteArray sources;
     const QString root = QStringLiteral(TRACKING_SOURCE_DIR);
     for (const char *folder : {"/SourceFiles", "/general"}) {
-        const QDir directory(root + QLatin1String(folder));
-        for (const QString &name : directory.entryList({QStringLiteral("*.cpp")})) {
-            QFile header(directory.filePath(
-                    name.section(QLatin1Char('_'), 0, 0).remove(QStringLiteral(".cpp"))
-                    + QStringLiteral(".h")));
-            QFile source(directory.filePath(name));
+        QDirIterator files(root + QLatin1String(folder), {QStringLiteral("*.cpp")}, QDir::Files,
+                           QDirIterator::Subdirectories);
+        while (files.hasNext()) {
+            const QFileInfo file(files.next());
+            QFile source(file.filePath());
+            QFile header(file.path() + QLatin1Char('/')
+                         + file.baseName().section(QLatin1Char('_'), 0, 0) + QStringLiteral(".h"));
             if (!header.open(QIODevice::ReadOnly) || !source.open(QIODevice::ReadOnly))
                 continue;
             const QString declared = QString::fromUtf8(header.readAll());

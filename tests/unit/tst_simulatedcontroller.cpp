@@ -1,8 +1,8 @@
-#include <QSignalSpy>
-#include <QTest>
-
 #include "ScenarioFile.h"
 #include "SimulatedController.h"
+
+#include <QSignalSpy>
+#include <QTest>
 
 namespace {
 

@@ -1,15 +1,15 @@
-#include <clocale>
-#include <cstring>
-#include <memory>
-
-#include <QSignalSpy>
-#include <QTest>
-
 #include "FaultEngine.h"
 #include "MessageReceiver.h"
 #include "ScenarioFile.h"
 #include "SimulatedController.h"
 #include "SimulatedIOManager.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+#include <clocale>
+#include <cstring>
+#include <memory>
 
 namespace {
 

@@ -1,8 +1,7 @@
-#include "targetassignment.h"
-
-#include "DialogTest.h"
-#include "target.h"
+#include "dialogtest.h"
 #include "targetlibrary.h"
+#include "targets/target.h"
+#include "targets/targetassignment.h"
 
 namespace {
 

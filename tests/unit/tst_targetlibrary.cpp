@@ -1,9 +1,8 @@
+#include "dialogtest.h"
 #include "targetlibrary.h"
+#include "targets/target.h"
 
 #include <QPointer>
-
-#include "DialogTest.h"
-#include "target.h"
 
 namespace {
 

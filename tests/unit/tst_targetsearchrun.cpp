@@ -1,9 +1,8 @@
-#include "targetsearchrun.h"
+#include "dialogtest.h"
+#include "targetlibrary.h"
+#include "targets/targetsearchrun.h"
 
 #include <algorithm>
-
-#include "DialogTest.h"
-#include "targetlibrary.h"
 
 namespace {
 

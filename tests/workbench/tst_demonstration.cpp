@@ -4,14 +4,14 @@
 #include "ToolWindow.h"
 #include "WidgetFinder.h"
 #include "WorkbenchSession.h"
-
-#include "DialogTest.h"
+#include "dialogtest.h"
 
 #include <QAction>
 #include <QCheckBox>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
+
 #include <memory>
 
 /** The docks that need the module: demonstrations and differences. */

@@ -1,8 +1,7 @@
 #include "Recorder.h"
 #include "Recording.h"
 #include "Replayer.h"
-
-#include "DialogTest.h"
+#include "dialogtest.h"
 
 #include <QSignalSpy>
 

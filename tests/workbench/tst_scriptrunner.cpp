@@ -6,13 +6,13 @@
 #include "ToolWindow.h"
 #include "WidgetFinder.h"
 #include "WorkbenchSession.h"
-
-#include "DialogTest.h"
+#include "dialogtest.h"
 
 #include <QAction>
 #include <QMenu>
 #include <QMenuBar>
 #include <QSignalSpy>
+
 #include <memory>
 
 /** Runs scripts against the built plug-in in the default scenario. */

@@ -1,8 +1,7 @@
 #include "ModuleRequest.h"
 #include "SubstituteDialog.h"
 #include "SubstituteModule.h"
-
-#include "DialogTest.h"
+#include "dialogtest.h"
 
 #include <QLabel>
 #include <QPushButton>

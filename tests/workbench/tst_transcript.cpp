@@ -2,8 +2,7 @@
 #include "TranscriptFilter.h"
 #include "TranscriptModel.h"
 #include "TranscriptText.h"
-
-#include "DialogTest.h"
+#include "dialogtest.h"
 
 #include <QAbstractItemModelTester>
 #include <QLabel>

@@ -7,8 +7,7 @@
 #include "StallDock.h"
 #include "StallMeter.h"
 #include "WorkbenchSession.h"
-
-#include "DialogTest.h"
+#include "dialogtest.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -20,6 +19,7 @@
 #include <QSlider>
 #include <QSpinBox>
 #include <QTableWidget>
+
 #include <memory>
 
 class tst_WorkbenchPanels : public QObject {

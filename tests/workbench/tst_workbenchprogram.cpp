@@ -6,6 +6,7 @@
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QtTest>
+
 #include <memory>
 
 /** Runs the workbench as a program. */

@@ -1,0 +1,166 @@
+#include "bodies/bodytablefiller.h"
+
+#include "support/columnsizingpause.h"
+
+#include <QCoreApplication>
+#include <QTableWidget>
+
+namespace {
+
+constexpr Qt::ItemFlags shown = Qt::ItemIsSelectable | Qt::ItemIsEnabled;
+
+/** The icon's pixmap in the disabled mode, at the first size that `sizes` offers. */
+QIcon disabled(const QIcon &icon, const QIcon &sizes)
+{
+    const QList<QSize> available = sizes.availableSizes();
+    return available.isEmpty() ? QIcon() : QIcon(icon.pixmap(available.first(), QIcon::Disabled));
+}
+
+/** Puts into `item` what differs in `wanted`. */
+void apply(QTableWidgetItem *item, const QTableWidgetItem &wanted)
+{
+    if (item->flags() != wanted.flags())
+        item->setFlags(wanted.flags());
+    for (const int role : {int(Qt::DisplayRole), int(Qt::CheckStateRole),
+                           int(Qt::AccessibleTextRole), BodyTableFiller::liveRole}) {
+        if (item->data(role) != wanted.data(role))
+            item->setData(role, wanted.data(role));
+    }
+    if (item->icon().cacheKey() != wanted.icon().cacheKey())
+        item->setIcon(wanted.icon());
+}
+
+} // namespace
+
+BodyTableIcons::BodyTableIcons(const QIcon &okIcon, const QIcon &notCalibratedIcon,
+                               const QIcon &noHandEyeIcon, const QIcon &crossIcon,
+                               const QIcon &resetIcon)
+    : ok(okIcon),
+      notCalibrated(disabled(notCalibratedIcon, okIcon)),
+      noHandEye(noHandEyeIcon),
+      cross(crossIcon),
+      crossDisabled(disabled(crossIcon, crossIcon)),
+      reset(resetIcon),
+      resetDisabled(disabled(resetIcon, resetIcon))
+{
+}
+
+void BodyTableFiller::setUp(QTableWidget *table, const QStringList &headers, int stretchedColumn)
+{
+    table->setColumnCount(headers.size());
+    table->setRowCount(0);
+    table->setHorizontalHeaderLabels(headers);
+    table->horizontalHeader()->setSectionsClickable(false);
+    table->horizontalHeader()->setStretchLastSection(true);
+    table->verticalHeader()->setVisible(false);
+    table->setSelectionMode(QAbstractItemView::SingleSelection);
+    table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    sizeColumns(table, stretchedColumn);
+}
+
+void BodyTableFiller::sizeColumns(QTableWidget *table, int stretchedColumn)
+{
+    QHeaderView *header = table->horizontalHeader();
+    header->setStretchLastSection(false);
+    for (int column = 0; column < table->columnCount(); ++column) {
+        header->setSectionResizeMode(column, column == stretchedColumn
+                                                     ? QHeaderView::Stretch
+                                                     : QHeaderView::ResizeToContents);
+    }
+}
+
+void BodyTableFiller::fill(const QString &type, const AdminBodyType &record,
+                           const CustomCell &custom) const
+{
+    QTableWidget *table = record.tableWidget;
+    const ColumnSizingPause pause(table->horizontalHeader());
+    table->setRowCount(record.bodies.size());
+    for (int row = 0; row < record.bodies.size(); ++row) {
+        for (int column = 0; column < record.tableWidgetColumns.size(); ++column) {
+            const COLUMN_TYPE kind = record.tableWidgetColumns.at(column);
+            QTableWidgetItem wanted = cell(kind, record, row);
+            if (kind == COLUMN_TYPE_CUSTOM)
+                custom(type, row, column, &wanted);
+            if (QTableWidgetItem *item = table->item(row, column))
+                apply(item, wanted);
+            else
+                table->setItem(row, column, new QTableWidgetItem(wanted));
+        }
+    }
+}
+
+QTableWidgetItem BodyTableFiller::cell(COLUMN_TYPE kind, const AdminBodyType &record, int row) const
+{
+    const AdminBody &body = record.bodies.at(row);
+    QTableWidgetItem item;
+    item.setFlags(shown);
+    switch (kind) {
+    case COLUMN_TYPE_ID:
+        item.setText(record.tableWidgetColumnIdFormat.arg(row + 1));
+        break;
+    case COLUMN_TYPE_ACTIVE:
+        return checkCell(body, body.active);
+    case COLUMN_TYPE_REFERENCE:
+        return checkCell(body, body.isReference);
+    case COLUMN_TYPE_NAME:
+        item.setFlags(m_locked ? shown : shown | Qt::ItemIsEditable);
+        item.setText(body.desc);
+        break;
+    case COLUMN_TYPE_CALIBRATED:
+        return calibrationCell(body);
+    case COLUMN_TYPE_FILTER:
+        item.setText(body.filter6dPreset);
+        break;
+    case COLUMN_TYPE_DELETE:
+        return buttonCell(body.calibrated || !body.inertialSensor.isEmpty(), m_icons.cross,
+                          m_icons.crossDisabled,
+                          QCoreApplication::translate("BodyTypeAdministrationTab", "Delete"));
+    case COLUMN_TYPE_RESET:
+        return buttonCell((body.recalibrated && !body.tlibName.isEmpty())
+                                  || (!body.inertialSensor.isEmpty() && m_warmupRuleMet),
+                          m_icons.reset, m_icons.resetDisabled,
+                          QCoreApplication::translate("BodyTypeAdministrationTab", "Reset"));
+    case COLUMN_TYPE_CUSTOM:
+        break;
+    }
+    return item;
+}
+
+QTableWidgetItem BodyTableFiller::checkCell(const AdminBody &body, bool checked) const
+{
+    QTableWidgetItem item;
+    item.setFlags(shown);
+    if (!body.calibrated && !body.active)
+        return item;
+    if (!m_locked)
+        item.setFlags(shown | Qt::ItemIsUserCheckable);
+    item.setCheckState(checked ? Qt::Checked : Qt::Unchecked);
+    return item;
+}
+
+QTableWidgetItem BodyTableFiller::calibrationCell(const AdminBody &body) const
+{
+    QTableWidgetItem item;
+    item.setFlags(Qt::ItemIsEnabled);
+    item.setText(body.calibrationStatus);
+    if (!body.calibrated)
+        item.setIcon(m_icons.notCalibrated);
+    else if (!body.inertialSensor.isEmpty() && !body.has_handeye)
+        item.setIcon(m_icons.noHandEye);
+    else
+        item.setIcon(m_icons.ok);
+    return item;
+}
+
+QTableWidgetItem BodyTableFiller::buttonCell(bool live, const QIcon &icon,
+                                             const QIcon &disabledIcon,
+                                             const QString &accessibleText) const
+{
+    const bool acts = live && !m_locked;
+    QTableWidgetItem item;
+    item.setFlags(shown);
+    item.setIcon(acts ? icon : disabledIcon);
+    item.setData(liveRole, acts ? 1 : 0);
+    item.setData(Qt::AccessibleTextRole, accessibleText);
+    return item;
+}

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "bodies/adminbodytype.h"
+
+#include <QIcon>
+#include <QString>
+#include <QTableWidgetItem>
+
+#include <functional>
+
+/** The status and button icons of the body tables; disabled variants are made once. */
+class BodyTableIcons {
+public:
+    BodyTableIcons(const QIcon &ok, const QIcon &notCalibrated, const QIcon &noHandEye,
+                   const QIcon &cross, const QIcon &reset);
+
+    QIcon ok;
+    QIcon notCalibrated; ///< shown disabled
+    QIcon noHandEye;
+    QIcon cross;
+    QIcon crossDisabled;
+    QIcon reset;
+    QIcon resetDisabled;
+};
+
+/**
+ * Shows the records of a body type in its table: record in, items out. Only cells whose content
+ * differs are touched; the caller guards against the item changes this makes.
+ */
+class BodyTableFiller {
+public:
+    /** Fills the item of a custom column: type, row, column, item. */
+    using CustomCell = std::function<void(const QString &, int, int, QTableWidgetItem *)>;
+
+    /** Integer on delete and reset cells: 1 when a click acts, 0 when they are shown disabled. */
+    static constexpr int liveRole = Qt::UserRole + 1;
+
+    /** Columns, headers and selection of an empty body table. */
+    static void setUp(QTableWidget *table, const QStringList &headers, int stretchedColumn);
+    /** Every column as wide as its contents but one, which takes what is left. */
+    static void sizeColumns(QTableWidget *table, int stretchedColumn);
+
+    /**
+     * @param warmupRuleMet inertial sensors are there and their warm-up does not run
+     * @param locked        the configuration cannot be changed: nothing is editable or live
+     */
+    BodyTableFiller(const BodyTableIcons &icons, bool warmupRuleMet, bool locked)
+        : m_icons(icons), m_warmupRuleMet(warmupRuleMet), m_locked(locked)
+    {
+    }
+
+    /** Shows the record; `custom` is called for each cell that the tab fills itself. */
+    void fill(const QString &type, const AdminBodyType &record, const CustomCell &custom) const;
+
+private:
+    QTableWidgetItem cell(COLUMN_TYPE kind, const AdminBodyType &record, int row) const;
+    QTableWidgetItem checkCell(const AdminBody &body, bool checked) const;
+    QTableWidgetItem calibrationCell(const AdminBody &body) const;
+    QTableWidgetItem buttonCell(bool live, const QIcon &icon, const QIcon &disabledIcon,
+                                const QString &accessibleText) const;
+
+    const BodyTableIcons &m_icons;
+    bool m_warmupRuleMet;
+    bool m_locked;
+};

@@ -1,3 +1,0 @@
-#include "target.h"
-
-Target::Target(QObject *parent) : QObject(parent) {}

@@ -1,0 +1,3 @@
+#include "targets/target.h"
+
+Target::Target(QObject *parent) : QObject(parent) {}

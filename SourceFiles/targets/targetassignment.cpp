@@ -1,0 +1,97 @@
+#include "targets/targetassignment.h"
+
+#include "bodynumber.h"
+#include "targetlibrary.h"
+#include "targets/target.h"
+
+bool TargetAssignment::assign(const QString &targetId, const QString &type, int index) const
+{
+    const bool assigned = m_link.command("morvek2 body calibrate_from_targetlib %s b%.2d %s",
+                                         ControllerLink::argument(type).constData(), index + 1,
+                                         ControllerLink::argument(targetId).constData());
+    if (!assigned)
+        m_link.log(QStringLiteral("Error: Unable to calibrate body from target library"));
+    return assigned;
+}
+
+void TargetAssignment::freeElsewhere(const QString &targetShortName, const QString &type,
+                                     int receiver, int bodies) const
+{
+    const QByteArray word = ControllerLink::argument(type);
+    for (int index = 0; index < bodies; ++index) {
+        if (index == receiver)
+            continue;
+        const QString held = targetOfBody(type, index);
+        if (held != targetShortName || held.isEmpty() || held == QLatin1String("none"))
+            continue;
+        if (!m_link.set("body number_of_marker %s b%02d 0", word.constData(), index + 1)) {
+            m_link.log(QStringLiteral("Unable to reset markers of target %1 %2")
+                               .arg(type, bodyNumber(index)));
+        }
+        if (!m_link.set("body desc %s b%02d \"\"", word.constData(), index + 1)) {
+            // The type stands in both places: a habit of the log that its readers know.
+            m_link.log(QStringLiteral("Unable to reset description of target %1 %1").arg(type));
+        }
+    }
+}
+
+QString TargetAssignment::targetOfBody(const QString &type, int index) const
+{
+    const auto name = m_link.text("body targetlib_name %s b%02d",
+                                  ControllerLink::argument(type).constData(), index + 1);
+    if (!name)
+        m_link.log(QStringLiteral("Unable to get info targetlib ID of body"));
+    return name.value_or(QString());
+}
+
+void TargetAssignment::refreshUsed(const QString &targetId) const
+{
+    Target *target = m_library->target(targetId);
+    if (!target)
+        return;
+    const auto state = m_link.text("targetlib target_status_calibrated %s",
+                                   ControllerLink::argument(targetId).constData());
+    if (state)
+        target->setCalibrated(*state != QLatin1String("none"));
+    else
+        m_link.log(QStringLiteral("Error: Unable to get calibration state of target %1")
+                           .arg(targetId));
+}
+
+void TargetAssignment::refreshUsed(const QStringList &targetIds) const
+{
+    for (const QString &targetId : targetIds)
+        refreshUsed(targetId);
+}
+
+void TargetAssignment::refreshTracked(Target *target) const
+{
+    const auto state = m_link.text("targetlib target_status_tracked %s",
+                                   ControllerLink::argument(target->id()).constData());
+    if (!state) {
+        m_link.log(QStringLiteral("Error: Unable to get tracked state of target %1")
+                           .arg(target->id()));
+    }
+    target->setIsTracked(state && state->startsWith(QLatin1String("ye")));
+}
+
+bool TargetAssignment::readCustom(const QStringList &targetIds, QSet<QString> *custom) const
+{
+    if (m_link.text("status active") != QLatin1String("none"))
+        return false;
+    if (!m_link.command("morvek2 targetlib check_custom_calibration"))
+        m_link.log(QStringLiteral("Error: Unable to check custom calibrations of targets"));
+    for (const QString &targetId : targetIds) {
+        const auto state = m_link.text("targetlib target_status_calibrated_custom %s",
+                                       ControllerLink::argument(targetId).constData());
+        if (!state) {
+            m_link.log(QStringLiteral("Error: Unable to get custom calibration state of target %1")
+                               .arg(targetId));
+        }
+        if (state && *state != QLatin1String("none") && *state != QLatin1String("no"))
+            custom->insert(targetId);
+        else
+            custom->remove(targetId);
+    }
+    return true;
+}

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "controllerlink.h"
+
+#include <QSet>
+#include <QString>
+#include <QStringList>
+
+class Target;
+class Targetlibrary;
+
+/**
+ * What the controller is told and asked about library targets: assigning and freeing them, their
+ * used, custom and tracked states. Without widgets. Failures are logged; the next body or target
+ * follows.
+ */
+class TargetAssignment {
+public:
+    TargetAssignment(const ControllerLink &link, Targetlibrary *library)
+        : m_link(link), m_library(library)
+    {
+    }
+
+    /** Calibrates a body from the target of that identifier; logs a failure. */
+    bool assign(const QString &targetId, const QString &type, int index) const;
+    /** Frees the target from every body of the type but the one that is about to receive it. */
+    void freeElsewhere(const QString &targetShortName, const QString &type, int receiver,
+                       int bodies) const;
+    /** Short name of the target that a body holds, or "none"; empty, and logged, when unreadable.
+     */
+    QString targetOfBody(const QString &type, int index) const;
+
+    /** Reads whether a body holds the target; keeps what is known, and logs, on failure. */
+    void refreshUsed(const QString &targetId) const;
+    /** The same for each identifier. */
+    void refreshUsed(const QStringList &targetIds) const;
+    /** Reads whether the cameras see the target; not seen, and logged, on failure. */
+    void refreshTracked(Target *target) const;
+    /** Identifiers of those whose calibration is a custom one; false while a calibration runs. */
+    bool readCustom(const QStringList &targetIds, QSet<QString> *custom) const;
+
+private:
+    ControllerLink m_link;
+    Targetlibrary *m_library;
+};

@@ -1,0 +1,176 @@
+#include "targets/targetsearchpanel.h"
+
+#include "targets/targettablefiller.h"
+
+#include <QComboBox>
+#include <QCoreApplication>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QTimer>
+
+TargetSearchPanel::TargetSearchPanel(const ControllerLink &link, QTimer *pollTimer,
+                                     QTimer *trackedTimer)
+    : m_run(link), m_pollTimer(pollTimer), m_trackedTimer(trackedTimer)
+{
+}
+
+void TargetSearchPanel::setWidgets(const TabWidgets &widgets)
+{
+    m_widgets = widgets;
+}
+
+bool TargetSearchPanel::isSearching() const
+{
+    return !m_widgets.start->isEnabled();
+}
+
+bool TargetSearchPanel::isRunning() const
+{
+    return m_run.isRunning() && m_pollTimer->isActive();
+}
+
+bool TargetSearchPanel::start()
+{
+    if (!m_run.canStart())
+        return false;
+    m_widgets.start->setEnabled(false);
+    m_widgets.stop->setEnabled(true);
+    applyStartRule();
+    applyDeselectRule();
+    setControlsEnabled(false);
+    stopTimers();
+    QStringList inUse;
+    const QTableWidget *table = m_widgets.targetTable;
+    for (int row = 0; row < table->rowCount(); ++row) {
+        const QTableWidgetItem *used = table->item(row, TargetTableFiller::UsedColumn);
+        if (used && used->text() == TargetTableFiller::usedText())
+            inUse.append(TargetTableFiller::shortName(table, row));
+    }
+    if (m_run.start(inUse)) {
+        m_widgets.progressBar->setValue(0);
+        m_pollTimer->start(pollIntervalMs);
+    } else {
+        // The stop button and the controls stay as they are: another start, a stop or a refresh of
+        // the tab sets them right.
+        m_widgets.start->setEnabled(true);
+        m_trackedTimer->start(trackedIntervalMs);
+    }
+    return true;
+}
+
+TargetSearchRun::Step TargetSearchPanel::poll()
+{
+    const TargetSearchRun::Poll result = m_run.poll();
+    if (result.percent)
+        m_widgets.progressBar->setValue(*result.percent);
+    if (result.step == TargetSearchRun::Step::Searching)
+        return result.step;
+    m_pollTimer->stop();
+    if (result.step == TargetSearchRun::Step::Ended) {
+        m_widgets.progressBar->setValue(m_widgets.progressBar->maximum());
+        m_trackedTimer->stop();
+        m_widgets.resultLabel->clear();
+    }
+    return result.step;
+}
+
+void TargetSearchPanel::cancel()
+{
+    m_pollTimer->stop();
+    m_widgets.progressBar->setValue(0);
+    m_run.cancel();
+    m_widgets.resultLabel->clear();
+}
+
+void TargetSearchPanel::showIdle()
+{
+    m_widgets.start->setEnabled(true);
+    m_widgets.stop->setEnabled(false);
+    applySelectRule();
+    applyDeselectRule();
+    setControlsEnabled(true);
+}
+
+void TargetSearchPanel::startTracking()
+{
+    m_trackedTimer->start(trackedIntervalMs);
+}
+
+int TargetSearchPanel::countTracked(const Targetlibrary &library) const
+{
+    return m_run.countTracked(library, m_widgets.type);
+}
+
+void TargetSearchPanel::showCounts(int found, int alreadyUsed)
+{
+    const int progress = m_widgets.progressBar->value();
+    if (progress <= 0 || progress >= m_widgets.progressBar->maximum())
+        return;
+    m_widgets.resultLabel->setText(
+            QCoreApplication::translate("BodyTypeAdministrationTab",
+                                        "found targets: %1, already calibrated: %2")
+                    .arg(found)
+                    .arg(alreadyUsed));
+}
+
+void TargetSearchPanel::reset()
+{
+    if (isRunning())
+        return;
+    m_widgets.start->setEnabled(true);
+    m_widgets.progressBar->setValue(0);
+    m_widgets.stop->setEnabled(false);
+    m_widgets.resultLabel->clear();
+    setControlsEnabled(true);
+}
+
+void TargetSearchPanel::stopTimers()
+{
+    m_trackedTimer->stop();
+    m_pollTimer->stop();
+}
+
+void TargetSearchPanel::setControlsEnabled(bool enabled)
+{
+    m_controlsEnabled = enabled;
+    applyControls();
+}
+
+void TargetSearchPanel::setConfigLocked(bool locked)
+{
+    m_locked = locked;
+    applyControls();
+    applySelectRule();
+    applyDeselectRule();
+}
+
+void TargetSearchPanel::applyControls()
+{
+    for (QWidget *control : qAsConst(m_widgets.searchControls))
+        control->setEnabled(m_controlsEnabled);
+    for (QWidget *control : qAsConst(m_widgets.editControls)) {
+        const bool searchControl = m_widgets.searchControls.contains(control);
+        control->setEnabled(!m_locked && (m_controlsEnabled || !searchControl));
+    }
+}
+
+void TargetSearchPanel::applySelectRule()
+{
+    m_widgets.select->setEnabled(!m_locked && m_widgets.bodyTable->currentRow() >= 0
+                                 && m_widgets.targetTable->currentRow() >= 0 && !isSearching());
+}
+
+void TargetSearchPanel::applyStartRule()
+{
+    m_widgets.select->setEnabled(!m_locked && m_widgets.targetTable->currentIndex().isValid()
+                                 && !isSearching());
+}
+
+void TargetSearchPanel::applyDeselectRule()
+{
+    const QTableWidget *table = m_widgets.bodyTable;
+    const QTableWidgetItem *item = table->item(table->currentRow(), deselectColumn);
+    m_widgets.deselect->setEnabled(!m_locked && item && !item->text().isEmpty() && !isSearching());
+}

@@ -1,0 +1,73 @@
+#pragma once
+
+#include "bodies/tabwidgets.h"
+#include "targets/targetsearchrun.h"
+
+class QTimer;
+
+/**
+ * Shows a search run in the widgets that the tabs have in common and applies the button rules.
+ * Owned by the tab; the timers are the tab's children.
+ */
+class TargetSearchPanel {
+public:
+    /** Between two polls of a running search, in ms. */
+    static constexpr int pollIntervalMs = 600;
+    /** Between two refreshes of the tracked states while no search runs, in ms. */
+    static constexpr int trackedIntervalMs = 603;
+
+    /** Neither timer may be null. */
+    TargetSearchPanel(const ControllerLink &link, QTimer *pollTimer, QTimer *trackedTimer);
+
+    /** Once, after the tab's form was set up. */
+    void setWidgets(const TabWidgets &widgets);
+    const TabWidgets &widgets() const { return m_widgets; }
+
+    /** A search runs exactly while its start button is disabled. */
+    bool isSearching() const;
+    /** True while this tab polls a search it started. */
+    bool isRunning() const;
+
+    /** Starts a search when the controller can; false when nothing was touched. */
+    bool start();
+    /** One step of a running search: moves the bar, and stops polling after the last step. */
+    TargetSearchRun::Step poll();
+    /** Stops the search on the controller and puts the bar back. */
+    void cancel();
+    /** Buttons and controls after a run. */
+    void showIdle();
+    /** From now on the tracked states are refreshed. */
+    void startTracking();
+    /** How many targets of the tab's type the controller sees now; asks for each. */
+    int countTracked(const Targetlibrary &library) const;
+    /** Shows the counts while the bar stands between its ends. */
+    void showCounts(int found, int alreadyUsed);
+    /** Bar, label and stop button as at the beginning; leaves a running search alone. */
+    void reset();
+    /** No more polls and no more tracked states. */
+    void stopTimers();
+
+    /** Enables what a running search locks, as far as the configuration lets it. */
+    void setControlsEnabled(bool enabled);
+    /** A locked configuration keeps the editing controls disabled. */
+    void setConfigLocked(bool locked);
+    /** Enables select while a body and a target are current and no search runs. */
+    void applySelectRule();
+    /** Enables select by the target table alone. */
+    void applyStartRule();
+    /** Enables deselect by what the current body's row shows, while no search runs. */
+    void applyDeselectRule();
+
+private:
+    /** Column whose text tells whether there is something to deselect. */
+    static constexpr int deselectColumn = 4;
+
+    void applyControls();
+
+    TargetSearchRun m_run;
+    QTimer *m_pollTimer;
+    QTimer *m_trackedTimer;
+    TabWidgets m_widgets;
+    bool m_controlsEnabled = true;
+    bool m_locked = false;
+};

@@ -1,0 +1,173 @@
+#include "controllerlink.h"
+
+#include "BackendVersions.h"
+#include "IOManager.h"
+
+#include <array>
+#include <cmath>
+#include <cstdarg>
+#include <cstring>
+
+namespace {
+
+constexpr int messageKind = 1;
+
+/** Room for an answer, far above the 200 bytes that the host promises to stay within. */
+using AnswerBuffer = std::array<char, 8192>;
+
+QString decode(AnswerBuffer &buffer)
+{
+    buffer.back() = '\0';
+    return QString::fromUtf8(buffer.data());
+}
+
+/** The formatted line, empty when it must not be sent. */
+__attribute__((format(printf, 1, 0))) QByteArray formatted(const char *format, va_list arguments)
+{
+    const QString line = QString::vasprintf(format, arguments);
+    if (line.contains(QLatin1Char('\n')) || line.contains(QLatin1Char('\r')))
+        return {};
+    return line.toUtf8();
+}
+
+} // namespace
+
+// A va_list lives in the function that has the dots, so no other function can do this.
+#define LINE_OF(format)                                                                            \
+    va_list arguments;                                                                             \
+    va_start(arguments, format);                                                                   \
+    const QByteArray line = formatted(format, arguments);                                          \
+    va_end(arguments)
+
+ControllerLink::ControllerLink(IOManager *iom, const BackendVersions *versions)
+    : m_iom(iom), m_versions(versions)
+{
+}
+
+std::optional<QString> ControllerLink::text(const char *format, ...) const
+{
+    LINE_OF(format);
+    AnswerBuffer buffer{};
+    if (!m_iom || line.isEmpty() || m_iom->get_string(buffer.data(), "%s", line.constData()) != 0)
+        return std::nullopt;
+    return decode(buffer);
+}
+
+std::optional<int> ControllerLink::integer(const char *format, ...) const
+{
+    LINE_OF(format);
+    int value = 0;
+    if (!m_iom || line.isEmpty() || m_iom->get_int(&value, "%s", line.constData()) != 0)
+        return std::nullopt;
+    return value;
+}
+
+std::optional<int> ControllerLink::count(const char *format, ...) const
+{
+    constexpr int largest = 9999;
+    LINE_OF(format);
+    const auto value = line.isEmpty() ? std::nullopt : integer("%s", line.constData());
+    return value && *value >= 0 && *value <= largest ? value : std::nullopt;
+}
+
+std::optional<double> ControllerLink::real(const char *format, ...) const
+{
+    LINE_OF(format);
+    double value = 0.0;
+    if (!m_iom || line.isEmpty() || m_iom->get_double(&value, "%s", line.constData()) != 0
+        || !std::isfinite(value))
+        return std::nullopt;
+    return value;
+}
+
+std::optional<bool> ControllerLink::flag(const char *format, ...) const
+{
+    LINE_OF(format);
+    bool value = false;
+    if (!m_iom || line.isEmpty() || m_iom->get_bool(&value, "%s", line.constData()) != 0)
+        return std::nullopt;
+    return value;
+}
+
+bool ControllerLink::isYes(const char *format, ...) const
+{
+    LINE_OF(format);
+    return !line.isEmpty() && text("%s", line.constData()) == QLatin1String("yes");
+}
+
+bool ControllerLink::set(const char *format, ...) const
+{
+    LINE_OF(format);
+    return m_iom && !line.isEmpty() && m_iom->set("%s", line.constData()) == 0;
+}
+
+bool ControllerLink::command(const char *format, ...) const
+{
+    LINE_OF(format);
+    AnswerBuffer buffer{};
+    if (!m_iom || line.isEmpty() || m_iom->send_command(buffer.data(), line.constData()) != 0)
+        return false;
+    buffer.back() = '\0';
+    // Bytes, not text: decoding would forgive a byte order mark.
+    return std::strcmp(buffer.data(), "morvek2 ok") == 0;
+}
+
+void ControllerLink::log(const QString &line) const
+{
+    if (m_iom)
+        m_iom->send_message("standard", "MORVEK3", messageKind, line.toUtf8().constData());
+}
+
+void ControllerLink::post(const char *channel, const QString &request) const
+{
+    if (m_iom) {
+        m_iom->send_message(channel, "BodyAdministrationModule", messageKind,
+                            request.toUtf8().constData());
+    }
+}
+
+void ControllerLink::registerReceiver(const char *channel, MessageReceiver *receiver) const
+{
+    if (m_iom)
+        m_iom->register_receiver(channel, receiver);
+}
+
+void ControllerLink::unregisterReceiver(const char *channel, MessageReceiver *receiver) const
+{
+    if (m_iom)
+        m_iom->unregister_receiver(channel, receiver);
+}
+
+bool ControllerLink::protocolAtLeast(int major, int minor) const
+{
+    return m_versions && m_versions->prot >= VersionInfo(major, minor, -1);
+}
+
+bool ControllerLink::isPocketUnit() const
+{
+    return m_versions && m_versions->mod.startsWith(QLatin1String("POCKETUNIT"));
+}
+
+bool ControllerLink::isConfigLocked() const
+{
+    return protocolAtLeast(1, 9) && text("config is_changeable") == QLatin1String("no");
+}
+
+QByteArray ControllerLink::argument(const QString &text)
+{
+    return text.toUtf8().replace('\0', '\n');
+}
+
+QString ControllerLink::withoutDoubleQuotes(QString text)
+{
+    return text.remove(QLatin1Char('"'));
+}
+
+int ControllerLink::wholeMilliseconds(double seconds)
+{
+    constexpr double nanosecondsPerSecond = 1e9;
+    constexpr qint64 nanosecondsPerMillisecond = 1000000;
+    constexpr double longestSeconds = 2e6;
+    const double bounded = qBound(-longestSeconds, seconds, longestSeconds);
+    return int(qint64(std::llround(bounded * nanosecondsPerSecond)) / nanosecondsPerMillisecond);
+}

@@ -1,0 +1,76 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <optional>
+
+class BackendVersions;
+class IOManager;
+class MessageReceiver;
+
+/**
+ * The module's only way to the controller, its message log and the other modules.
+ *
+ * A small value that refers to the host's two objects, which outlive it; either may be null, then
+ * every read and write fails, the protocol counts as the oldest and no message is sent. Formats are
+ * checked at compile time. Numbers are formatted in the C locale, text travels as UTF-8. A line
+ * that holds a line break is refused and never reaches the controller; pass text from the user
+ * through argument(), which turns a NUL, too, into a refused line.
+ */
+class ControllerLink {
+public:
+    /** Either may be null. */
+    ControllerLink(IOManager *iom, const BackendVersions *versions);
+
+    /** The answer as text; nothing when the query failed. */
+    std::optional<QString> text(const char *format, ...) const
+            __attribute__((format(printf, 2, 3)));
+    /** The answer as a whole number; nothing when the query failed. */
+    std::optional<int> integer(const char *format, ...) const __attribute__((format(printf, 2, 3)));
+    /**
+     * A number of things, 0 to 9999. Any other answer is garbage and counts as a failed query: it
+     * must not keep the program busy.
+     */
+    std::optional<int> count(const char *format, ...) const __attribute__((format(printf, 2, 3)));
+    /** The answer as a finite number; nothing when the query failed. */
+    std::optional<double> real(const char *format, ...) const __attribute__((format(printf, 2, 3)));
+    /** The answer as yes or no; nothing when the query failed. */
+    std::optional<bool> flag(const char *format, ...) const __attribute__((format(printf, 2, 3)));
+
+    /** True when the query succeeded with exactly "yes". */
+    bool isYes(const char *format, ...) const __attribute__((format(printf, 2, 3)));
+
+    /** Sets a parameter; false when it was refused. */
+    bool set(const char *format, ...) const __attribute__((format(printf, 2, 3)));
+    /** Sends an action command; true only on the exact answer "morvek2 ok". */
+    bool command(const char *format, ...) const __attribute__((format(printf, 2, 3)));
+
+    /** Puts one line into the host's message log. */
+    void log(const QString &line) const;
+    /** Sends a request of the body administration to the module that listens on `channel`. */
+    void post(const char *channel, const QString &request) const;
+
+    /** From now on `receiver` gets the messages of `channel`; it has to be withdrawn again. */
+    void registerReceiver(const char *channel, MessageReceiver *receiver) const;
+    /** Withdraws `receiver` from `channel`; nothing when it is not registered. */
+    void unregisterReceiver(const char *channel, MessageReceiver *receiver) const;
+
+    /** True when the connected protocol is at least major.minor, with any patch level. */
+    bool protocolAtLeast(int major, int minor) const;
+    /** True when the controller is the compact all-in-one system. */
+    bool isPocketUnit() const;
+    /** True when the configuration cannot be changed (asked from protocol 1.9 on). */
+    bool isConfigLocked() const;
+
+    /** `text` as it goes into a command line for "%s". */
+    static QByteArray argument(const QString &text);
+    /** `text` without any double quote, as descriptions are shown. */
+    static QString withoutDoubleQuotes(QString text);
+    /** Seconds as whole milliseconds, truncated toward zero from the decimal value: 0.029 is 29. */
+    static int wholeMilliseconds(double seconds);
+
+private:
+    IOManager *m_iom;
+    const BackendVersions *m_versions;
+};
