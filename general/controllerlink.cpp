@@ -15,10 +15,22 @@ constexpr int messageKind = 1;
 /** Room for an answer, far above the 200 bytes that the host promises to stay within. */
 using AnswerBuffer = std::array<char, 8192>;
 
+/** A sign that would break a line of the message log or of a label. */
+bool isControl(QChar sign)
+{
+    return sign.category() == QChar::Other_Control || sign.category() == QChar::Separator_Line
+           || sign.category() == QChar::Separator_Paragraph;
+}
+
 QString decode(AnswerBuffer &buffer)
 {
     buffer.back() = '\0';
-    return QString::fromUtf8(buffer.data());
+    QString answer = QString::fromUtf8(buffer.data());
+    for (QChar &sign : answer) {
+        if (isControl(sign))
+            sign = QChar::ReplacementCharacter;
+    }
+    return answer;
 }
 
 /** The formatted line, empty when it must not be sent. */
@@ -26,6 +38,9 @@ __attribute__((format(printf, 1, 0))) QByteArray formatted(const char *format, v
 {
     const QString line = QString::vasprintf(format, arguments);
     if (line.contains(QLatin1Char('\n')) || line.contains(QLatin1Char('\r')))
+        return {};
+    // After an unpaired quote the controller would take the rest for something else.
+    if (line.count(QLatin1Char('"')) % 2 != 0)
         return {};
     return line.toUtf8();
 }
@@ -51,6 +66,13 @@ std::optional<QString> ControllerLink::text(const char *format, ...) const
     if (!m_iom || line.isEmpty() || m_iom->get_string(buffer.data(), "%s", line.constData()) != 0)
         return std::nullopt;
     return decode(buffer);
+}
+
+std::optional<QString> ControllerLink::name(const char *format, ...) const
+{
+    LINE_OF(format);
+    const auto answer = line.isEmpty() ? std::nullopt : text("%s", line.constData());
+    return answer && answer->trimmed().isEmpty() ? QStringLiteral("none") : answer;
 }
 
 std::optional<int> ControllerLink::integer(const char *format, ...) const

@@ -15,16 +15,22 @@ class MessageReceiver;
  * A small value that refers to the host's two objects, which outlive it; either may be null, then
  * every read and write fails, the protocol counts as the oldest and no message is sent. Formats are
  * checked at compile time. Numbers are formatted in the C locale, text travels as UTF-8. A line
- * that holds a line break is refused and never reaches the controller; pass text from the user
- * through argument(), which turns a NUL, too, into a refused line.
+ * that holds a line break or an unpaired double quote is refused and never reaches the controller;
+ * pass text from the user through argument(), which turns a NUL, too, into a refused line.
  */
 class ControllerLink {
 public:
     /** Either may be null. */
     ControllerLink(IOManager *iom, const BackendVersions *versions);
 
-    /** The answer as text; nothing when the query failed. */
+    /**
+     * The answer as text, with a replacement sign for each line break and control sign; nothing
+     * when the query failed.
+     */
     std::optional<QString> text(const char *format, ...) const
+            __attribute__((format(printf, 2, 3)));
+    /** As text(), where a name or identifier is expected: a blank answer is "none" then. */
+    std::optional<QString> name(const char *format, ...) const
             __attribute__((format(printf, 2, 3)));
     /** The answer as a whole number; nothing when the query failed. */
     std::optional<int> integer(const char *format, ...) const __attribute__((format(printf, 2, 3)));

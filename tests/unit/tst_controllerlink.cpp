@@ -56,6 +56,10 @@ private slots:
     void readsLongAnswers_data();
     void readsLongAnswers();
     void readsAnswersOfTheTypeAskedFor();
+    void replacesControlSignsInAnswers_data();
+    void replacesControlSignsInAnswers();
+    void takesABlankAnswerForNoName_data();
+    void takesABlankAnswerForNoName();
     void countsOnlyWhatCanBe_data();
     void countsOnlyWhatCanBe();
     void failsOnDisturbedAnswers_data();
@@ -164,6 +168,7 @@ void tst_ControllerLink::refusesLinesThatWouldBreak_data()
     QTest::newRow("carriage return") << "one\rtwo";
     QTest::newRow("line feed at the end") << "one\n";
     QTest::newRow("a second command") << "x\"\ntracking reference none";
+    QTest::newRow("unpaired quote") << "say \"one";
     QTest::newRow("NUL") << QStringLiteral("one") + QChar(0) + QStringLiteral("two");
     QTest::newRow("NUL at the end") << QStringLiteral("one") + QChar(0);
 }
@@ -178,6 +183,7 @@ void tst_ControllerLink::refusesLinesThatWouldBreak()
     QVERIFY(!link.set("body desc standard b01 \"%s\"", word));
     QVERIFY(!link.command("morvek2 body calibrate_from_targetlib standard b01 %s", word));
     QVERIFY(!link.text("filter6d mode_desc %s", word));
+    QVERIFY(!link.name("inertial body_of_sensor %s", word));
     QVERIFY(!link.integer("body number_of_bodies %s", word));
     QVERIFY(!link.count("body number_of_bodies %s", word));
     QVERIFY(!link.real("body filter6d_strength %s b01", word));
@@ -227,6 +233,64 @@ void tst_ControllerLink::readsAnswersOfTheTypeAskedFor()
     const auto empty = link.text("body desc standard b01");
     QVERIFY2(empty.has_value(), "an empty answer is an answer");
     QCOMPARE(*empty, QString());
+}
+
+void tst_ControllerLink::replacesControlSignsInAnswers_data()
+{
+    QTest::addColumn<QByteArray>("sign");
+    QTest::newRow("line feed") << QByteArray("\n");
+    QTest::newRow("carriage return") << QByteArray("\r");
+    QTest::newRow("tabulator") << QByteArray("\t");
+    QTest::newRow("escape") << QByteArray("\x1b");
+    QTest::newRow("delete") << QByteArray("\x7f");
+    QTest::newRow("next line") << QByteArray("\xc2\x85");
+    QTest::newRow("line separator") << QByteArray("\xe2\x80\xa8");
+    QTest::newRow("paragraph separator") << QByteArray("\xe2\x80\xa9");
+}
+
+void tst_ControllerLink::replacesControlSignsInAnswers()
+{
+    QFETCH(QByteArray, sign);
+    TestHost host;
+    const ControllerLink link(&host.io, &host.versions);
+    const QString replacement(QChar::ReplacementCharacter);
+    const auto answering = [&host](const QByteArray &answer) {
+        host.io.setResponder([answer](TranscriptEntry *entry) { entry->answer = answer; });
+    };
+    answering("one" + sign + "two");
+    const auto described = QStringLiteral("one") + replacement + QStringLiteral("two");
+    QCOMPARE(link.text("body desc standard b01"), std::optional<QString>(described));
+    QCOMPARE(link.name("body inertial_sensor standard b01"), std::optional<QString>(described));
+    answering("yes" + sign);
+    QVERIFY(!link.isYes("inertial available"));
+    answering("morvek2 ok" + sign);
+    QVERIFY(!link.command("morvek2 targetlib check_custom_calibration"));
+}
+
+void tst_ControllerLink::takesABlankAnswerForNoName_data()
+{
+    QTest::addColumn<QString>("rule");
+    QTest::addColumn<QString>("name");
+    QTest::newRow("empty") << "* empty"
+                           << "none";
+    QTest::newRow("blanks") << "* answer \"  \""
+                            << "none";
+    QTest::newRow("none") << "* answer \"none\""
+                          << "none";
+    QTest::newRow("name") << "* answer \"IMU 3\""
+                          << "IMU 3";
+    QTest::newRow("failed") << "* fail"
+                            << "failed";
+}
+
+void tst_ControllerLink::takesABlankAnswerForNoName()
+{
+    QFETCH(QString, rule);
+    TestHost host;
+    const ControllerLink link(&host.io, &host.versions);
+    host.fault(rule);
+    QTEST(link.name("body inertial_sensor standard b%02d", 1).value_or("failed"), "name");
+    QCOMPARE(host.queries(), QStringList{"body inertial_sensor standard b01"});
 }
 
 void tst_ControllerLink::countsOnlyWhatCanBe_data()
