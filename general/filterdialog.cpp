@@ -2,7 +2,10 @@
 
 #include "ui_filterdialog.h"
 
+#include "bodynumber.h"
 #include "filterhelp.h"
+#include "filterreader.h"
+#include "wheelguard.h"
 
 #include <QScopedValueRollback>
 
@@ -12,14 +15,17 @@ constexpr int standardType = 0;
 constexpr int joywandType = 1;
 constexpr double millisecondsPerSecond = 1000.0;
 
-QString twoDigits(int number)
+/** The controller's word for a body type; empty for a type without filter. */
+QString typeWord(int bodyType)
 {
-    return QStringLiteral("%1").arg(number, 2, 10, QLatin1Char('0'));
+    if (bodyType == standardType)
+        return QStringLiteral("standard");
+    return bodyType == joywandType ? QStringLiteral("joywand") : QString();
 }
 
-bool isOwnPreset(const QString &preset)
+int indexOf(const QComboBox *box, const std::optional<QString> &id)
 {
-    return preset.contains(QLatin1String("preset6d_")) && preset.contains(QLatin1String("_custom"));
+    return id ? box->findData(*id, Qt::UserRole, Qt::MatchExactly | Qt::MatchCaseSensitive) : -1;
 }
 
 } // namespace
@@ -28,6 +34,7 @@ FilterDialog::FilterDialog(IOManager *iom, QWidget *parent, BackendVersions *beV
     : QDialog(parent), ui(std::make_unique<Ui::FilterDialog>()), iom(iom), beVers(beVers)
 {
     ui->setupUi(this);
+    WheelGuard::protect(this);
     if (parent)
         setWindowIcon(parent->windowIcon());
     setup_combobox_preset_info();
@@ -41,20 +48,11 @@ FilterDialog::~FilterDialog()
     qDeleteAll(listPresets);
 }
 
-template <typename Answer>
-std::optional<Answer> FilterDialog::answered(std::optional<Answer> answer,
-                                             const QString &errorLine) const
-{
-    // A controller that has no filter yet fails every query; that is no news to the user.
-    if (!answer && link().protocolAtLeast(1, 12))
-        link().log(errorLine);
-    return answer;
-}
-
 int FilterDialog::update_and_exec(int bodyType, int bodyIndex)
 {
     bUserAction = false;
-    const bool available = isFilterAvailable(bodyType);
+    const QString type = typeWord(bodyType);
+    const bool available = !type.isEmpty() && reader().isAvailable(type);
     bIsConfigLocked = getConfigLocked();
     if (!available || bIsConfigLocked) {
         clearBodies();
@@ -78,19 +76,6 @@ void FilterDialog::clearBodies()
     ui->comboBox_body->clear();
     update_checkbox_active();
     updateFilterValues();
-}
-
-bool FilterDialog::isFilterAvailable(int bodyType) const
-{
-    if (!link().protocolAtLeast(1, 12) || (bodyType != standardType && bodyType != joywandType))
-        return false;
-    const bool standard = bodyType == standardType;
-    const auto answer = answered(
-            standard ? link().text("filter6d available standard")
-                     : link().text("filter6d available joywand"),
-            tr("Error: Unable to get availability of filter6d for bodytype %1")
-                    .arg(standard ? QStringLiteral("standard") : QStringLiteral("joywand")));
-    return answer == QLatin1String("yes");
 }
 
 bool FilterDialog::getConfigLocked() const
@@ -134,61 +119,39 @@ void FilterDialog::update_comboBox_body(int bodyType, int bodyIndex)
     const QScopedValueRollback<bool> filling(bUserAction, false);
     mapIsTargetInertial.clear();
     ui->comboBox_body->clear();
-    if (bodyType != standardType && bodyType != joywandType)
+    const QString type = typeWord(bodyType);
+    if (type.isEmpty())
         return;
-    const bool standard = bodyType == standardType;
     if (bodyIndex >= 0) {
-        addBody(standard, bodyIndex + 1);
+        addBody(type, bodyIndex);
         return;
     }
-    const int count = standard ? answered(link().count("body number_of_bodies standard"),
-                                          tr("Error: Unable to get number of standard bodies"))
-                                         .value_or(0)
-                               : answered(link().count("joywand number_of_devices"),
-                                          tr("Error: Unable to get number of Joywand devices"))
-                                         .value_or(0);
-    for (int number = 1; number <= count; ++number) {
-        const QString type = standard ? QStringLiteral("standard") : QStringLiteral("joywand");
-        const auto calibrated =
-                answered(standard ? link().text("body calibrated standard b%.2d", number)
-                                  : link().text("body calibrated joywand b%.2d", number),
-                         tr("Error: Unable to get calibration state of body %1 b%2")
-                                 .arg(type, twoDigits(number)));
-        if (calibrated == QLatin1String("yes"))
-            addBody(standard, number);
+    const int count = reader().countOf(type);
+    for (int index = 0; index < count; ++index) {
+        if (reader().isCalibrated(identifier(type, index)))
+            addBody(type, index);
     }
 }
 
-void FilterDialog::addBody(bool standard, int number)
+QString FilterDialog::identifier(const QString &type, int index)
 {
-    if (standard)
-        addStandardBody(number);
-    else
-        addJoywandBody(number);
+    return QStringLiteral("%1 b%2").arg(type, bodyNumber(index));
 }
 
-void FilterDialog::addStandardBody(int number)
+void FilterDialog::addBody(const QString &type, int index)
 {
-    const QString body = QStringLiteral("standard b%1").arg(twoDigits(number));
-    const QString sensor = answered(link().text("body inertial_sensor standard b%.2d", number),
-                                    tr("Error: Unable to get inertial sensor of body %1").arg(body))
-                                   .value_or(QStringLiteral("none"));
-    const QString description =
-            answered(link().text("body desc standard b%.2d", number),
-                     tr("Error: Unable to get description of body %1").arg(body))
-                    .value_or(QString());
-    QString shown = tr("standard body %1").arg(twoDigits(number));
+    const QString body = identifier(type, index);
+    if (type == QLatin1String("joywand")) {
+        mapIsTargetInertial.insert(body, false);
+        ui->comboBox_body->addItem(tr("Joywand body %1").arg(bodyNumber(index)), body);
+        return;
+    }
+    mapIsTargetInertial.insert(body, reader().hasSensor(body));
+    const QString description = reader().description(body);
+    QString shown = tr("standard body %1").arg(bodyNumber(index));
     if (!description.isEmpty())
         shown += QStringLiteral(" (%1)").arg(description);
-    mapIsTargetInertial.insert(body, sensor != QLatin1String("none"));
     ui->comboBox_body->addItem(shown, body);
-}
-
-void FilterDialog::addJoywandBody(int number)
-{
-    const QString body = QStringLiteral("joywand b%1").arg(twoDigits(number));
-    mapIsTargetInertial.insert(body, false);
-    ui->comboBox_body->addItem(tr("Joywand body %1").arg(twoDigits(number)), body);
 }
 
 void FilterDialog::update_checkbox_active()
@@ -199,24 +162,14 @@ void FilterDialog::update_checkbox_active()
         ui->checkBox_active->setChecked(false);
         return;
     }
-    const auto enabled = answered(
-            link().text("body filter6d_enabled %s", ControllerLink::argument(body).constData()),
-            tr("Error: Unable to get filter 6d state for body %1").arg(body));
-    ui->checkBox_active->setChecked(enabled == QLatin1String("yes"));
+    ui->checkBox_active->setChecked(reader().isEnabled(body));
     activate_checkbox_active(body);
 }
 
 void FilterDialog::activate_checkbox_active(const QString &body)
 {
-    if (!link().protocolAtLeast(1, 12)) {
-        ui->checkBox_active->show();
-        return;
-    }
-    const QString sensor = answered(link().text("body inertial_sensor %s",
-                                                ControllerLink::argument(body).constData()),
-                                    tr("Error: Unable to get inertial sensor of body %1").arg(body))
-                                   .value_or(QStringLiteral("none"));
-    ui->checkBox_active->setVisible(sensor == QLatin1String("none"));
+    const bool canHaveSensor = link().protocolAtLeast(1, 12);
+    ui->checkBox_active->setVisible(!canHaveSensor || !reader().hasSensor(body));
 }
 
 void FilterDialog::updateFilterValues()
@@ -229,40 +182,24 @@ void FilterDialog::updateFilterValues()
 
 void FilterDialog::setup_spinBox_strength()
 {
-    m_strengthMin = answered(link().real("filter6d limit strength_min"),
-                             tr("Error: Unable to get minimum of filter 6d strength"))
-                            .value_or(0.0);
-    m_strengthMax = answered(link().real("filter6d limit strength_max"),
-                             tr("Error: Unable to get maximum of filter 6d strength"))
-                            .value_or(0.0);
+    const auto limits = reader().strengthLimits();
+    m_strengthMin = limits.lowest;
+    m_strengthMax = limits.highest;
     ui->doubleSpinBox_strength->setRange(m_strengthMin, m_strengthMax);
 }
 
 void FilterDialog::setup_spinBox_prediction()
 {
-    const double minimumSeconds =
-            answered(link().real("filter6d limit prediction_min"),
-                     tr("Error: Unable to get minimum of filter 6d prediction"))
-                    .value_or(0.0);
-    const double maximumSeconds =
-            answered(link().real("filter6d limit prediction_max"),
-                     tr("Error: Unable to get maximum of filter 6d prediction"))
-                    .value_or(0.0);
-    m_predictionMinMs = ControllerLink::wholeMilliseconds(minimumSeconds);
-    m_predictionMaxMs = ControllerLink::wholeMilliseconds(maximumSeconds);
+    const auto limits = reader().predictionLimits();
+    m_predictionMinMs = limits.lowest;
+    m_predictionMaxMs = limits.highest;
     ui->spinBox_prediction->setRange(m_predictionMinMs, m_predictionMaxMs);
 }
 
 void FilterDialog::update_doubleSpinBox_strength()
 {
     const QString body = currentBody();
-    std::optional<double> strength;
-    if (!body.isEmpty()) {
-        strength = answered(link().real("body filter6d_strength %s",
-                                        ControllerLink::argument(body).constData()),
-                            tr("Error: Unable to get filter 6d strength for body %1").arg(body));
-    }
-    showStrength(strength);
+    showStrength(body.isEmpty() ? std::nullopt : reader().strength(body));
     activate_controls_strength();
 }
 
@@ -287,16 +224,7 @@ void FilterDialog::activate_controls_strength()
 void FilterDialog::update_spinBox_prediction()
 {
     const QString body = currentBody();
-    std::optional<int> predictionMs;
-    if (!body.isEmpty()) {
-        const auto seconds =
-                answered(link().real("body filter6d_prediction %s",
-                                     ControllerLink::argument(body).constData()),
-                         tr("Error: Unable to get filter 6d prediction for body %1").arg(body));
-        if (seconds)
-            predictionMs = ControllerLink::wholeMilliseconds(*seconds);
-    }
-    showPrediction(predictionMs);
+    showPrediction(body.isEmpty() ? std::nullopt : reader().predictionMs(body));
     ui->spinBox_prediction->setEnabled(isOwnPresetActive());
 }
 
@@ -312,23 +240,11 @@ void FilterDialog::showPrediction(std::optional<int> predictionMs)
 
 void FilterDialog::setup_combobox_preset_info()
 {
-    const int count = answered(link().count("filter6d number_of_presets"),
-                               tr("Error: Unable to get number of filter 6d presets"))
-                              .value_or(0);
-    for (int number = 1; number <= count; ++number) {
-        const auto id = answered(link().text("filter6d preset_id t%.2d", number),
-                                 tr("Error: Unable to get filter 6d preset id"));
-        if (!id)
-            continue;
-        const auto description = answered(
-                link().text("filter6d preset_desc %s", ControllerLink::argument(*id).constData()),
-                tr("Error: Unable to get filter 6d preset description"));
-        if (!description)
-            continue;
-        const bool forInertial = *id == QLatin1String("preset6d_default")
-                                 || *id == QLatin1String("preset6d_med_pred");
-        listPresets.append(new PresetInfo{*id, ControllerLink::withoutDoubleQuotes(*description),
-                                          forInertial});
+    const auto presets = reader().presets();
+    for (const FilterReader::Choice &preset : presets) {
+        const bool forInertial = preset.id == QLatin1String("preset6d_default")
+                                 || preset.id == QLatin1String("preset6d_med_pred");
+        listPresets.append(new PresetInfo{preset.id, preset.description, forInertial});
     }
 }
 
@@ -352,112 +268,57 @@ void FilterDialog::update_combobox_preset_list_02(const QString &body)
 {
     const QScopedValueRollback<bool> filling(bUserAction, false);
     ui->comboBox_preset->clear();
-    const int count = answered(link().count("filter6d number_of_presets"),
-                               tr("Error: Unable to get number of filter 6d presets"))
-                              .value_or(0);
-    for (int number = 1; number <= count; ++number) {
-        const auto id = answered(link().text("filter6d preset_id t%02d", number),
-                                 tr("Error: Unable to get filter 6d preset id"));
-        if (!id)
-            continue;
-        const QByteArray preset = ControllerLink::argument(*id);
-        const auto available = answered(link().text("body filter6d_preset_available %s %s",
-                                                    ControllerLink::argument(body).constData(),
-                                                    preset.constData()),
-                                        tr("Error: Unable to get filter 6d preset id available"));
-        if (available != QLatin1String("yes"))
-            continue;
-        const auto description =
-                answered(link().text("filter6d preset_desc %s", preset.constData()),
-                         tr("Error: Unable to get filter 6d preset description"));
-        if (description)
-            ui->comboBox_preset->addItem(ControllerLink::withoutDoubleQuotes(*description), *id);
-    }
+    const auto presets = reader().presetsOf(body);
+    for (const FilterReader::Choice &preset : presets)
+        ui->comboBox_preset->addItem(preset.description, preset.id);
 }
 
 void FilterDialog::update_combobox_preset()
 {
     const QScopedValueRollback<bool> filling(bUserAction, false);
     const QString body = currentBody();
-    int selected = -1;
+    std::optional<QString> preset;
     if (!body.isEmpty()) {
         if (link().protocolAtLeast(1, 21))
             update_combobox_preset_list_02(body);
         else
             update_combobox_preset_list_01(body);
-        const auto preset = answered(
-                link().text("body filter6d_preset %s", ControllerLink::argument(body).constData()),
-                tr("Error: Unable to get filter 6d preset for body %1").arg(body));
-        if (preset)
-            selected = ui->comboBox_preset->findData(*preset, Qt::UserRole,
-                                                     Qt::MatchExactly | Qt::MatchCaseSensitive);
+        preset = reader().preset(body);
     }
-    ui->comboBox_preset->setCurrentIndex(selected);
+    ui->comboBox_preset->setCurrentIndex(indexOf(ui->comboBox_preset, preset));
     ui->comboBox_preset->setEnabled(ui->checkBox_active->isChecked());
 }
 
 void FilterDialog::setup_comboBox_mode()
 {
-    const QScopedValueRollback<bool> filling(bUserAction, false);
-    const int count = answered(link().count("filter6d number_of_modes"),
-                               tr("Error: Unable to get number of filter 6d modes"))
-                              .value_or(0);
-    for (int number = 1; number <= count; ++number) {
-        const auto id = answered(link().text("filter6d mode_id t%.2d", number),
-                                 tr("Error: Unable to get filter 6d mode id"));
-        if (!id)
-            continue;
-        const auto description = answered(
-                link().text("filter6d mode_desc %s", ControllerLink::argument(*id).constData()),
-                tr("Error: Unable to get filter 6d mode description"));
-        if (description)
-            ui->comboBox_mode->addItem(ControllerLink::withoutDoubleQuotes(*description), *id);
-    }
+    showModes(reader().modes());
     ui->comboBox_mode->setCurrentIndex(-1);
 }
 
 void FilterDialog::update_comboBox_mode_list_02(const QString &body)
 {
+    showModes(reader().modesOf(body));
+}
+
+void FilterDialog::showModes(const QVector<FilterReader::Choice> &modes)
+{
     const QScopedValueRollback<bool> filling(bUserAction, false);
     ui->comboBox_mode->clear();
-    const int count = answered(link().count("filter6d number_of_modes"),
-                               tr("Error: Unable to get number of filter 6d modes"))
-                              .value_or(0);
-    for (int number = 1; number <= count; ++number) {
-        const auto id = answered(link().text("filter6d mode_id t%02d", number),
-                                 tr("Error: Unable to get filter 6d mode id"));
-        if (!id)
-            continue;
-        const QByteArray mode = ControllerLink::argument(*id);
-        const auto available =
-                answered(link().text("body filter6d_mode_available %s %s",
-                                     ControllerLink::argument(body).constData(), mode.constData()),
-                         tr("Error: Unable to get filter 6d mode id available"));
-        if (available != QLatin1String("yes"))
-            continue;
-        const auto description = answered(link().text("filter6d mode_desc %s", mode.constData()),
-                                          tr("Error: Unable to get filter 6d mode description"));
-        if (description)
-            ui->comboBox_mode->addItem(ControllerLink::withoutDoubleQuotes(*description), *id);
-    }
+    for (const FilterReader::Choice &mode : modes)
+        ui->comboBox_mode->addItem(mode.description, mode.id);
 }
 
 void FilterDialog::update_comboBox_mode()
 {
     const QScopedValueRollback<bool> filling(bUserAction, false);
     const QString body = currentBody();
-    int selected = -1;
+    std::optional<QString> mode;
     if (!body.isEmpty()) {
         if (link().protocolAtLeast(1, 21))
             update_comboBox_mode_list_02(body);
-        const auto mode = answered(
-                link().text("body filter6d_mode %s", ControllerLink::argument(body).constData()),
-                tr("Error: Unable to get filter 6d mode for body %1").arg(body));
-        if (mode)
-            selected = ui->comboBox_mode->findData(*mode, Qt::UserRole,
-                                                   Qt::MatchExactly | Qt::MatchCaseSensitive);
+        mode = reader().mode(body);
     }
-    ui->comboBox_mode->setCurrentIndex(selected);
+    ui->comboBox_mode->setCurrentIndex(indexOf(ui->comboBox_mode, mode));
     ui->comboBox_mode->setEnabled(isOwnPresetActive());
 }
 
@@ -492,7 +353,8 @@ void FilterDialog::on_checkBox_active_stateChanged(int state)
     }
     if (!link().set("body filter6d_enabled %s %s", ControllerLink::argument(body).constData(),
                     state == Qt::Checked ? "yes" : "no"))
-        link().log(tr("Error: Unable to activate/deactivate filter 6d for body %1").arg(body));
+        link().log(QStringLiteral("Error: Unable to activate/deactivate filter 6d for body %1")
+                           .arg(body));
     updateFilterValues();
 }
 
@@ -504,7 +366,7 @@ void FilterDialog::on_comboBox_preset_currentIndexChanged(int index)
     const QString preset = ui->comboBox_preset->itemData(index).toString();
     if (!link().set("body filter6d_preset %s %s", ControllerLink::argument(body).constData(),
                     ControllerLink::argument(preset).constData()))
-        link().log(tr("Error: Unable to set filter 6d preset for body %1").arg(body));
+        link().log(QStringLiteral("Error: Unable to set filter 6d preset for body %1").arg(body));
     update_doubleSpinBox_strength();
     update_spinBox_prediction();
     update_comboBox_mode();
@@ -520,7 +382,7 @@ void FilterDialog::on_doubleSpinBox_strength_editingFinished()
     showStrength(ui->doubleSpinBox_strength->value());
     if (!link().set("body filter6d_strength %s %f", ControllerLink::argument(body).constData(),
                     m_knownStrength))
-        link().log(tr("Error: Unable to set filter 6d strength for body %1").arg(body));
+        link().log(QStringLiteral("Error: Unable to set filter 6d strength for body %1").arg(body));
 }
 
 void FilterDialog::on_spinBox_prediction_editingFinished()
@@ -531,7 +393,8 @@ void FilterDialog::on_spinBox_prediction_editingFinished()
     showPrediction(ui->spinBox_prediction->value());
     if (!link().set("body filter6d_prediction %s %f", ControllerLink::argument(body).constData(),
                     m_knownPredictionMs / millisecondsPerSecond))
-        link().log(tr("Error: Unable to set filter 6d prediction for body %1").arg(body));
+        link().log(
+                QStringLiteral("Error: Unable to set filter 6d prediction for body %1").arg(body));
 }
 
 void FilterDialog::on_comboBox_mode_currentIndexChanged(int index)
@@ -542,7 +405,7 @@ void FilterDialog::on_comboBox_mode_currentIndexChanged(int index)
     const QString mode = ui->comboBox_mode->itemData(index).toString();
     if (!link().set("body filter6d_mode %s %s", ControllerLink::argument(body).constData(),
                     ControllerLink::argument(mode).constData()))
-        link().log(tr("Error: Unable to set filter 6d mode for body %1").arg(body));
+        link().log(QStringLiteral("Error: Unable to set filter 6d mode for body %1").arg(body));
 }
 
 void FilterDialog::on_pushButton_help_clicked()
@@ -562,6 +425,11 @@ ControllerLink FilterDialog::link() const
     return ControllerLink(iom, beVers);
 }
 
+FilterReader FilterDialog::reader() const
+{
+    return FilterReader(link());
+}
+
 QString FilterDialog::currentBody() const
 {
     return ui->comboBox_body->currentData().toString();
@@ -574,5 +442,5 @@ QString FilterDialog::currentPreset() const
 
 bool FilterDialog::isOwnPresetActive() const
 {
-    return ui->checkBox_active->isChecked() && isOwnPreset(currentPreset());
+    return ui->checkBox_active->isChecked() && FilterReader::isCustomPreset(currentPreset());
 }

@@ -1,12 +1,14 @@
 #pragma once
 
 #include "controllerlink.h"
+#include "filterreader.h"
 #include "presetinfo.h"
 
 #include <QDialog>
 #include <QList>
 #include <QMap>
 #include <QString>
+#include <QVector>
 
 #include <memory>
 #include <optional>
@@ -98,21 +100,17 @@ private slots:
 
 private:
     void clearBodies();
-    bool isFilterAvailable(int bodyType) const;
-    void addBody(bool standard, int number);
-    void addStandardBody(int number);
-    void addJoywandBody(int number);
+    static QString identifier(const QString &type, int index);
+    void addBody(const QString &type, int index);
+    void showModes(const QVector<FilterReader::Choice> &modes);
     void updateFilterValues();
     void showStrength(std::optional<double> strength);
     void showPrediction(std::optional<int> predictionMs);
     ControllerLink link() const;
+    FilterReader reader() const;
     QString currentBody() const;
     QString currentPreset() const;
     bool isOwnPresetActive() const;
-
-    /** `answer` as it is; puts `errorLine` into the message log when there is none. */
-    template <typename Answer>
-    std::optional<Answer> answered(std::optional<Answer> answer, const QString &errorLine) const;
 
     std::unique_ptr<Ui::FilterDialog> ui;
     IOManager *iom;

@@ -2,6 +2,7 @@
 
 #include "bodies/adminbodytype.h"
 #include "bodynumber.h"
+#include "filterreader.h"
 
 #include <QStringList>
 
@@ -17,11 +18,6 @@ QString calibrationText(const AdminBody &body)
     const QString origin =
             body.tlibName.isEmpty() ? QStringLiteral("Custom") : QStringLiteral("Target Library");
     return body.recalibrated ? origin + QStringLiteral(", re-calibrated") : origin;
-}
-
-bool isCustomPreset(const QString &preset)
-{
-    return preset.contains(QLatin1String("preset6d_")) && preset.contains(QLatin1String("_custom"));
 }
 
 } // namespace
@@ -163,69 +159,8 @@ void BodyReader::readFilterSummary(AdminBodyType &record, const QString &type, i
     AdminBody &body = record.bodies[index];
     if (!body.calibrated)
         return;
-    const QByteArray word = ControllerLink::argument(type);
-    const int number = index + 1;
-    const auto enabled = m_link.text("body filter6d_enabled %s b%.2d", word.constData(), number);
-    if (!enabled) {
-        log(QStringLiteral("Error: Unable to get filter6d state of body %1 b%2"), type, index);
-        return;
-    }
-    if (*enabled != QLatin1String("yes")) {
-        body.filter6dPreset = QStringLiteral("not active");
-        return;
-    }
-    const auto preset = m_link.text("body filter6d_preset %s b%.2d", word.constData(), number);
-    if (!preset) {
-        log(QStringLiteral("Error: Unable to get filter6d preset of body %1 b%2"), type, index);
-        return;
-    }
-    const auto summary =
-            isCustomPreset(*preset) ? customFilterSummary(type, index) : presetSummary(*preset);
-    if (summary)
+    if (const auto summary = FilterReader(m_link).summary(type, index))
         body.filter6dPreset = *summary;
-}
-
-std::optional<QString> BodyReader::presetSummary(const QString &preset) const
-{
-    const auto description =
-            m_link.text("filter6d preset_desc %s", ControllerLink::argument(preset).constData());
-    if (!description) {
-        m_link.log(QStringLiteral("Error: Unable to get description of filter6d preset %1")
-                           .arg(preset));
-        return std::nullopt;
-    }
-    return ControllerLink::withoutDoubleQuotes(*description);
-}
-
-std::optional<QString> BodyReader::customFilterSummary(const QString &type, int index) const
-{
-    const QByteArray word = ControllerLink::argument(type);
-    const int number = index + 1;
-    const auto prediction =
-            m_link.real("body filter6d_prediction %s b%.2d", word.constData(), number);
-    if (!prediction)
-        log(QStringLiteral("Error: Unable to get filter6d prediction of body %1 b%2"), type, index);
-    const auto mode = m_link.text("body filter6d_mode %s b%.2d", word.constData(), number);
-    if (!mode)
-        log(QStringLiteral("Error: Unable to get filter6d mode of body %1 b%2"), type, index);
-    if (!prediction || !mode)
-        return std::nullopt;
-    const auto description =
-            m_link.text("filter6d mode_desc %s", ControllerLink::argument(*mode).constData());
-    if (!description) {
-        m_link.log(
-                QStringLiteral("Error: Unable to get description of filter6d mode %1").arg(*mode));
-        return std::nullopt;
-    }
-    const QString milliseconds = QString::number(ControllerLink::wholeMilliseconds(*prediction));
-    const QString name = ControllerLink::withoutDoubleQuotes(*description);
-    if (!mode->contains(QLatin1String("hybrid")))
-        return QStringLiteral("%1ms/%2").arg(milliseconds, name);
-    const auto strength = m_link.real("body filter6d_strength %s b%.2d", word.constData(), number);
-    if (!strength)
-        log(QStringLiteral("Error: Unable to get filter6d strength of body %1 b%2"), type, index);
-    return QStringLiteral("%1/%2ms/%3")
-            .arg(QString::number(strength.value_or(0.0), 'f', 2), milliseconds, name);
 }
 
 bool BodyReader::isWarmupRuleMet() const

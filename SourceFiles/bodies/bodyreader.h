@@ -4,8 +4,6 @@
 
 #include <QString>
 
-#include <optional>
-
 struct AdminBody;
 struct AdminBodyType;
 
@@ -34,8 +32,6 @@ private:
     void readCalibration(AdminBody &body, const QString &type, int index) const;
     void readSensor(AdminBody &body, const QString &type, int index) const;
     bool isReference(int index) const;
-    std::optional<QString> presetSummary(const QString &preset) const;
-    std::optional<QString> customFilterSummary(const QString &type, int index) const;
     void log(const QString &line, const QString &type, int index) const;
 
     ControllerLink m_link;

@@ -206,10 +206,15 @@ void tst_FilterDialogWindow::texts()
 void tst_FilterDialogWindow::iconOfTheParent()
 {
     TestHost host(smallState());
-    QPixmap red(16, 16);
-    red.fill(Qt::red);
-    host.mainWindow.setWindowIcon(QIcon(red));
+    const auto plain = [](QColor color) {
+        QPixmap pixmap(16, 16);
+        pixmap.fill(color);
+        return QIcon(pixmap);
+    };
+    host.mainWindow.setWindowIcon(plain(Qt::red));
     const FilterDialog dialog(&host.io, &host.mainWindow, &host.versions);
+    // A window without an icon of its own would show the new one.
+    host.mainWindow.setWindowIcon(plain(Qt::blue));
     QCOMPARE(dialog.windowIcon().pixmap(16).toImage().pixelColor(8, 8), QColor(Qt::red));
 }
 

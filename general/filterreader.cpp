@@ -1,0 +1,270 @@
+#include "filterreader.h"
+
+#include "bodynumber.h"
+
+namespace {
+
+const char *const presetWord = "preset";
+const char *const modeWord = "mode";
+
+} // namespace
+
+FilterReader::FilterReader(const ControllerLink &link) : m_link(link) {}
+
+bool FilterReader::isCustomPreset(const QString &preset)
+{
+    return preset.contains(QLatin1String("preset6d_")) && preset.contains(QLatin1String("_custom"));
+}
+
+template <typename Answer>
+std::optional<Answer> FilterReader::answered(std::optional<Answer> answer,
+                                             const QString &errorLine) const
+{
+    if (!answer && m_link.protocolAtLeast(1, 12))
+        m_link.log(errorLine);
+    return answer;
+}
+
+void FilterReader::log(const QString &line, const QString &type, int index) const
+{
+    m_link.log(line.arg(type, bodyNumber(index)));
+}
+
+// What the controller offers
+
+bool FilterReader::isAvailable(const QString &type) const
+{
+    if (!m_link.protocolAtLeast(1, 12))
+        return false;
+    const auto answer = answered(
+            m_link.text("filter6d available %s", ControllerLink::argument(type).constData()),
+            QStringLiteral("Error: Unable to get availability of filter6d for bodytype %1")
+                    .arg(type));
+    return answer == QLatin1String("yes");
+}
+
+QVector<FilterReader::Choice> FilterReader::presets() const
+{
+    return choices(presetWord, QString());
+}
+
+QVector<FilterReader::Choice> FilterReader::presetsOf(const QString &body) const
+{
+    return choices(presetWord, body);
+}
+
+QVector<FilterReader::Choice> FilterReader::modes() const
+{
+    return choices(modeWord, QString());
+}
+
+QVector<FilterReader::Choice> FilterReader::modesOf(const QString &body) const
+{
+    return choices(modeWord, body);
+}
+
+/** The presets or modes in the controller's order; without a body all of them. */
+QVector<FilterReader::Choice> FilterReader::choices(const char *kind, const QString &body) const
+{
+    const auto count = answered(m_link.count("filter6d number_of_%ss", kind),
+                                QStringLiteral("Error: Unable to get number of filter 6d %1s")
+                                        .arg(QLatin1String(kind)));
+    QVector<Choice> found;
+    for (int number = 1; number <= count.value_or(0); ++number) {
+        if (const auto entry = choice(kind, number, body))
+            found.append(*entry);
+    }
+    return found;
+}
+
+std::optional<FilterReader::Choice> FilterReader::choice(const char *kind, int number,
+                                                         const QString &body) const
+{
+    const auto id = answered(
+            m_link.text("filter6d %s_id t%02d", kind, number),
+            QStringLiteral("Error: Unable to get filter 6d %1 id").arg(QLatin1String(kind)));
+    if (!id || (!body.isEmpty() && !isOffered(kind, *id, body)))
+        return std::nullopt;
+    const auto description = answered(
+            m_link.text("filter6d %s_desc %s", kind, ControllerLink::argument(*id).constData()),
+            QStringLiteral("Error: Unable to get filter 6d %1 description")
+                    .arg(QLatin1String(kind)));
+    if (!description)
+        return std::nullopt;
+    return Choice{*id, ControllerLink::withoutDoubleQuotes(*description)};
+}
+
+bool FilterReader::isOffered(const char *kind, const QString &id, const QString &body) const
+{
+    const auto answer = answered(m_link.text("body filter6d_%s_available %s %s", kind,
+                                             ControllerLink::argument(body).constData(),
+                                             ControllerLink::argument(id).constData()),
+                                 QStringLiteral("Error: Unable to get filter 6d %1 id available")
+                                         .arg(QLatin1String(kind)));
+    return answer == QLatin1String("yes");
+}
+
+FilterReader::Limits<double> FilterReader::strengthLimits() const
+{
+    const auto lowest =
+            answered(m_link.real("filter6d limit strength_min"),
+                     QStringLiteral("Error: Unable to get minimum of filter 6d strength"));
+    const auto highest =
+            answered(m_link.real("filter6d limit strength_max"),
+                     QStringLiteral("Error: Unable to get maximum of filter 6d strength"));
+    return {lowest.value_or(0.0), highest.value_or(0.0)};
+}
+
+FilterReader::Limits<int> FilterReader::predictionLimits() const
+{
+    const auto lowest =
+            answered(m_link.real("filter6d limit prediction_min"),
+                     QStringLiteral("Error: Unable to get minimum of filter 6d prediction"));
+    const auto highest =
+            answered(m_link.real("filter6d limit prediction_max"),
+                     QStringLiteral("Error: Unable to get maximum of filter 6d prediction"));
+    return {ControllerLink::wholeMilliseconds(lowest.value_or(0.0)),
+            ControllerLink::wholeMilliseconds(highest.value_or(0.0))};
+}
+
+// Bodies that have a filter
+
+int FilterReader::countOf(const QString &type) const
+{
+    const auto count =
+            type == QLatin1String("joywand")
+                    ? answered(m_link.count("joywand number_of_devices"),
+                               QStringLiteral("Error: Unable to get number of Joywand devices"))
+                    : answered(m_link.count("body number_of_bodies standard"),
+                               QStringLiteral("Error: Unable to get number of standard bodies"));
+    return count.value_or(0);
+}
+
+bool FilterReader::isCalibrated(const QString &body) const
+{
+    const auto answer =
+            answered(m_link.text("body calibrated %s", ControllerLink::argument(body).constData()),
+                     QStringLiteral("Error: Unable to get calibration state of body %1").arg(body));
+    return answer == QLatin1String("yes");
+}
+
+bool FilterReader::hasSensor(const QString &body) const
+{
+    const auto sensor = answered(
+            m_link.text("body inertial_sensor %s", ControllerLink::argument(body).constData()),
+            QStringLiteral("Error: Unable to get inertial sensor of body %1").arg(body));
+    return sensor && *sensor != QLatin1String("none");
+}
+
+QString FilterReader::description(const QString &body) const
+{
+    const auto answer =
+            answered(m_link.text("body desc %s", ControllerLink::argument(body).constData()),
+                     QStringLiteral("Error: Unable to get description of body %1").arg(body));
+    return answer.value_or(QString());
+}
+
+// The filter of a body
+
+bool FilterReader::isEnabled(const QString &body) const
+{
+    const auto answer = answered(
+            m_link.text("body filter6d_enabled %s", ControllerLink::argument(body).constData()),
+            QStringLiteral("Error: Unable to get filter 6d state for body %1").arg(body));
+    return answer == QLatin1String("yes");
+}
+
+std::optional<QString> FilterReader::preset(const QString &body) const
+{
+    return answered(
+            m_link.text("body filter6d_preset %s", ControllerLink::argument(body).constData()),
+            QStringLiteral("Error: Unable to get filter 6d preset for body %1").arg(body));
+}
+
+std::optional<double> FilterReader::strength(const QString &body) const
+{
+    return answered(
+            m_link.real("body filter6d_strength %s", ControllerLink::argument(body).constData()),
+            QStringLiteral("Error: Unable to get filter 6d strength for body %1").arg(body));
+}
+
+std::optional<int> FilterReader::predictionMs(const QString &body) const
+{
+    const auto seconds = answered(
+            m_link.real("body filter6d_prediction %s", ControllerLink::argument(body).constData()),
+            QStringLiteral("Error: Unable to get filter 6d prediction for body %1").arg(body));
+    if (!seconds)
+        return std::nullopt;
+    return ControllerLink::wholeMilliseconds(*seconds);
+}
+
+std::optional<QString> FilterReader::mode(const QString &body) const
+{
+    return answered(
+            m_link.text("body filter6d_mode %s", ControllerLink::argument(body).constData()),
+            QStringLiteral("Error: Unable to get filter 6d mode for body %1").arg(body));
+}
+
+// The summary of the body tables, whose failures have lines of their own
+
+std::optional<QString> FilterReader::summary(const QString &type, int index) const
+{
+    const QByteArray word = ControllerLink::argument(type);
+    const int number = index + 1;
+    const auto enabled = m_link.text("body filter6d_enabled %s b%02d", word.constData(), number);
+    if (!enabled) {
+        log(QStringLiteral("Error: Unable to get filter6d state of body %1 b%2"), type, index);
+        return std::nullopt;
+    }
+    if (*enabled != QLatin1String("yes"))
+        return QStringLiteral("not active");
+    const auto preset = m_link.text("body filter6d_preset %s b%02d", word.constData(), number);
+    if (!preset) {
+        log(QStringLiteral("Error: Unable to get filter6d preset of body %1 b%2"), type, index);
+        return std::nullopt;
+    }
+    return isCustomPreset(*preset) ? customSummary(type, index) : presetSummary(*preset);
+}
+
+std::optional<QString> FilterReader::presetSummary(const QString &preset) const
+{
+    const auto description =
+            m_link.text("filter6d preset_desc %s", ControllerLink::argument(preset).constData());
+    if (!description) {
+        m_link.log(QStringLiteral("Error: Unable to get description of filter6d preset %1")
+                           .arg(preset));
+        return std::nullopt;
+    }
+    return ControllerLink::withoutDoubleQuotes(*description);
+}
+
+std::optional<QString> FilterReader::customSummary(const QString &type, int index) const
+{
+    const QByteArray word = ControllerLink::argument(type);
+    const int number = index + 1;
+    const auto prediction =
+            m_link.real("body filter6d_prediction %s b%02d", word.constData(), number);
+    if (!prediction)
+        log(QStringLiteral("Error: Unable to get filter6d prediction of body %1 b%2"), type, index);
+    const auto mode = m_link.text("body filter6d_mode %s b%02d", word.constData(), number);
+    if (!mode)
+        log(QStringLiteral("Error: Unable to get filter6d mode of body %1 b%2"), type, index);
+    if (!prediction || !mode)
+        return std::nullopt;
+    const auto description =
+            m_link.text("filter6d mode_desc %s", ControllerLink::argument(*mode).constData());
+    if (!description) {
+        m_link.log(
+                QStringLiteral("Error: Unable to get description of filter6d mode %1").arg(*mode));
+        return std::nullopt;
+    }
+    const QString milliseconds = QString::number(ControllerLink::wholeMilliseconds(*prediction));
+    const QString name = ControllerLink::withoutDoubleQuotes(*description);
+    if (!mode->contains(QLatin1String("hybrid")))
+        return QStringLiteral("%1ms/%2").arg(milliseconds, name);
+    const auto strength = m_link.real("body filter6d_strength %s b%02d", word.constData(), number);
+    if (!strength)
+        log(QStringLiteral("Error: Unable to get filter6d strength of body %1 b%2"), type, index);
+    return QStringLiteral("%1/%2ms/%3")
+            .arg(QString::number(strength.value_or(0.0), 'f', 2), milliseconds, name);
+}
