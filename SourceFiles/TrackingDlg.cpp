@@ -3,6 +3,7 @@
 #include "fixedangledlg.h"
 #include "settings/trackingpreferences.h"
 #include "settings/trackingpulse.h"
+#include "wheelguard.h"
 
 #include <QDomElement>
 #include <QLayout>
@@ -49,6 +50,7 @@ TrackingDlg::TrackingDlg(IOManager *iom, QWidget *parent, BackendVersions *beVer
       m_link(iom, beVers)
 {
     setupUi(this);
+    WheelGuard::protect(this);
     layout()->setSizeConstraint(QLayout::SetFixedSize);
     loadSettingsFromXml();
     const bool isPocketunit = m_link.isPocketUnit();
@@ -114,7 +116,7 @@ void TrackingDlg::readMarkerCalculation()
 {
     const auto answer = m_link.text("standard calculate_marker");
     if (!answer)
-        m_link.log(tr("Error: Unable to get the calculation of 3DOF markers"));
+        m_link.log(QStringLiteral("Error: Unable to get the calculation of 3DOF markers"));
     bCalculate3DofMarker = answer == QLatin1String("yes");
     checkBox_force3d->setChecked(bCalculate3DofMarker);
 }
@@ -134,7 +136,7 @@ bool TrackingDlg::isAutoRestartOn() const
 {
     const auto answer = m_link.text("tracking auto_restart");
     if (!answer)
-        m_link.log(tr("Error: Unable to get the automatic restart of the measurement"));
+        m_link.log(QStringLiteral("Error: Unable to get the automatic restart of the measurement"));
     return answer == QLatin1String("yes");
 }
 
@@ -171,13 +173,13 @@ void TrackingDlg::writeOldSettings()
 void TrackingDlg::writeMarkerCalculation(bool on)
 {
     if (!m_link.set("standard calculate_marker %s", yesOrNo(on)))
-        m_link.log(tr("Error: Unable to set the calculation of 3DOF markers"));
+        m_link.log(QStringLiteral("Error: Unable to set the calculation of 3DOF markers"));
 }
 
 void TrackingDlg::writeAutoRestart(bool on)
 {
     if (!m_link.set("tracking auto_restart %s", yesOrNo(on)))
-        m_link.log(tr("Error: Unable to set the automatic restart of the measurement"));
+        m_link.log(QStringLiteral("Error: Unable to set the automatic restart of the measurement"));
 }
 
 void TrackingDlg::setup_comboBox_5dofAxis()
@@ -207,7 +209,7 @@ void TrackingDlg::update_comboBox_5dofAxis()
         return;
     const auto vector = centralAxis();
     if (!vector) {
-        m_link.log(tr("Error: Unable to get values of the 5DOF central axis"));
+        m_link.log(QStringLiteral("Error: Unable to get values of the 5DOF central axis"));
         comboBox_5dofAxis->setCurrentIndex(-1);
         label_display5dof->clear();
         return;
@@ -232,7 +234,7 @@ void TrackingDlg::save5DofAxisCentralSettings()
             continue;
         const auto &[x, y, z] = axis.vector;
         if (!m_link.set("tracking axis_5dof_central %.3f %.3f %.3f", x, y, z))
-            m_link.log(tr("Error: Unable to set values of the 5DOF central axis"));
+            m_link.log(QStringLiteral("Error: Unable to set values of the 5DOF central axis"));
         return;
     }
 }
@@ -249,7 +251,7 @@ void TrackingDlg::check_pocketunit_default_settings()
         return;
     bAutoRestart = isAutoRestartOn();
     if (!bAutoRestart && !m_link.set("tracking auto_restart yes"))
-        m_link.log(tr("Error: Unable to set the automatic restart of the measurement"));
+        m_link.log(QStringLiteral("Error: Unable to set the automatic restart of the measurement"));
 }
 
 bool TrackingDlg::any_body_fixed_angle() const
@@ -258,12 +260,12 @@ bool TrackingDlg::any_body_fixed_angle() const
         return false;
     const auto count = m_link.count("standard number_of_bodies");
     if (!count)
-        m_link.log(tr("Error: Unable to check number of standard bodies"));
+        m_link.log(QStringLiteral("Error: Unable to check number of standard bodies"));
     bool any = false;
     for (int number = 1; number <= count.value_or(0); ++number) {
         const auto answer = m_link.text("standard fixed_angle b%.2d", number);
         if (!answer)
-            m_link.log(tr("Error: Unable to check fixed angle of standard body"));
+            m_link.log(QStringLiteral("Error: Unable to check fixed angle of standard body"));
         const QStringList fields = answer.value_or(QString()).split(QLatin1Char(' '));
         for (const int flag : {0, 2, 4})
             any = any || fields.value(flag) == QLatin1String("yes");
@@ -283,7 +285,7 @@ void TrackingDlg::show_fixed_angle_button(bool show)
     if (!show)
         return;
     if (!knowsFixedAngles())
-        m_link.log(tr("TrackingSettings: Old version of Zyrcam Controller"));
+        m_link.log(QStringLiteral("TrackingSettings: Old version of Zyrcam Controller"));
     pushButton_advanced->setEnabled(knowsFixedAngles() && !m_is_config_locked);
 }
 
@@ -393,7 +395,7 @@ void TrackingDlg::update_comboBox_inertialSensor()
 void TrackingDlg::sendInertialSettingsToAtc()
 {
     if (!knowsPulse()) {
-        m_link.log(tr("Error: Unable to set inertial tracking settings"));
+        m_link.log(QStringLiteral("Error: Unable to set inertial tracking settings"));
         return;
     }
     const TrackingPulse pulse(m_link);

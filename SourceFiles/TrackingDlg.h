@@ -61,6 +61,7 @@ public:
     void enableInertialControls();
     /** Enables the inputs that belong to the chosen source of the tracking frequency. */
     void activateInertialControls();
+    // Three reads for a program that shows the hidden section; no opening of the dialog calls them.
     /** Reads the source of the tracking frequency; none is chosen when it is unknown. */
     void update_radioButtonsInertial();
     /** Reads the tracking frequency, in Hz. */

@@ -183,7 +183,7 @@ void BodyAdministrationDlg::reject()
 void BodyAdministrationDlg::leave()
 {
     if (isCalTargetlibactive()) {
-        m_link.log(tr("Unable to close dialog during calibration is running"));
+        m_link.log(QStringLiteral("Unable to close dialog during calibration is running"));
         return;
     }
     for (BodyTypeAdministrationTab *tab : qAsConst(m_tabs))

@@ -66,7 +66,7 @@ void BodySettingsDlg::updateTable()
 {
     const auto count = m_link.count("body number_of_bodies standard");
     if (!count)
-        m_link.log(tr("Error: Unable to get number of standard bodies"));
+        m_link.log(QStringLiteral("Error: Unable to get number of standard bodies"));
     m_ui->tableWidget->setRowCount(qMax(0, count.value_or(0)));
     for (int row = 0; row < m_ui->tableWidget->rowCount(); ++row)
         fillRow(row);
@@ -82,7 +82,7 @@ void BodySettingsDlg::fillRow(int row)
 
     const auto description = m_link.text("body desc standard b%.2d", number);
     if (!description)
-        m_link.log(tr("Error: Unable to get name of standard body"));
+        m_link.log(QStringLiteral("Error: Unable to get name of standard body"));
     auto *name = new QTableWidgetItem(description.value_or(QString()));
     name->setData(unreadRole, !description);
     name->setFlags(canRename() ? Qt::ItemIsSelectable | Qt::ItemIsEditable | Qt::ItemIsEnabled
@@ -91,7 +91,7 @@ void BodySettingsDlg::fillRow(int row)
 
     const auto calibrated = m_link.text("body calibrated standard b%.2d", number);
     if (!calibrated)
-        m_link.log(tr("Error: Unable to get the calibration status of standard body"));
+        m_link.log(QStringLiteral("Error: Unable to get the calibration status of standard body"));
     auto *state = new QTableWidgetItem(calibrated == QLatin1String("yes") ? tr("calibrated")
                                                                           : tr("not calibrated"));
     state->setFlags(Qt::ItemIsEnabled);
@@ -120,7 +120,7 @@ void BodySettingsDlg::saveBodySettings()
         const QByteArray name = names.at(row).isEmpty() ? QByteArrayLiteral("\"\"")
                                                         : ControllerLink::argument(names.at(row));
         if (!m_link.set("body desc standard b%.2d %s", row + 1, name.constData()))
-            m_link.log(tr("Error: Unable to set name of standard body"));
+            m_link.log(QStringLiteral("Error: Unable to set name of standard body"));
     }
 }
 
@@ -131,7 +131,7 @@ void BodySettingsDlg::show_fixed_angle_button(bool show)
         return;
     const bool known = m_link.protocolAtLeast(1, 6);
     if (!known)
-        m_link.log(tr("TrackingSettings: Old version of Controller"));
+        m_link.log(QStringLiteral("TrackingSettings: Old version of Controller"));
     m_ui->pushButton_special->setEnabled(known);
 }
 

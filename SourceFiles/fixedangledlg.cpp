@@ -45,7 +45,7 @@ void FixedAngleDlg::get_fixed_angle_info(QList<FixedAngleBody *> &bodies) const
 {
     const auto count = m_link.count("body number_of_bodies standard");
     if (!count)
-        m_link.log(tr("Error: Unable to check number of standard bodies"));
+        m_link.log(QStringLiteral("Error: Unable to check number of standard bodies"));
     for (int number = 1; number <= count.value_or(0); ++number)
         bodies.append(new FixedAngleBody(readBody(number)));
 }
@@ -56,16 +56,17 @@ FixedAngleBody FixedAngleDlg::readBody(int number) const
     body.body_id = number;
     const auto description = m_link.text("body desc standard b%.2d", number);
     if (!description)
-        m_link.log(tr("Error: Unable to check name of standard body"));
+        m_link.log(QStringLiteral("Error: Unable to check name of standard body"));
     body.body_des = description.value_or(QString());
 
     const auto calibrated = m_link.text("body calibrated standard b%.2d", number);
     if (!calibrated)
-        m_link.log(tr("Error: Unable to check the calibration status of standard body"));
+        m_link.log(
+                QStringLiteral("Error: Unable to check the calibration status of standard body"));
 
     const auto targetType = m_link.text("body target_type standard b%.2d", number);
     if (!targetType)
-        m_link.log(tr("Error: Unable to check target type"));
+        m_link.log(QStringLiteral("Error: Unable to check target type"));
     body.body_cali = calibrated == QLatin1String("yes")
                      && (targetType == QLatin1String("tt_std")
                          || targetType == QLatin1String("tt_2x5dof_cyl"));
@@ -77,7 +78,7 @@ void FixedAngleDlg::readAngles(FixedAngleBody *body) const
 {
     const auto answer = m_link.text("standard fixed_angle b%.2d", body->body_id);
     if (!answer) {
-        m_link.log(tr("Error: Unable to check fixed angle of standard body"));
+        m_link.log(QStringLiteral("Error: Unable to check fixed angle of standard body"));
         return;
     }
     const QStringList fields = answer->split(QLatin1Char(' '));
@@ -122,7 +123,7 @@ bool FixedAngleDlg::write(const FixedAngleBody &body) const
                                  word(0), body.fixed_angle[0], word(1), body.fixed_angle[1],
                                  word(2), body.fixed_angle[2]);
     if (!done)
-        m_link.log(tr("Error: Unable to set fixed angle of standard body"));
+        m_link.log(QStringLiteral("Error: Unable to set fixed angle of standard body"));
     return done;
 }
 

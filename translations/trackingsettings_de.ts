@@ -82,10 +82,6 @@
         <source>E&amp;xit</source>
         <translation>S&amp;chließen</translation>
     </message>
-    <message>
-        <source>Unable to close dialog during calibration is running</source>
-        <translation>Der Dialog kann während einer Kalibrierung nicht geschlossen werden</translation>
-    </message>
 </context>
 <context>
     <name>BodySettingsDlg</name>
@@ -138,32 +134,12 @@
         <translation>Zustand</translation>
     </message>
     <message>
-        <source>Error: Unable to get number of standard bodies</source>
-        <translation>Error: Unable to get number of standard bodies</translation>
-    </message>
-    <message>
-        <source>Error: Unable to get name of standard body</source>
-        <translation>Error: Unable to get name of standard body</translation>
-    </message>
-    <message>
-        <source>Error: Unable to get the calibration status of standard body</source>
-        <translation>Error: Unable to get the calibration status of standard body</translation>
-    </message>
-    <message>
         <source>calibrated</source>
         <translation>kalibriert</translation>
     </message>
     <message>
         <source>not calibrated</source>
         <translation>nicht kalibriert</translation>
-    </message>
-    <message>
-        <source>Error: Unable to set name of standard body</source>
-        <translation>Error: Unable to set name of standard body</translation>
-    </message>
-    <message>
-        <source>TrackingSettings: Old version of Controller</source>
-        <translation>TrackingSettings: Old version of Controller</translation>
     </message>
 </context>
 <context>
@@ -175,18 +151,6 @@
     <message>
         <source>Reset</source>
         <translation>Rücksetzen</translation>
-    </message>
-    <message>
-        <source>Error: Unable to get availability of inertial sensors</source>
-        <translation>Error: Unable to get availability of inertial sensors</translation>
-    </message>
-    <message>
-        <source>Error: Unable to get inertial sensor of body %1 b%2</source>
-        <translation>Error: Unable to get inertial sensor of body %1 b%2</translation>
-    </message>
-    <message>
-        <source>Error: Unable to get presence of inertial sensor %1</source>
-        <translation>Error: Unable to get presence of inertial sensor %1</translation>
     </message>
     <message>
         <source>MORVEK3</source>
@@ -209,30 +173,6 @@ Fortfahren?</translation>
 Please activate this body before.</source>
         <translation>Ein ausgeschalteter Körper kann nicht Referenz sein.
 Bitte schalten Sie ihn zuerst ein.</translation>
-    </message>
-    <message>
-        <source>Error: Unable to set activeness of body %1 b%2</source>
-        <translation>Error: Unable to set activeness of body %1 b%2</translation>
-    </message>
-    <message>
-        <source>Error: Unable to set description of body %1 b%2</source>
-        <translation>Error: Unable to set description of body %1 b%2</translation>
-    </message>
-    <message>
-        <source>Error: Unable to set body %1 b%2 as reference body</source>
-        <translation>Error: Unable to set body %1 b%2 as reference body</translation>
-    </message>
-    <message>
-        <source>Error: Unable to de-activate the reference body</source>
-        <translation>Error: Unable to de-activate the reference body</translation>
-    </message>
-    <message>
-        <source>Unable to information of reference body</source>
-        <translation>Unable to information of reference body</translation>
-    </message>
-    <message>
-        <source>Unable to reset reference body</source>
-        <translation>Unable to reset reference body</translation>
     </message>
     <message>
         <source>Unknown reset of %1 %2!</source>
@@ -408,10 +348,6 @@ die Geometrie von %2 %3 löschen?</translation>
         <translation>S&amp;chließen</translation>
     </message>
     <message>
-        <source>Error: Unable to get availability of filter6d for bodytype %1</source>
-        <translation>Error: Unable to get availability of filter6d for bodytype %1</translation>
-    </message>
-    <message>
         <source>&lt;b&gt;&lt;font color=red&gt;6DOF filter for standard bodies not available&lt;/font&gt;&lt;/b&gt;</source>
         <translation>&lt;b&gt;&lt;font color=red&gt;Für Standardkörper gibt es keinen 6DOF-Filter&lt;/font&gt;&lt;/b&gt;</translation>
     </message>
@@ -424,120 +360,12 @@ die Geometrie von %2 %3 löschen?</translation>
         <translation>&lt;b&gt;&lt;font color=red&gt;Es gibt keinen 6DOF-Filter&lt;/font&gt;&lt;/b&gt;</translation>
     </message>
     <message>
-        <source>Error: Unable to get number of standard bodies</source>
-        <translation>Error: Unable to get number of standard bodies</translation>
-    </message>
-    <message>
-        <source>Error: Unable to get number of Joywand devices</source>
-        <translation>Error: Unable to get number of Joywand devices</translation>
-    </message>
-    <message>
-        <source>Error: Unable to get calibration state of body %1 b%2</source>
-        <translation>Error: Unable to get calibration state of body %1 b%2</translation>
-    </message>
-    <message>
-        <source>Error: Unable to get inertial sensor of body %1</source>
-        <translation>Error: Unable to get inertial sensor of body %1</translation>
-    </message>
-    <message>
-        <source>Error: Unable to get description of body %1</source>
-        <translation>Error: Unable to get description of body %1</translation>
-    </message>
-    <message>
         <source>standard body %1</source>
         <translation>Standardkörper %1</translation>
     </message>
     <message>
         <source>Joywand body %1</source>
         <translation>Joywand %1</translation>
-    </message>
-    <message>
-        <source>Error: Unable to get filter 6d state for body %1</source>
-        <translation>Error: Unable to get filter 6d state for body %1</translation>
-    </message>
-    <message>
-        <source>Error: Unable to get minimum of filter 6d strength</source>
-        <translation>Error: Unable to get minimum of filter 6d strength</translation>
-    </message>
-    <message>
-        <source>Error: Unable to get maximum of filter 6d strength</source>
-        <translation>Error: Unable to get maximum of filter 6d strength</translation>
-    </message>
-    <message>
-        <source>Error: Unable to get minimum of filter 6d prediction</source>
-        <translation>Error: Unable to get minimum of filter 6d prediction</translation>
-    </message>
-    <message>
-        <source>Error: Unable to get maximum of filter 6d prediction</source>
-        <translation>Error: Unable to get maximum of filter 6d prediction</translation>
-    </message>
-    <message>
-        <source>Error: Unable to get filter 6d strength for body %1</source>
-        <translation>Error: Unable to get filter 6d strength for body %1</translation>
-    </message>
-    <message>
-        <source>Error: Unable to get filter 6d prediction for body %1</source>
-        <translation>Error: Unable to get filter 6d prediction for body %1</translation>
-    </message>
-    <message>
-        <source>Error: Unable to get number of filter 6d presets</source>
-        <translation>Error: Unable to get number of filter 6d presets</translation>
-    </message>
-    <message>
-        <source>Error: Unable to get filter 6d preset id</source>
-        <translation>Error: Unable to get filter 6d preset id</translation>
-    </message>
-    <message>
-        <source>Error: Unable to get filter 6d preset description</source>
-        <translation>Error: Unable to get filter 6d preset description</translation>
-    </message>
-    <message>
-        <source>Error: Unable to get filter 6d preset id available</source>
-        <translation>Error: Unable to get filter 6d preset id available</translation>
-    </message>
-    <message>
-        <source>Error: Unable to get filter 6d preset for body %1</source>
-        <translation>Error: Unable to get filter 6d preset for body %1</translation>
-    </message>
-    <message>
-        <source>Error: Unable to get number of filter 6d modes</source>
-        <translation>Error: Unable to get number of filter 6d modes</translation>
-    </message>
-    <message>
-        <source>Error: Unable to get filter 6d mode id</source>
-        <translation>Error: Unable to get filter 6d mode id</translation>
-    </message>
-    <message>
-        <source>Error: Unable to get filter 6d mode description</source>
-        <translation>Error: Unable to get filter 6d mode description</translation>
-    </message>
-    <message>
-        <source>Error: Unable to get filter 6d mode id available</source>
-        <translation>Error: Unable to get filter 6d mode id available</translation>
-    </message>
-    <message>
-        <source>Error: Unable to get filter 6d mode for body %1</source>
-        <translation>Error: Unable to get filter 6d mode for body %1</translation>
-    </message>
-    <message>
-        <source>Error: Unable to activate/deactivate filter 6d for body %1</source>
-        <translation>Error: Unable to activate/deactivate filter 6d for body %1</translation>
-    </message>
-    <message>
-        <source>Error: Unable to set filter 6d preset for body %1</source>
-        <translation>Error: Unable to set filter 6d preset for body %1</translation>
-    </message>
-    <message>
-        <source>Error: Unable to set filter 6d strength for body %1</source>
-        <translation>Error: Unable to set filter 6d strength for body %1</translation>
-    </message>
-    <message>
-        <source>Error: Unable to set filter 6d prediction for body %1</source>
-        <translation>Error: Unable to set filter 6d prediction for body %1</translation>
-    </message>
-    <message>
-        <source>Error: Unable to set filter 6d mode for body %1</source>
-        <translation>Error: Unable to set filter 6d mode for body %1</translation>
     </message>
 </context>
 <context>
@@ -650,18 +478,6 @@ Richtungswechseln über. Mit 0 ms wird nichts vorhergesagt; ein negativer Wert l
     <message>
         <source>&lt;b&gt;&lt;font color=red&gt;Max. number of Hands is reached!&lt;/font&gt;&lt;/b&gt;</source>
         <translation>&lt;b&gt;&lt;font color=red&gt;Mehr Hände sind nicht möglich!&lt;/font&gt;&lt;/b&gt;</translation>
-    </message>
-    <message>
-        <source>Error: Unable to get max number of %1 hand bodies</source>
-        <translation>Error: Unable to get max number of %1 hand bodies</translation>
-    </message>
-    <message>
-        <source>Error: Unable to set number of %1 hand bodies to %2</source>
-        <translation>Error: Unable to set number of %1 hand bodies to %2</translation>
-    </message>
-    <message>
-        <source>Error: Unable to get availability of hands</source>
-        <translation>Error: Unable to get availability of hands</translation>
     </message>
 </context>
 <context>
@@ -778,26 +594,6 @@ Richtungswechseln über. Mit 0 ms wird nichts vorhergesagt; ein negativer Wert l
         <translation>Feste Winkel der Standardkörper</translation>
     </message>
     <message>
-        <source>Error: Unable to check number of standard bodies</source>
-        <translation>Error: Unable to check number of standard bodies</translation>
-    </message>
-    <message>
-        <source>Error: Unable to check name of standard body</source>
-        <translation>Error: Unable to check name of standard body</translation>
-    </message>
-    <message>
-        <source>Error: Unable to check the calibration status of standard body</source>
-        <translation>Error: Unable to check the calibration status of standard body</translation>
-    </message>
-    <message>
-        <source>Error: Unable to check target type</source>
-        <translation>Error: Unable to check target type</translation>
-    </message>
-    <message>
-        <source>Error: Unable to check fixed angle of standard body</source>
-        <translation>Error: Unable to check fixed angle of standard body</translation>
-    </message>
-    <message>
         <source>There is invalid data.</source>
         <translation>Es gibt ungültige Angaben.</translation>
     </message>
@@ -805,10 +601,6 @@ Richtungswechseln über. Mit 0 ms wird nichts vorhergesagt; ein negativer Wert l
         <source>The controller refused the fixed angles of %1.</source>
         <extracomment>%1 is a list of body numbers and names, for example &quot;b02 Head, b03 Chair&quot;</extracomment>
         <translation>Der Controller hat die festen Winkel von %1 abgelehnt.</translation>
-    </message>
-    <message>
-        <source>Error: Unable to set fixed angle of standard body</source>
-        <translation>Error: Unable to set fixed angle of standard body</translation>
     </message>
 </context>
 <context>
@@ -923,46 +715,6 @@ Richtungswechseln über. Mit 0 ms wird nichts vorhergesagt; ein negativer Wert l
     <message>
         <source>unknown</source>
         <translation>unbekannt</translation>
-    </message>
-    <message>
-        <source>Error: Unable to get model description of vendor %1 model %2</source>
-        <translation>Error: Unable to get model description of vendor %1 model %2</translation>
-    </message>
-    <message>
-        <source>Error: Unable to get max number of %1 bodies</source>
-        <translation>Error: Unable to get max number of %1 bodies</translation>
-    </message>
-    <message>
-        <source>Error: Unable to set number of %1 bodies to %2</source>
-        <translation>Error: Unable to set number of %1 bodies to %2</translation>
-    </message>
-    <message>
-        <source>Error: Unable to get global filter6d status of Joywand bodies</source>
-        <translation>Error: Unable to get global filter6d status of Joywand bodies</translation>
-    </message>
-    <message>
-        <source>Error: Unable to set global filter6d status of Joywand bodies</source>
-        <translation>Error: Unable to set global filter6d status of Joywand bodies</translation>
-    </message>
-    <message>
-        <source>Error: Unable to get info whether multiuser joywand is available</source>
-        <translation>Error: Unable to get info whether multiuser joywand is available</translation>
-    </message>
-    <message>
-        <source>Error: Unable to get info multiuser joywand with head available</source>
-        <translation>Error: Unable to get info multiuser joywand with head available</translation>
-    </message>
-    <message>
-        <source>Error: Unable to get info whether multiuser joywand is activated</source>
-        <translation>Error: Unable to get info whether multiuser joywand is activated</translation>
-    </message>
-    <message>
-        <source>Error: Unable to get info whether multiuser joywand with head is activated</source>
-        <translation>Error: Unable to get info whether multiuser joywand with head is activated</translation>
-    </message>
-    <message>
-        <source>Error: Unable to get device of joywand b%1</source>
-        <translation>Error: Unable to get device of joywand b%1</translation>
     </message>
 </context>
 <context>
@@ -1099,24 +851,12 @@ Richtungswechseln über. Mit 0 ms wird nichts vorhergesagt; ein negativer Wert l
         <translation>&lt;b&gt;&lt;font color=red&gt;Messwerkzeuge sind nicht verfügbar!&lt;/font&gt;&lt;/b&gt;</translation>
     </message>
     <message>
-        <source>Error: Unable to get max number of %1 bodies</source>
-        <translation>Error: Unable to get max number of %1 bodies</translation>
-    </message>
-    <message>
-        <source>Error: Unable to set number of %1 bodies to %2</source>
-        <translation>Error: Unable to set number of %1 bodies to %2</translation>
-    </message>
-    <message>
         <source>&lt;b&gt;&lt;font color=red&gt;Max. number of Measurement Tools is reached!&lt;/font&gt;&lt;/b&gt;</source>
         <translation>&lt;b&gt;&lt;font color=red&gt;Mehr Messwerkzeuge sind nicht möglich!&lt;/font&gt;&lt;/b&gt;</translation>
     </message>
     <message>
         <source>&lt;b&gt;&lt;font color=red&gt;Max. number of Measurement references is reached!&lt;/font&gt;&lt;/b&gt;</source>
         <translation>&lt;b&gt;&lt;font color=red&gt;Mehr Referenzen sind nicht möglich!&lt;/font&gt;&lt;/b&gt;</translation>
-    </message>
-    <message>
-        <source>Error: Unable to get reference of measurement tool M%1</source>
-        <translation>Error: Unable to get reference of measurement tool M%1</translation>
     </message>
     <message>
         <source>MORVEK3</source>
@@ -1151,40 +891,12 @@ Die Zuordnung zum Messwerkzeug wird dann ebenfalls gelöscht.</translation>
         <translation>Der Körper %1 konnte nicht gelöscht werden</translation>
     </message>
     <message>
-        <source>Error: Unable to reset markers of %1 %2</source>
-        <translation>Error: Unable to reset markers of %1 %2</translation>
-    </message>
-    <message>
-        <source>Unable to reset description of %1 %2</source>
-        <translation>Der Name von %1 %2 konnte nicht gelöscht werden</translation>
-    </message>
-    <message>
-        <source>Error: Unable to set ref. body</source>
-        <translation>Error: Unable to set ref. body</translation>
-    </message>
-    <message>
         <source>This target is already calibrated as standard target ID %1.</source>
         <translation>Dieses Target ist bereits als Standardkörper %1 kalibriert.</translation>
     </message>
     <message>
         <source>Delete the standard target ID %1?</source>
         <translation>Den Standardkörper %1 löschen?</translation>
-    </message>
-    <message>
-        <source>Error: Unable to reset filter6d of standard target ID %1</source>
-        <translation>Error: Unable to reset filter6d of standard target ID %1</translation>
-    </message>
-    <message>
-        <source>Error: Unable to reset markers of standard target ID %1</source>
-        <translation>Error: Unable to reset markers of standard target ID %1</translation>
-    </message>
-    <message>
-        <source>Error: Unable to reset description of standard target ID %1</source>
-        <translation>Error: Unable to reset description of standard target ID %1</translation>
-    </message>
-    <message>
-        <source>Error: Unable to get availability of measurement tools</source>
-        <translation>Error: Unable to get availability of measurement tools</translation>
     </message>
 </context>
 <context>
@@ -1337,22 +1049,6 @@ Die Zuordnung zum Messwerkzeug wird dann ebenfalls gelöscht.</translation>
         <translation>&lt;b&gt;&lt;font color=red&gt;Mehr Körper sind nicht möglich!&lt;/font&gt;&lt;/b&gt;</translation>
     </message>
     <message>
-        <source>Error: Unable to get max number of %1 bodies</source>
-        <translation>Error: Unable to get max number of %1 bodies</translation>
-    </message>
-    <message>
-        <source>Error: Unable to set number of %1 bodies to %2</source>
-        <translation>Error: Unable to set number of %1 bodies to %2</translation>
-    </message>
-    <message>
-        <source>Error: Unable to get global filter6d status of standard bodies</source>
-        <translation>Error: Unable to get global filter6d status of standard bodies</translation>
-    </message>
-    <message>
-        <source>Error: Unable to set global filter6d status of standard bodies</source>
-        <translation>Error: Unable to set global filter6d status of standard bodies</translation>
-    </message>
-    <message>
         <source>MORVEK3</source>
         <translation>MORVEK3</translation>
     </message>
@@ -1377,14 +1073,6 @@ wird kein Target verfolgt.</translation>
     <message>
         <source>Delete the Measurement Tool Reference MR%1?</source>
         <translation>Die Referenz MR%1 löschen?</translation>
-    </message>
-    <message>
-        <source>Error: Unable to reset markers of Measurement Tool Reference MR%1</source>
-        <translation>Error: Unable to reset markers of Measurement Tool Reference MR%1</translation>
-    </message>
-    <message>
-        <source>Error: Unable to reset description of Measurement Tool Reference MR%1</source>
-        <translation>Error: Unable to reset description of Measurement Tool Reference MR%1</translation>
     </message>
     <message>
         <source>%1 can bend
@@ -1515,21 +1203,6 @@ befestigen Sie das Target vor der Kalibrierung am Gerät)</translation>
     </message>
 </context>
 <context>
-    <name>Targetlibrary</name>
-    <message>
-        <source>Error: Unable to get target name</source>
-        <translation>Error: Unable to get target name</translation>
-    </message>
-    <message>
-        <source>Error: Unable to get body type</source>
-        <translation>Error: Unable to get body type</translation>
-    </message>
-    <message>
-        <source>Error: Unable to get group name</source>
-        <translation>Error: Unable to get group name</translation>
-    </message>
-</context>
-<context>
     <name>TrackingDialog</name>
     <message>
         <source>Single Markers Settings</source>
@@ -1627,124 +1300,12 @@ befestigen Sie das Target vor der Kalibrierung am Gerät)</translation>
 <context>
     <name>TrackingDlg</name>
     <message>
-        <source>Error: Unable to get the calculation of 3DOF markers</source>
-        <translation>Error: Unable to get the calculation of 3DOF markers</translation>
-    </message>
-    <message>
-        <source>Error: Unable to get the automatic restart of the measurement</source>
-        <translation>Error: Unable to get the automatic restart of the measurement</translation>
-    </message>
-    <message>
-        <source>Error: Unable to set the calculation of 3DOF markers</source>
-        <translation>Error: Unable to set the calculation of 3DOF markers</translation>
-    </message>
-    <message>
-        <source>Error: Unable to set the automatic restart of the measurement</source>
-        <translation>Error: Unable to set the automatic restart of the measurement</translation>
-    </message>
-    <message>
-        <source>Error: Unable to get values of the 5DOF central axis</source>
-        <translation>Error: Unable to get values of the 5DOF central axis</translation>
-    </message>
-    <message>
         <source>x = %1 mm, y = %2 mm, z = %3 mm</source>
         <translation>x = %1 mm, y = %2 mm, z = %3 mm</translation>
     </message>
     <message>
-        <source>Error: Unable to set values of the 5DOF central axis</source>
-        <translation>Error: Unable to set values of the 5DOF central axis</translation>
-    </message>
-    <message>
         <source>Single Markers</source>
         <translation>Einzelmarker</translation>
-    </message>
-    <message>
-        <source>Error: Unable to check number of standard bodies</source>
-        <translation>Error: Unable to check number of standard bodies</translation>
-    </message>
-    <message>
-        <source>Error: Unable to check fixed angle of standard body</source>
-        <translation>Error: Unable to check fixed angle of standard body</translation>
-    </message>
-    <message>
-        <source>TrackingSettings: Old version of Zyrcam Controller</source>
-        <translation>TrackingSettings: Old version of Zyrcam Controller</translation>
-    </message>
-    <message>
-        <source>Error: Unable to set inertial tracking settings</source>
-        <translation>Error: Unable to set inertial tracking settings</translation>
-    </message>
-</context>
-<context>
-    <name>TrackingPreferences</name>
-    <message>
-        <source>Error: Loading tracking settings preferences. File %1 cannot be opened for reading. Using built-in values</source>
-        <translation>Error: Loading tracking settings preferences. File %1 cannot be opened for reading. Using built-in values</translation>
-    </message>
-    <message>
-        <source>Error: Loading tracking settings preferences while parsing %1 (Line %2, Column %3) :
-%4. Using built-in values</source>
-        <translation>Error: Loading tracking settings preferences while parsing %1 (Line %2, Column %3) :
-%4. Using built-in values</translation>
-    </message>
-    <message>
-        <source>Error: Loading tracking settings preferences while parsing %1 : The file doesn&apos;t look like a valid preferences file. Using built-in values</source>
-        <translation>Error: Loading tracking settings preferences while parsing %1 : The file doesn&apos;t look like a valid preferences file. Using built-in values</translation>
-    </message>
-    <message>
-        <source>Error: Writing tracking preferences. Directory %1 doesn&apos;t exist and cannot be created</source>
-        <translation>Error: Writing tracking preferences. Directory %1 doesn&apos;t exist and cannot be created</translation>
-    </message>
-    <message>
-        <source>Error: Writing tracking preferences. File %1 cannot be opened for writing</source>
-        <translation>Error: Writing tracking preferences. File %1 cannot be opened for writing</translation>
-    </message>
-    <message>
-        <source>Error: Unable to write the tracking preferences file %1</source>
-        <translation>Error: Unable to write the tracking preferences file %1</translation>
-    </message>
-</context>
-<context>
-    <name>TrackingPulse</name>
-    <message>
-        <source>Error: Unable to info of frequency type</source>
-        <translation>Error: Unable to info of frequency type</translation>
-    </message>
-    <message>
-        <source>Error: Unable to info of tracking frequency type</source>
-        <translation>Error: Unable to info of tracking frequency type</translation>
-    </message>
-    <message>
-        <source>Error: Unable to get inertial frequency</source>
-        <translation>Error: Unable to get inertial frequency</translation>
-    </message>
-    <message>
-        <source>Error: Unable to get number of inertial sensors</source>
-        <translation>Error: Unable to get number of inertial sensors</translation>
-    </message>
-    <message>
-        <source>Error: Unable to get serial number of inertial sensor</source>
-        <translation>Error: Unable to get serial number of inertial sensor</translation>
-    </message>
-    <message>
-        <source>Error: Unable to get body of sensor sensor</source>
-        <translation>Error: Unable to get body of sensor sensor</translation>
-    </message>
-    <message>
-        <source>Error: Unable to get vendor model of inertial sensor</source>
-        <translation>Error: Unable to get vendor model of inertial sensor</translation>
-    </message>
-    <message>
-        <source>Error: Unable to set inertial tracking synchronous to cameras</source>
-        <translation>Error: Unable to set inertial tracking synchronous to cameras</translation>
-    </message>
-    <message>
-        <source>Error: Unable to set inertial tracking to sensor</source>
-        <translation>Error: Unable to set inertial tracking to sensor</translation>
-    </message>
-    <message>
-        <source>Error: Unable to set inertial tracking frequency</source>
-        <translation>Error: Unable to set inertial tracking frequency</translation>
     </message>
 </context>
 <context>

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QCoreApplication>
 #include <QDomDocument>
 #include <QString>
 
@@ -12,8 +11,6 @@
  * A plain value that knows only the folder; it neither reads nor writes before it is asked to.
  */
 class TrackingPreferences {
-    Q_DECLARE_TR_FUNCTIONS(TrackingPreferences)
-
 public:
     /** `folder` may be missing until the first save. */
     explicit TrackingPreferences(const QString &folder);

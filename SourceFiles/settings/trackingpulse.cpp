@@ -31,7 +31,7 @@ TrackingPulse::Source TrackingPulse::source() const
 {
     const auto answer = m_link.text("tracking pulse");
     if (!answer) {
-        m_link.log(tr("Error: Unable to info of frequency type"));
+        m_link.log(QStringLiteral("Error: Unable to info of frequency type"));
         return Source::Unknown;
     }
     return sourceOf(*answer);
@@ -41,7 +41,7 @@ double TrackingPulse::frequencyHz() const
 {
     const auto answer = m_link.text("tracking pulse");
     if (!answer)
-        m_link.log(tr("Error: Unable to info of tracking frequency type"));
+        m_link.log(QStringLiteral("Error: Unable to info of tracking frequency type"));
     switch (sourceOf(answer.value_or(QLatin1String(camerasWord)))) {
     case Source::Cameras: {
         const double cameraHz = m_link.real("synccard output_frequency").value_or(usualCameraHz);
@@ -50,7 +50,7 @@ double TrackingPulse::frequencyHz() const
     case Source::InertialSensor: {
         const auto sensorHz = m_link.real("inertial frequency");
         if (!sensorHz)
-            m_link.log(tr("Error: Unable to get inertial frequency"));
+            m_link.log(QStringLiteral("Error: Unable to get inertial frequency"));
         return sensorHz.value_or(usualSensorHz);
     }
     case Source::Frequency: {
@@ -70,22 +70,22 @@ QVector<TrackingPulse::Sensor> TrackingPulse::sensors() const
     QVector<Sensor> found;
     const auto count = m_link.count("inertial number_of_sensors");
     if (!count)
-        m_link.log(tr("Error: Unable to get number of inertial sensors"));
+        m_link.log(QStringLiteral("Error: Unable to get number of inertial sensors"));
     for (int number = 1; number <= count.value_or(0); ++number) {
         const auto identifier = m_link.text("inertial sensor d%02d", number);
         if (!identifier) {
-            m_link.log(tr("Error: Unable to get serial number of inertial sensor"));
+            m_link.log(QStringLiteral("Error: Unable to get serial number of inertial sensor"));
             continue;
         }
         const QByteArray word = ControllerLink::argument(*identifier);
         const auto body = m_link.text("inertial body_of_sensor %s", word.constData());
         if (!body)
-            m_link.log(tr("Error: Unable to get body of sensor sensor"));
+            m_link.log(QStringLiteral("Error: Unable to get body of sensor sensor"));
         if (body.value_or(QStringLiteral("none")) == QLatin1String("none"))
             continue;
         const auto description = m_link.text("inertial sensor_model_desc %s", word.constData());
         if (!description)
-            m_link.log(tr("Error: Unable to get vendor model of inertial sensor"));
+            m_link.log(QStringLiteral("Error: Unable to get vendor model of inertial sensor"));
         QString shown = ControllerLink::withoutDoubleQuotes(description.value_or(*identifier));
         found.append({*identifier, shown.remove(QLatin1Char('\''))});
     }
@@ -96,7 +96,7 @@ bool TrackingPulse::followCameras() const
 {
     const bool done = m_link.set("tracking pulse synchronous_cameras");
     if (!done)
-        m_link.log(tr("Error: Unable to set inertial tracking synchronous to cameras"));
+        m_link.log(QStringLiteral("Error: Unable to set inertial tracking synchronous to cameras"));
     return done;
 }
 
@@ -107,7 +107,7 @@ bool TrackingPulse::followSensor(const QString &identifier) const
     const bool done =
             !word.isEmpty() && m_link.set("tracking pulse inertial_sensor %s", word.constData());
     if (!done)
-        m_link.log(tr("Error: Unable to set inertial tracking to sensor"));
+        m_link.log(QStringLiteral("Error: Unable to set inertial tracking to sensor"));
     return done;
 }
 
@@ -115,6 +115,6 @@ bool TrackingPulse::setFrequency(double frequencyHz) const
 {
     const bool done = m_link.set("tracking pulse frequency %f", frequencyHz);
     if (!done)
-        m_link.log(tr("Error: Unable to set inertial tracking frequency"));
+        m_link.log(QStringLiteral("Error: Unable to set inertial tracking frequency"));
     return done;
 }

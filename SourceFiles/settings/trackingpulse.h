@@ -2,7 +2,6 @@
 
 #include "controllerlink.h"
 
-#include <QCoreApplication>
 #include <QString>
 #include <QVector>
 
@@ -12,8 +11,6 @@
  * A value without widgets; every failure is one line in the message log.
  */
 class TrackingPulse {
-    Q_DECLARE_TR_FUNCTIONS(TrackingPulse)
-
 public:
     enum class Source { Unknown, Cameras, InertialSensor, Frequency };
 
