@@ -22,7 +22,7 @@ private:
         QWheelEvent event(point, box->mapToGlobal(point.toPoint()), QPoint(), QPoint(0, -120),
                           Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
         QSpontaneKeyEvent::setSpontaneous(&event);
-        QCoreApplication::sendEvent(box, &event);
+        qApp->notify(box, &event);
         Drive::settle();
     }
 };
@@ -102,6 +102,7 @@ void tst_WheelGuard::wheelReachesTheAreaAround()
             }
             int turns = 0;
         } counter;
+        w.active->setFocus();
         w.dialog->installEventFilter(&counter);
         turnWheel(w.preset);
         QCOMPARE(counter.turns, 1);
