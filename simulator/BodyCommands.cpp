@@ -51,12 +51,9 @@ CommandOutcome setDescription(CommandContext &c)
     const QLatin1Char quote('"');
     if (text.size() >= 2 && text.startsWith(quote) && text.endsWith(quote))
         text = text.mid(1, text.size() - 2);
-    if (text.contains(quote))
-        return CommandOutcome::refused(QStringLiteral("a description cannot hold a quote sign"));
-    constexpr int longestBytes = 180;
-    if (text.toUtf8().size() > longestBytes)
-        return CommandOutcome::refused(QStringLiteral("the description is too long"));
-    body->description = text;
+    QString refusal;
+    if (!ControllerRules::rename(*body, text, &refusal))
+        return CommandOutcome::refused(refusal);
     return CommandOutcome::done();
 }
 

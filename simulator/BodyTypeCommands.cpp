@@ -7,7 +7,6 @@ using Access = CommandAccess;
 
 const QString standardWord = QStringLiteral("standard");
 const QString joywandWord = QStringLiteral("joywand");
-const QString headWord = QStringLiteral("multiuserjoywand_head");
 const QString handWord = QStringLiteral("fingertracking");
 const QString toolWord = QStringLiteral("measurementtool");
 const QString referenceWord = QStringLiteral("measurementtool_reference");
@@ -43,11 +42,6 @@ CommandOutcome setCount(CommandContext &c)
     if (!ok || number < 0 || number > c.state.bodyTypes.value(type).maximum)
         return CommandOutcome::refused(QStringLiteral("the count is outside its limits"));
     ControllerRules::setBodyCount(c.state, type, number);
-    // Every device of several users has a head target of its own.
-    const bool withHeads = type == joywandWord && c.state.multiUser && c.state.multiUserWithHead
-                           && c.state.bodyTypes.contains(headWord);
-    if (withHeads)
-        ControllerRules::setBodyCount(c.state, headWord, number);
     return CommandOutcome::done();
 }
 

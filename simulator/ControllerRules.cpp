@@ -7,6 +7,8 @@
 namespace {
 
 const QString standardWord = QStringLiteral("standard");
+const QString joywandWord = QStringLiteral("joywand");
+const QString headWord = QStringLiteral("multiuserjoywand_head");
 const QString referenceWord = QStringLiteral("measurementtool_reference");
 const QString toolWord = QStringLiteral("measurementtool");
 
@@ -28,6 +30,18 @@ void forEachMention(ControllerState &state, const QString &type, Change change)
     }
 }
 
+/** The preset that a new body has, with its values. */
+void setInitialFilter(const ControllerState &state, BodyState *body)
+{
+    const FilterPresetState *initial = ControllerRules::preset(state, BodyState().filterPreset);
+    if (!initial)
+        return;
+    body->filterPreset = initial->id;
+    body->filterStrength = initial->strength;
+    body->filterPrediction = initial->prediction;
+    body->filterMode = initial->mode;
+}
+
 bool isRigidTarget(const QString &type)
 {
     return type == standardWord || type.startsWith(QLatin1String("mea"));
@@ -39,12 +53,8 @@ namespace ControllerRules {
 
 QStringList bodyTypeWords()
 {
-    return {standardWord,
-            QStringLiteral("joywand"),
-            QStringLiteral("multiuserjoywand_head"),
-            QStringLiteral("fingertracking"),
-            toolWord,
-            referenceWord};
+    return {standardWord, joywandWord,  headWord, QStringLiteral("fingertracking"),
+            toolWord,     referenceWord};
 }
 
 QString numberedWord(char prefix, int number)
@@ -135,16 +145,27 @@ void setBodyCount(ControllerState &state, const QString &type, int count)
     QVector<BodyState> &bodies = state.bodyTypes[type].bodies;
     const int before = bodies.size();
     bodies.resize(count);
-    const FilterPresetState *initial = preset(state, BodyState().filterPreset);
-    for (int i = before; initial && i < count; ++i) {
-        bodies[i].filterStrength = initial->strength;
-        bodies[i].filterPrediction = initial->prediction;
-        bodies[i].filterMode = initial->mode;
-    }
+    for (int i = before; i < count; ++i)
+        setInitialFilter(state, &bodies[i]);
     forEachMention(state, type, [count](QString &word) {
         if (numberOf(word) > count)
             word.clear();
     });
+    if (type == joywandWord && state.multiUser && state.multiUserWithHead
+        && state.bodyTypes.contains(headWord))
+        setBodyCount(state, headWord, qMin(count, state.bodyTypes.value(headWord).maximum));
+}
+
+bool rename(BodyState &body, const QString &description, QString *refusal)
+{
+    constexpr int longestBytes = 180;
+    if (description.contains(QLatin1Char('"')))
+        *refusal = QStringLiteral("a description cannot hold a quote sign");
+    else if (description.toUtf8().size() > longestBytes)
+        *refusal = QStringLiteral("the description is too long");
+    else
+        body.description = description;
+    return body.description == description;
 }
 
 void clearGeometry(ControllerState &state, const QString &type, int number)
@@ -160,6 +181,26 @@ void clearGeometry(ControllerState &state, const QString &type, int number)
         state.trackingReference.clear();
 }
 
+void deleteBody(ControllerState &state, const QString &type, int number)
+{
+    BodyState *deleted = body(state, type, number);
+    if (!deleted)
+        return;
+    clearGeometry(state, type, number);
+    BodyState slot;
+    slot.active = false;
+    slot.targetType = deleted->targetType;
+    slot.fixedAngles = deleted->fixedAngles;
+    setInitialFilter(state, &slot);
+    *deleted = slot;
+    if (type == referenceWord) {
+        forEachMention(state, type, [number](QString &word) {
+            if (numberOf(word) == number)
+                word.clear();
+        });
+    }
+}
+
 void switchBodies(ControllerState &state, const QString &type, int number, int other)
 {
     QVector<BodyState> &bodies = state.bodyTypes[type].bodies;
@@ -170,6 +211,28 @@ void switchBodies(ControllerState &state, const QString &type, int number, int o
         else if (numberOf(word) == other)
             word = numberedWord('b', number);
     });
+}
+
+void calibrate(BodyState &body)
+{
+    constexpr int usualMarkers = 4;
+    body.recalibrated = !body.target.isEmpty();
+    body.calibrated = true;
+    body.active = true;
+    body.markers = body.markers > 0 ? body.markers : usualMarkers;
+}
+
+void activateConfiguration(ControllerState &state)
+{
+    state.standardFilter = false;
+    state.joywandFilter = false;
+}
+
+void restart(ControllerState &state, const QString &protocol)
+{
+    state.protocol = protocol;
+    state.search.active = false;
+    state.search.elapsedTicks = 0;
 }
 
 } // namespace ControllerRules

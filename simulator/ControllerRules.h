@@ -37,11 +37,28 @@ SensorState *sensor(ControllerState &state, const QString &name);
 const FilterPresetState *preset(const ControllerState &state, const QString &id);
 const FilterModeState *mode(const ControllerState &state, const QString &id);
 
-/** Adds bodies at the end or drops the last ones; references to dropped bodies end. */
+/**
+ * Adds bodies at the end or drops the last ones; references to dropped bodies end. Devices of
+ * several users bring and take their head targets along.
+ */
 void setBodyCount(ControllerState &state, const QString &type, int count);
+/** Names a body; false with the reason in *refusal when it is no name for one. */
+bool rename(BodyState &body, const QString &description, QString *refusal);
 /** Takes calibration, target and markers from a body, which can no longer be the reference. */
 void clearGeometry(ControllerState &state, const QString &type, int number);
+/**
+ * What the commands of a deletion do together: geometry, sensor, name and filter of the body are as
+ * in a new slot, it is off, and no tool refers to it any more.
+ */
+void deleteBody(ControllerState &state, const QString &type, int number);
 /** Exchanges two bodies of a type; whoever referred to one of them follows it. */
 void switchBodies(ControllerState &state, const QString &type, int number, int other);
+
+/** Gives the body a geometry of its own, which replaces one that came from the library. */
+void calibrate(BodyState &body);
+/** Another configuration becomes active: the global filters are off. */
+void activateConfiguration(ControllerState &state);
+/** Starts the controller again with a protocol; whatever it was doing ends. */
+void restart(ControllerState &state, const QString &protocol);
 
 } // namespace ControllerRules

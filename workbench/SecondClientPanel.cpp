@@ -1,5 +1,6 @@
 #include "SecondClientPanel.h"
 
+#include "ControllerRules.h"
 #include "WorkbenchSession.h"
 
 #include <QComboBox>
@@ -29,15 +30,6 @@ QHBoxLayout *row(QWidget *editor, QPushButton *action)
     layout->addWidget(editor, 1);
     layout->addWidget(action);
     return layout;
-}
-
-/** What a deleted body leaves behind: an empty slot. */
-void emptySlot(BodyState &body)
-{
-    const QString filterPreset = body.filterPreset;
-    body = BodyState();
-    body.filterPreset = filterPreset;
-    body.active = false;
 }
 
 } // namespace
@@ -134,33 +126,37 @@ int SecondClientPanel::chosenBody()
 {
     const BodyTypeState type = m_session->state().bodyTypes.value(m_type->currentText());
     if (m_number->value() <= type.bodies.size())
-        return m_number->value() - 1;
+        return m_number->value();
     m_result->setText(tr("The controller has no body %1 of the type %2.")
                               .arg(m_number->value())
                               .arg(m_type->currentText()));
-    return -1;
+    return 0;
 }
 
 void SecondClientPanel::renameBody()
 {
-    const int index = chosenBody();
-    if (index < 0)
+    const int number = chosenBody();
+    if (number < 1)
         return;
-    m_session->edit([this, index](ControllerState &state) {
-        state.bodyTypes[m_type->currentText()].bodies[index].description = m_name->text();
+    QString refusal;
+    m_session->edit([&](ControllerState &state) {
+        BodyState *body = ControllerRules::body(state, m_type->currentText(), number);
+        ControllerRules::rename(*body, m_name->text(), &refusal);
     });
-    m_result->setText(tr("Body %1 is named \"%2\" now.").arg(index + 1).arg(m_name->text()));
+    m_result->setText(refusal.isEmpty()
+                              ? tr("Body %1 is named \"%2\" now.").arg(number).arg(m_name->text())
+                              : tr("Refused: %1.").arg(refusal));
 }
 
 void SecondClientPanel::deleteBody()
 {
-    const int index = chosenBody();
-    if (index < 0)
+    const int number = chosenBody();
+    if (number < 1)
         return;
-    m_session->edit([this, index](ControllerState &state) {
-        emptySlot(state.bodyTypes[m_type->currentText()].bodies[index]);
+    m_session->edit([&](ControllerState &state) {
+        ControllerRules::deleteBody(state, m_type->currentText(), number);
     });
-    m_result->setText(tr("Body %1 is not calibrated any more.").arg(index + 1));
+    m_result->setText(tr("Body %1 is not calibrated any more.").arg(number));
 }
 
 void SecondClientPanel::changeCount()
@@ -173,12 +169,8 @@ void SecondClientPanel::changeCount()
                                   .arg(word));
         return;
     }
-    m_session->edit([this, word](ControllerState &state) {
-        QVector<BodyState> &bodies = state.bodyTypes[word].bodies;
-        const int before = bodies.size();
-        bodies.resize(m_count->value());
-        for (int i = before; i < bodies.size(); ++i)
-            emptySlot(bodies[i]);
+    m_session->edit([&](ControllerState &state) {
+        ControllerRules::setBodyCount(state, word, m_count->value());
     });
     m_result->setText(
             tr("There are %1 bodies of the type %2 now.").arg(m_count->value()).arg(word));
@@ -186,11 +178,7 @@ void SecondClientPanel::changeCount()
 
 void SecondClientPanel::switchConfiguration()
 {
-    // A freshly activated configuration comes with the global filters off.
-    m_session->edit([](ControllerState &state) {
-        state.standardFilter = false;
-        state.joywandFilter = false;
-    });
+    m_session->edit(&ControllerRules::activateConfiguration);
     m_session->announceConfiguration();
     m_result->setText(tr("Another configuration is active."));
 }

@@ -29,7 +29,7 @@ private:
     void changeCount();
     void switchConfiguration();
     void restart();
-    /** The chosen body's index, or -1 with a line that says that there is none. */
+    /** The chosen body's number, or 0 with a line that says that there is none. */
     int chosenBody();
 
     WorkbenchSession *m_session;

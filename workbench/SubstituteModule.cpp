@@ -1,5 +1,6 @@
 #include "SubstituteModule.h"
 
+#include "ControllerRules.h"
 #include "ModuleRequest.h"
 #include "SimulatedController.h"
 #include "SimulatedIOManager.h"
@@ -8,7 +9,6 @@
 namespace {
 
 constexpr int logKind = 1;
-constexpr int usualMarkers = 4;
 const char handEyeOfCalibration[] = "0.000 0.000 0.000 1.000 0.000 0.000 0.000";
 
 struct WorkTexts {
@@ -30,40 +30,20 @@ WorkTexts textsOf(SubstituteModule::Work work)
     return {"BodyAdjustmentModule", "OpenBodyAdjustmentDialog", "bodyadjustment available"};
 }
 
-BodyState *bodyOf(ControllerState &state, const ModuleRequest &request)
-{
-    const auto type = state.bodyTypes.find(request.bodyType);
-    if (type == state.bodyTypes.end() || !request.isValid()
-        || request.bodyNumber > type->bodies.size())
-        return nullptr;
-    return &type->bodies[request.bodyNumber - 1];
-}
-
-SensorState *sensorOf(ControllerState &state, const BodyState &body)
-{
-    for (SensorState &sensor : state.sensors) {
-        if (!body.sensor.isEmpty() && sensor.name == body.sensor)
-            return &sensor;
-    }
-    return nullptr;
-}
-
 /** Carries out the work; answers why not, or an empty text. */
 QString workOn(SubstituteModule::Work work, ControllerState &state, const ModuleRequest &request)
 {
-    BodyState *body = bodyOf(state, request);
+    BodyState *body = request.isValid()
+                              ? ControllerRules::body(state, request.bodyType, request.bodyNumber)
+                              : nullptr;
     if (!body)
         return SubstituteModule::tr("The controller has no such body.");
     switch (work) {
     case SubstituteModule::Work::Calibrate:
-        // A geometry of its own replaces the one that came from the library.
-        body->recalibrated = !body->target.isEmpty();
-        body->calibrated = true;
-        body->active = true;
-        body->markers = body->markers > 0 ? body->markers : usualMarkers;
+        ControllerRules::calibrate(*body);
         return QString();
     case SubstituteModule::Work::CalibrateHybrid:
-        if (SensorState *sensor = sensorOf(state, *body)) {
+        if (SensorState *sensor = ControllerRules::sensor(state, body->sensor)) {
             sensor->handEye = QLatin1String(handEyeOfCalibration);
             return QString();
         }

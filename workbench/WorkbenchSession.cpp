@@ -1,5 +1,6 @@
 #include "WorkbenchSession.h"
 
+#include "ControllerRules.h"
 #include "FaultEngine.h"
 #include "SubstituteModule.h"
 
@@ -77,12 +78,7 @@ bool WorkbenchSession::restartWithProtocol(const QString &protocol)
     parsed.fromString(protocol, &valid);
     if (!valid)
         return false;
-    edit([&](ControllerState &changed) {
-        changed.protocol = protocol;
-        // A restart ends whatever the controller was doing.
-        changed.search.active = false;
-        changed.search.elapsedTicks = 0;
-    });
+    edit([&](ControllerState &changed) { ControllerRules::restart(changed, protocol); });
     return true;
 }
 
