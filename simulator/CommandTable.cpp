@@ -11,10 +11,18 @@ bool isNumberPlaceholder(const QByteArray &word)
     return word.size() == 3 && word.endsWith("NN");
 }
 
+/** The prefix and a number from 0 on, of two digits at least and without needless zeros. */
 bool isNumbered(const QByteArray &word, char prefix)
 {
-    const QString text = QString::fromUtf8(word);
-    return text == ControllerRules::numberedWord(prefix, ControllerRules::numberOf(text));
+    constexpr int shortest = 3;
+    constexpr int longest = 10;
+    if (word.size() < shortest || word.size() > longest || word.at(0) != prefix)
+        return false;
+    for (int i = 1; i < word.size(); ++i) {
+        if (word.at(i) < '0' || word.at(i) > '9')
+            return false;
+    }
+    return word.size() == shortest || word.at(1) != '0';
 }
 
 bool isPlaceholder(const QByteArray &word)
@@ -24,7 +32,26 @@ bool isPlaceholder(const QByteArray &word)
 
 QString joined(const QList<QByteArray> &words, int from, int count)
 {
-    return QString::fromUtf8(words.mid(from, count).join(' '));
+    return count == 1 ? QString::fromUtf8(words.at(from))
+                      : QString::fromUtf8(words.mid(from, count).join(' '));
+}
+
+/** None of the words is empty, as words between two blanks in a row are. */
+bool areWords(const QList<QByteArray> &words, int from, int count)
+{
+    for (int i = from; i < from + count; ++i) {
+        if (words.at(i).isEmpty())
+            return false;
+    }
+    return count > 0;
+}
+
+/** Where the second word ends; the size of a line of fewer words. */
+int endOfBeginning(const QByteArray &line)
+{
+    const int first = line.indexOf(' ');
+    const int second = first < 0 ? -1 : line.indexOf(' ', first + 1);
+    return second < 0 ? line.size() : second;
 }
 
 bool matches(const QList<QByteArray> &pattern, const QList<QByteArray> &words,
@@ -42,7 +69,7 @@ bool matches(const QList<QByteArray> &pattern, const QList<QByteArray> &words,
         int taken = 1;
         if (expected == "SENSOR")
             taken = words.size() - at - (pattern.size() - i - 1);
-        if (taken < 1 || words.mid(at, taken).contains(QByteArray()))
+        if (!areWords(words, at, taken))
             return false;
         const bool stands =
                 expected == "SENSOR" || isPlaceholder(expected)
@@ -63,8 +90,10 @@ CommandTable::CommandTable()
     m_entries = bodyCommands() + bodyFilterCommands() + bodyTypeCommands() + targetLibraryCommands()
                 + filter6dCommands() + inertialCommands() + systemCommands() + actionCommands();
     for (int i = 0; i < m_entries.size(); ++i) {
-        m_patterns << QByteArray(m_entries.at(i).pattern).split(' ');
-        m_byModule[m_patterns.last().first()] << i;
+        const QByteArray pattern(m_entries.at(i).pattern);
+        m_patterns << pattern.split(' ');
+        m_byBeginning[std::size_t(m_entries.at(i).access)][pattern.left(endOfBeginning(pattern))]
+                << i;
     }
 }
 
@@ -79,11 +108,16 @@ CommandTable::Match CommandTable::find(CommandAccess access, const QByteArray &l
     int start = 0;
     while (start < line.size() && line.at(start) == ' ')
         ++start;
-    const QList<QByteArray> words = line.mid(start).split(' ');
-    for (int index : m_byModule.value(words.first())) {
+    const QByteArray text = start > 0 ? line.mid(start) : line;
+    const auto candidates = m_byBeginning[std::size_t(access)].constFind(
+            QByteArray::fromRawData(text.constData(), endOfBeginning(text)));
+    if (candidates == m_byBeginning[std::size_t(access)].constEnd())
+        return {};
+    const QList<QByteArray> words = text.split(' ');
+    for (int index : *candidates) {
         QStringList arguments;
         const CommandEntry &entry = m_entries.at(index);
-        if (entry.access == access && matches(m_patterns.at(index), words, &arguments))
+        if (matches(m_patterns.at(index), words, &arguments))
             return {&entry, arguments};
     }
     return {};

@@ -8,6 +8,8 @@
 #include <QStringList>
 #include <QVector>
 
+#include <array>
+
 /** One command that the controller knows. */
 struct CommandEntry {
     using Handler = CommandOutcome (*)(CommandContext &);
@@ -46,6 +48,7 @@ private:
     CommandTable();
 
     QVector<CommandEntry> m_entries;
-    QVector<QList<QByteArray>> m_patterns;      ///< the words of each entry's pattern
-    QHash<QByteArray, QVector<int>> m_byModule; ///< entries by first word
+    QVector<QList<QByteArray>> m_patterns; ///< the words of each entry's pattern
+    /** Entries by access and by the first two words of the line, which are never placeholders. */
+    std::array<QHash<QByteArray, QVector<int>>, 3> m_byBeginning;
 };

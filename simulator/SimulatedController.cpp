@@ -13,13 +13,6 @@ CommandReply refusal(CommandAccess access, const QString &reason)
     return reply;
 }
 
-VersionInfo protocolOf(const ControllerState &state)
-{
-    VersionInfo protocol;
-    protocol.fromString(state.protocol);
-    return protocol;
-}
-
 } // namespace
 
 SimulatedController::SimulatedController(const ControllerState &state, QObject *parent)
@@ -39,7 +32,7 @@ CommandReply SimulatedController::execute(CommandAccess access, const QByteArray
         return reply;
     }
     const CommandEntry &entry = *match.entry;
-    const VersionInfo protocol = protocolOf(m_state);
+    const VersionInfo protocol = protocolVersion();
     if (protocol < VersionInfo(entry.major, entry.minor, -1))
         return refusal(access, QStringLiteral("the protocol is too old"));
     if (entry.changesConfiguration && !m_state.configChangeable)
@@ -55,6 +48,16 @@ CommandReply SimulatedController::execute(CommandAccess access, const QByteArray
     if (access != CommandAccess::Get || context.stateChanged)
         emit stateChanged();
     return reply;
+}
+
+const VersionInfo &SimulatedController::protocolVersion()
+{
+    if (m_protocolText != m_state.protocol) {
+        m_protocolText = m_state.protocol;
+        m_protocol = VersionInfo();
+        m_protocol.fromString(m_protocolText);
+    }
+    return m_protocol;
 }
 
 void SimulatedController::setState(const ControllerState &state)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "BackendVersions.h"
 #include "ControllerState.h"
 
 #include <QByteArray>
@@ -47,7 +48,12 @@ signals:
     void stateChanged();
 
 private:
+    /** The protocol that the state names, read from its text only when that changed. */
+    const VersionInfo &protocolVersion();
+
     ControllerState m_state;
+    QString m_protocolText;
+    VersionInfo m_protocol;
     QStringList m_unknownCommands;
 };
 
