@@ -41,6 +41,10 @@ bool isTriggered(const FaultRule &rule, qint64 virtualMs)
         return rule.calls == rule.k;
     case FaultRule::Trigger::EveryNth:
         return rule.calls % rule.k == 0;
+    case FaultRule::Trigger::At:
+        return rule.operations == rule.k;
+    case FaultRule::Trigger::From:
+        return rule.operations >= rule.k;
     case FaultRule::Trigger::TimeWindow:
         return virtualMs >= rule.fromMs && virtualMs < rule.toMs;
     case FaultRule::Trigger::Random:
@@ -97,6 +101,10 @@ QVector<FaultRule> FaultEngine::fire(TranscriptEntry::Operation operation, const
                                      qint64 virtualMs)
 {
     QVector<FaultRule> fired;
+    if (operation == TranscriptEntry::Operation::Message)
+        return fired;
+    for (FaultRule &rule : m_rules)
+        ++rule.operations;
     if (m_linkDead)
         return fired;
     for (FaultRule &rule : m_rules) {

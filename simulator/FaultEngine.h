@@ -9,7 +9,15 @@
 
 /** One rule that disturbs matching commands. */
 struct FaultRule {
-    enum class Trigger { Always, KthCall, EveryNth, TimeWindow, Random };
+    enum class Trigger {
+        Always,
+        KthCall,  ///< the call `k` of those that match
+        EveryNth, ///< every call `k` of those that match
+        At,       ///< the operation `k` of all since the rule was added
+        From,     ///< that operation and all later ones
+        TimeWindow,
+        Random
+    };
     enum class Effect {
         Fail,  ///< the operation fails, nothing is carried out
         Delay, ///< virtual time passes by `number` ms
@@ -22,12 +30,13 @@ struct FaultRule {
         Refuse,         ///< a set or an action is refused
         Clamp,          ///< a set is carried out with its last number halved
         ReportFailed,   ///< carried out, but reported as failed
+        Lock,           ///< the configuration gets locked before the operation is carried out
         LinkDead        ///< from this call on everything fails, until the link is back
     };
     QString source;  ///< the text the rule was parsed from
     QString pattern; ///< the line, or a prefix of it followed by "*"
     Trigger trigger = Trigger::Always;
-    int k = 1;         ///< KthCall and EveryNth
+    int k = 1;         ///< KthCall, EveryNth, At and From
     qint64 fromMs = 0; ///< TimeWindow, virtual time
     qint64 toMs = 0;
     double probability = 0.0; ///< Random
@@ -36,8 +45,9 @@ struct FaultRule {
     int number = 0; ///< Delay: ms
     QString text;   ///< Answer
     bool enabled = true;
-    int calls = 0; ///< matching calls seen
-    int fired = 0; ///< times the effect was applied
+    int operations = 0; ///< operations seen, matching or not
+    int calls = 0;      ///< matching calls seen
+    int fired = 0;      ///< times the effect was applied
 };
 
 /**
@@ -48,6 +58,8 @@ struct FaultRule {
  *   body desc* fail
  *   set body active* every 2 refuse
  *   status progress call 3 answer "abc"
+ *   * at 12 empty
+ *   * from 12 fail
  *   * between 1000 2000 delay 200
  *   body* random 0.1 seed 7 garbled
  * A pattern that begins with get, set or command restricts the rule to that kind of operation. The

@@ -24,12 +24,14 @@ constexpr EffectName effectNames[] = {
         {"refuse", Effect::Refuse},
         {"clamp", Effect::Clamp},
         {"report-failed", Effect::ReportFailed},
+        {"lock", Effect::Lock},
         {"link-dead", Effect::LinkDead},
 };
 
 const QStringList triggerNames = {QStringLiteral("always"), QStringLiteral("call"),
-                                  QStringLiteral("every"), QStringLiteral("between"),
-                                  QStringLiteral("random")};
+                                  QStringLiteral("every"),  QStringLiteral("between"),
+                                  QStringLiteral("random"), QStringLiteral("at"),
+                                  QStringLiteral("from")};
 
 struct Token {
     QString text;
@@ -182,6 +184,10 @@ private:
             return readWindow();
         case 4:
             return readRandom();
+        case 5:
+            return readCount(Trigger::At, QStringLiteral("which operation"));
+        case 6:
+            return readCount(Trigger::From, QStringLiteral("from which operation on"));
         default:
             return true;
         }

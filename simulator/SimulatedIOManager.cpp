@@ -242,7 +242,21 @@ void SimulatedIOManager::unregister_receiver(const char *channel, MessageReceive
 
 void SimulatedIOManager::clearTranscript()
 {
+    m_gone += m_transcript.size();
     m_transcript.clear();
+}
+
+void SimulatedIOManager::setTranscriptLimit(int limit)
+{
+    m_transcriptLimit = limit > 0 ? qMax(limit, TranscriptEntry::fewestKept) : 0;
+    dropOldest();
+}
+
+void SimulatedIOManager::dropOldest()
+{
+    const int surplus = TranscriptEntry::surplus(m_transcript.size(), m_transcriptLimit);
+    m_transcript.erase(m_transcript.begin(), m_transcript.begin() + surplus);
+    m_gone += surplus;
 }
 
 void SimulatedIOManager::setDialogProbe(std::function<QString()> probe)
@@ -273,8 +287,6 @@ TranscriptEntry SimulatedIOManager::perform(Operation operation, const QByteArra
     entry.line = line;
     if (m_responder)
         m_responder(&entry);
-    else if (m_faults->linkDead())
-        entry.result = Failed;
     else
         carryOut(&entry);
     if (m_measuring)
@@ -289,10 +301,14 @@ void SimulatedIOManager::carryOut(TranscriptEntry *entry)
         if (rule.effect == Effect::Delay)
             m_virtualMs += rule.number;
     }
-    const bool dies = contains(rules, Effect::LinkDead);
-    if (dies)
+    if (contains(rules, Effect::Lock) && m_controller->state().configChangeable) {
+        ControllerState locked = m_controller->state();
+        locked.configChangeable = false;
+        m_controller->setState(locked);
+    }
+    if (contains(rules, Effect::LinkDead))
         m_faults->setLinkDead(true);
-    if (dies || contains(rules, Effect::Fail)) {
+    if (m_faults->linkDead() || contains(rules, Effect::Fail)) {
         entry->result = Failed;
         return;
     }
@@ -322,5 +338,7 @@ void SimulatedIOManager::record(TranscriptEntry *entry)
     if (m_dialogProbe)
         entry->dialog = m_dialogProbe();
     m_transcript << *entry;
+    if (m_transcriptLimit > 0 && m_transcript.size() > m_transcriptLimit)
+        dropOldest();
     emit recorded(*entry);
 }

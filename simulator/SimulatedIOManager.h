@@ -50,9 +50,17 @@ public:
     /** The rules that disturb commands; owned by this object, never null. */
     FaultEngine *faults() const { return m_faults; }
 
-    /** Everything asked so far, oldest first. */
+    /** What was asked so far, oldest first; without what the limit let go. */
     const QVector<TranscriptEntry> &transcript() const { return m_transcript; }
     void clearTranscript();
+    /**
+     * The transcript never has more than `limit` entries, 8 at least; the oldest go, an eighth at
+     * once so that an operation costs the same however many there are. 0, the default: no limit.
+     */
+    void setTranscriptLimit(int limit);
+    int transcriptLimit() const { return m_transcriptLimit; }
+    /** Operations since the beginning, those that are not in the transcript any more included. */
+    qint64 operationCount() const { return m_gone + m_transcript.size(); }
 
     /** Virtual time in ms, starting at 0; moved by advance() and by delay faults. */
     qint64 virtualTime() const { return m_virtualMs; }
@@ -81,11 +89,14 @@ private:
     TranscriptEntry perform(TranscriptEntry::Operation operation, const QByteArray &line);
     void carryOut(TranscriptEntry *entry);
     void record(TranscriptEntry *entry);
+    void dropOldest();
 
     SimulatedController *m_controller;
     FaultEngine *m_faults;
     QVector<QPair<QByteArray, MessageReceiver *>> m_receivers; ///< in the order of registration
     QVector<TranscriptEntry> m_transcript;
+    int m_transcriptLimit = 0;
+    qint64 m_gone = 0; ///< entries that were cleared or dropped from the transcript
     std::function<QString()> m_dialogProbe;
     std::function<void(TranscriptEntry *)> m_responder;
     qint64 m_virtualMs = 0;

@@ -20,3 +20,9 @@ QString TranscriptEntry::operationName(Operation operation)
     }
     return {};
 }
+
+int TranscriptEntry::surplus(int count, int limit)
+{
+    constexpr int part = 8;
+    return limit > 0 && count > limit ? count - limit + limit / part : 0;
+}

@@ -23,4 +23,14 @@ struct TranscriptEntry {
     }
     /** "command", "get-string", "get-int", "get-double", "get-bool", "set" or "message". */
     static QString operationName(Operation operation);
+
+    static constexpr int fewestKept = 8; ///< smallest limit of a transcript
+    /**
+     * How many of the oldest of `count` entries go when a transcript keeps at most `limit`: what is
+     * too much and an eighth of the limit. 0 while the limit, which 0 switches off, holds.
+     */
+    static int surplus(int count, int limit);
 };
+
+// Dropping the oldest entries moves the others as a block.
+Q_DECLARE_TYPEINFO(TranscriptEntry, Q_MOVABLE_TYPE);

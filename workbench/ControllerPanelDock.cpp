@@ -1,6 +1,7 @@
 #include "ControllerPanelDock.h"
 
 #include "WorkbenchSession.h"
+#include "WorkbenchTime.h"
 
 #include <QCheckBox>
 #include <QFormLayout>
@@ -45,19 +46,20 @@ ControllerPanelDock::ControllerPanelDock(WorkbenchSession *session, QWidget *par
     connect(m_session, &WorkbenchSession::measurementRunningChanged, m_measurement,
             &QCheckBox::setChecked);
     connect(m_targets, &QListWidget::itemChanged, this, &ControllerPanelDock::targetChanged);
-    connect(m_session->controller(), &SimulatedController::stateChanged, this,
-            &ControllerPanelDock::refresh);
-    connect(m_session->io(), &SimulatedIOManager::recorded, this,
-            [this](const TranscriptEntry &entry) {
-                // Queries change nothing except the progress of a search.
-                if (!entry.isGet() || m_session->state().search.active)
-                    refresh();
-            });
+    // One refresh for all that happens until the event loop has its turn, however many queries of
+    // a search that is.
+    m_refreshTimer.setSingleShot(true);
+    connect(&m_refreshTimer, &QTimer::timeout, this, &ControllerPanelDock::refresh);
+    connect(m_session->controller(), &SimulatedController::stateChanged, this, [this] {
+        if (!m_refreshTimer.isActive())
+            m_refreshTimer.start(0);
+    });
     refresh();
 }
 
 void ControllerPanelDock::refresh()
 {
+    const WorkbenchTime own;
     const ControllerState &state = m_session->state();
     m_versions->setText(
             tr("%1, protocol %2, system %3").arg(state.model, state.protocol, state.systemVersion));
@@ -92,7 +94,7 @@ void ControllerPanelDock::refreshTargets()
         QListWidgetItem *item = m_targets->item(i);
         const Qt::CheckState check = targets.at(i).inVolume ? Qt::Checked : Qt::Unchecked;
         const QString text = targetText(i);
-        // Every operation of the module ends up here; only differing items may cost anything.
+        // A full library is long; only differing items may cost anything.
         if (item->text() != text)
             item->setText(text);
         if (item->data(Qt::CheckStateRole).isNull() || item->checkState() != check)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDockWidget>
+#include <QTimer>
 
 class QCheckBox;
 class QLabel;
@@ -31,4 +32,5 @@ private:
     QCheckBox *m_locked;
     QCheckBox *m_measurement;
     QListWidget *m_targets;
+    QTimer m_refreshTimer;
 };

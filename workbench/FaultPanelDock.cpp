@@ -1,6 +1,7 @@
 #include "FaultPanelDock.h"
 
 #include "FaultEngine.h"
+#include "WorkbenchTime.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>
@@ -90,6 +91,7 @@ void FaultPanelDock::removeRule()
 
 void FaultPanelDock::refresh()
 {
+    const WorkbenchTime own;
     const QSignalBlocker blocker(m_rules);
     m_rules->setRowCount(m_faults->rules().size());
     for (int row = 0; row < m_rules->rowCount(); ++row) {

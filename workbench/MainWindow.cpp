@@ -3,6 +3,7 @@
 #include "MessageLogDock.h"
 #include "ToolWindow.h"
 #include "WorkbenchSession.h"
+#include "WorkbenchTime.h"
 
 #include <QAction>
 #include <QApplication>
@@ -87,6 +88,7 @@ void MainWindow::releaseModule()
 
 void MainWindow::showState()
 {
+    const WorkbenchTime own;
     const ControllerState &state = m_session->state();
     const ModuleLoader *module = m_session->module();
     const QString moduleText = module->isLoaded()

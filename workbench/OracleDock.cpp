@@ -3,6 +3,7 @@
 #include "DialogOracle.h"
 #include "WidgetFinder.h"
 #include "WorkbenchSession.h"
+#include "WorkbenchTime.h"
 
 #include <QCheckBox>
 #include <QPlainTextEdit>
@@ -40,6 +41,7 @@ OracleDock::OracleDock(WorkbenchSession *session, QWidget *parent)
 
 void OracleDock::compare()
 {
+    const WorkbenchTime own;
     m_isDue = false;
     const QWidget *dialog = WidgetFinder::modalWindow();
     const QStringList lines = DialogOracle::differences(m_session->state(), dialog);

@@ -2,6 +2,7 @@
 
 #include "Recording.h"
 #include "SimulatedIOManager.h"
+#include "WorkbenchTime.h"
 
 Recorder::Recorder(SimulatedIOManager *io, QObject *parent) : QObject(parent), m_io(io) {}
 
@@ -20,6 +21,7 @@ bool Recorder::start(const QString &file, QString *error)
 
 void Recorder::write(const TranscriptEntry &entry)
 {
+    const WorkbenchTime own;
     m_file.write(Recording::toLine(entry) + '\n');
     m_file.flush();
 }

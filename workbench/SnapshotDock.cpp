@@ -1,6 +1,7 @@
 #include "SnapshotDock.h"
 
 #include "WorkbenchSession.h"
+#include "WorkbenchTime.h"
 
 #include <QFileDialog>
 #include <QGridLayout>
@@ -69,6 +70,7 @@ void SnapshotDock::showHistory()
 
 void SnapshotDock::take()
 {
+    const WorkbenchTime own;
     const bool isNew = m_history.take(m_session->state());
     showHistory();
     if (!isNew)
@@ -77,6 +79,7 @@ void SnapshotDock::take()
 
 void SnapshotDock::compare()
 {
+    const WorkbenchTime own;
     const QStringList changes = m_history.changesSince(m_session->state());
     m_differences->setPlainText(changes.isEmpty() ? tr("nothing")
                                                   : changes.join(QLatin1Char('\n')));

@@ -1,6 +1,7 @@
 #include "StallDock.h"
 
 #include "StallMeter.h"
+#include "WorkbenchTime.h"
 
 #include <QHeaderView>
 #include <QLabel>
@@ -55,6 +56,7 @@ void StallDock::showLatency(int latencyMs)
 
 void StallDock::refresh()
 {
+    const WorkbenchTime own;
     const QMap<QString, StallMeter::Stall> &worst = m_meter->worst();
     m_worst->setRowCount(worst.size());
     int row = 0;

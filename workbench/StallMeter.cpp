@@ -1,6 +1,7 @@
 #include "StallMeter.h"
 
 #include "SimulatedIOManager.h"
+#include "WorkbenchTime.h"
 
 #include <QThread>
 
@@ -21,6 +22,7 @@ StallMeter::StallMeter(SimulatedIOManager *io, QObject *parent) : QObject(parent
 void StallMeter::start()
 {
     m_sinceBeat.start();
+    m_ownNs = WorkbenchTime::spentNs();
     m_heartbeat.start(beatMs);
 }
 
@@ -49,10 +51,13 @@ void StallMeter::count(const TranscriptEntry &entry)
 
 void StallMeter::beat()
 {
-    m_current.heldMs = qMax<qint64>(0, m_sinceBeat.restart() - beatMs);
-    Stall &worst = m_worst[m_current.dialog];
-    if (m_current.heldMs > worst.heldMs) {
-        worst = m_current;
+    const qint64 ownNs = WorkbenchTime::spentNs();
+    const qint64 ownMs = (ownNs - m_ownNs) / 1000000;
+    m_ownNs = ownNs;
+    m_current.heldMs = qMax<qint64>(0, m_sinceBeat.restart() - beatMs - ownMs);
+    // Without an operation nothing says that a dialog was at work.
+    if (m_current.operations > 0 && m_current.heldMs > m_worst.value(m_current.dialog).heldMs) {
+        m_worst[m_current.dialog] = m_current;
         emit worstChanged();
     }
     m_current = Stall();

@@ -32,7 +32,10 @@ public:
     /** Real time that each operation takes, 0 to 500 ms. */
     void setLatencyMs(int latencyMs);
     int latencyMs() const { return m_latencyMs; }
-    /** The longest stall of each dialog so far. */
+    /**
+     * The longest stall of each dialog so far; without what the workbench did for itself and
+     * without times in which nothing was asked.
+     */
     const QMap<QString, Stall> &worst() const { return m_worst; }
 
 signals:
@@ -49,4 +52,5 @@ private:
     Stall m_current;
     QMap<QString, Stall> m_worst;
     int m_latencyMs = 0;
+    qint64 m_ownNs = 0; ///< what the workbench had spent on itself at the last beat
 };

@@ -4,6 +4,7 @@
 #include "TranscriptFilter.h"
 #include "TranscriptModel.h"
 #include "TranscriptText.h"
+#include "WorkbenchTime.h"
 
 #include <QFileDialog>
 #include <QHBoxLayout>
@@ -15,11 +16,19 @@
 #include <QTableView>
 #include <QVBoxLayout>
 
+#include <utility>
+
+namespace {
+
+constexpr int rowsPerMs = 2000;
+
+} // namespace
+
 TranscriptDock::TranscriptDock(SimulatedIOManager *io, QWidget *parent)
     : QDockWidget(tr("Transcript"), parent),
       m_io(io),
       m_model(new TranscriptModel(this)),
-      m_filter(new TranscriptFilter(this)),
+      m_filter(new TranscriptFilter(m_model, this)),
       m_view(new QTableView),
       m_filterEdit(new QLineEdit),
       m_clear(new QPushButton(tr("C&lear"))),
@@ -27,9 +36,7 @@ TranscriptDock::TranscriptDock(SimulatedIOManager *io, QWidget *parent)
       m_status(new QLabel)
 {
     setObjectName(QStringLiteral("dock_transcript"));
-    for (const TranscriptEntry &entry : io->transcript())
-        m_model->append(entry);
-    m_filter->setSourceModel(m_model);
+    m_pendingTimer.setSingleShot(true);
     m_view->setObjectName(QStringLiteral("tableView_transcript"));
     m_view->setModel(m_filter);
     m_view->setSelectionBehavior(QAbstractItemView::SelectRows);
@@ -42,7 +49,14 @@ TranscriptDock::TranscriptDock(SimulatedIOManager *io, QWidget *parent)
 
     buildLayout();
     connectWidgets();
-    showCount();
+    m_pending = io->transcript();
+    takePending();
+}
+
+TranscriptDock::~TranscriptDock()
+{
+    // The view's last scrolling, when its rows go, is nothing to follow any more.
+    m_view->verticalScrollBar()->disconnect(this);
 }
 
 void TranscriptDock::buildLayout()
@@ -71,15 +85,20 @@ void TranscriptDock::connectWidgets()
         m_filter->setWords(text);
         showCount();
     });
+    connect(m_filter, &TranscriptFilter::finished, this, &TranscriptDock::showCount);
+    connect(&m_pendingTimer, &QTimer::timeout, this, &TranscriptDock::takePending);
     connect(m_clear, &QPushButton::clicked, this, [this] {
         m_io->clearTranscript();
+        m_pending.clear();
         m_model->clear();
         showCount();
     });
     connect(m_export, &QPushButton::clicked, this, &TranscriptDock::chooseExportFile);
     connect(m_io, &SimulatedIOManager::recorded, this, [this](const TranscriptEntry &entry) {
-        m_model->append(entry);
-        showCount();
+        m_pending << entry;
+        // A view of many rows takes long to lay out; it may be a moment behind then.
+        if (!m_pendingTimer.isActive())
+            m_pendingTimer.start(m_model->rowCount() / rowsPerMs);
     });
     // The view lays out new rows later, so the end is followed when it moves.
     QScrollBar *bar = m_view->verticalScrollBar();
@@ -91,9 +110,33 @@ void TranscriptDock::connectWidgets()
             [this, bar](int value) { m_followsEnd = value == bar->maximum(); });
 }
 
+void TranscriptDock::takePending()
+{
+    const WorkbenchTime own;
+    const QVector<TranscriptEntry> pending = std::exchange(m_pending, {});
+    m_model->setLimit(m_io->transcriptLimit());
+    if (!pending.isEmpty())
+        m_model->append(pending);
+    showCount();
+}
+
+void TranscriptDock::setRecordingFile(const QString &file)
+{
+    m_recordingFile = file;
+    showCount();
+}
+
 void TranscriptDock::showCount()
 {
-    m_status->setText(tr("%1 of %2 operations").arg(m_filter->rowCount()).arg(m_model->rowCount()));
+    QString text = tr("%1 of %2 operations").arg(m_filter->rowCount()).arg(m_model->rowCount());
+    if (m_filter->isBusy())
+        text += tr(", still looking");
+    const qint64 dropped = m_model->droppedCount();
+    if (dropped > 0 && m_recordingFile.isEmpty())
+        text += tr("; the %1 oldest were dropped").arg(dropped);
+    else if (dropped > 0)
+        text += tr("; the %1 oldest are in %2 only").arg(dropped).arg(m_recordingFile);
+    m_status->setText(text);
 }
 
 void TranscriptDock::chooseExportFile()

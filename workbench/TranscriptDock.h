@@ -1,6 +1,10 @@
 #pragma once
 
+#include "TranscriptEntry.h"
+
 #include <QDockWidget>
+#include <QTimer>
+#include <QVector>
 
 class QLineEdit;
 class QLabel;
@@ -17,6 +21,10 @@ class TranscriptDock : public QDockWidget {
 public:
     explicit TranscriptDock(SimulatedIOManager *io, QWidget *parent = nullptr);
 
+    ~TranscriptDock() override;
+
+    /** Names the file that has the rows which the limit drops here; empty: there is none. */
+    void setRecordingFile(const QString &file);
     /** Writes what the IOManager recorded so far; the result is shown in the dock too. */
     bool exportTo(const QString &file);
 
@@ -24,6 +32,8 @@ private:
     void buildLayout();
     void connectWidgets();
     void chooseExportFile();
+    /** Shows what was recorded since the last time. */
+    void takePending();
     void showCount();
 
     SimulatedIOManager *m_io;
@@ -34,5 +44,8 @@ private:
     QPushButton *m_clear;
     QPushButton *m_export;
     QLabel *m_status;
+    QVector<TranscriptEntry> m_pending; ///< recorded, but not shown yet
+    QTimer m_pendingTimer;
+    QString m_recordingFile;
     bool m_followsEnd = true;
 };

@@ -6,17 +6,37 @@
 
 TranscriptModel::TranscriptModel(QObject *parent) : QAbstractTableModel(parent) {}
 
-void TranscriptModel::append(const TranscriptEntry &entry)
+void TranscriptModel::append(const QVector<TranscriptEntry> &entries)
 {
-    beginInsertRows(QModelIndex(), m_entries.size(), m_entries.size());
-    m_entries.append(entry);
+    const int surplus = TranscriptEntry::surplus(m_entries.size() + entries.size(), m_limit);
+    const int oldRows = qMin(surplus, m_entries.size());
+    // What would be dropped at once is not inserted first.
+    const int skipped = surplus - oldRows;
+    dropOldest(oldRows);
+    m_dropped += skipped;
+    if (skipped == entries.size())
+        return;
+    beginInsertRows(QModelIndex(), m_entries.size(),
+                    m_entries.size() + entries.size() - skipped - 1);
+    m_entries += skipped > 0 ? entries.mid(skipped) : entries;
     endInsertRows();
+}
+
+void TranscriptModel::dropOldest(int count)
+{
+    if (count == 0)
+        return;
+    beginRemoveRows(QModelIndex(), 0, count - 1);
+    m_entries.erase(m_entries.begin(), m_entries.begin() + count);
+    m_dropped += count;
+    endRemoveRows();
 }
 
 void TranscriptModel::clear()
 {
     beginResetModel();
     m_entries.clear();
+    m_dropped = 0;
     endResetModel();
 }
 
@@ -35,14 +55,17 @@ QVariant TranscriptModel::data(const QModelIndex &index, int role) const
     if (!index.isValid())
         return QVariant();
     const TranscriptEntry &entry = m_entries.at(index.row());
-    const bool isMessage = entry.operation == TranscriptEntry::Operation::Message;
     if (role == Qt::ForegroundRole && entry.result != 0)
         return QColor(Qt::red);
     if (role == Qt::ToolTipRole && !entry.dialog.isEmpty())
         return tr("while %1 was open").arg(entry.dialog);
-    if (role != Qt::DisplayRole)
-        return QVariant();
-    switch (index.column()) {
+    return role == Qt::DisplayRole ? cellText(entry, index.column()) : QVariant();
+}
+
+QString TranscriptModel::cellText(const TranscriptEntry &entry, int column) const
+{
+    const bool isMessage = entry.operation == TranscriptEntry::Operation::Message;
+    switch (column) {
     case Time:
         return QStringLiteral("%1").arg(entry.virtualMs / 1000.0, 0, 'f', 3);
     case Operation:
@@ -52,13 +75,23 @@ QVariant TranscriptModel::data(const QModelIndex &index, int role) const
     case Answer:
         return TranscriptText::printable(entry.answer);
     case Result:
-        return isMessage ? QVariant() : QVariant(entry.result);
+        return isMessage ? QString() : QString::number(entry.result);
     case Duration:
         return entry.durationUs > 0 ? tr("%1 ms").arg(entry.durationUs / 1000.0, 0, 'f', 2)
                                     : QString();
     default:
-        return QVariant();
+        return QString();
     }
+}
+
+QString TranscriptModel::rowText(int row) const
+{
+    QString text;
+    for (int column = 0; column < ColumnCount; ++column) {
+        text += cellText(m_entries.at(row), column);
+        text += QLatin1Char('\n');
+    }
+    return text;
 }
 
 QVariant TranscriptModel::headerData(int section, Qt::Orientation orientation, int role) const

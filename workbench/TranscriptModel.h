@@ -14,9 +14,16 @@ public:
 
     explicit TranscriptModel(QObject *parent = nullptr);
 
-    void append(const TranscriptEntry &entry);
+    /** Rows beyond the limit are dropped, oldest first; 0: no limit. */
+    void setLimit(int limit) { m_limit = limit; }
+    void append(const QVector<TranscriptEntry> &entries);
+    void append(const TranscriptEntry &entry) { append(QVector<TranscriptEntry>{entry}); }
     void clear();
     const TranscriptEntry &entry(int row) const { return m_entries.at(row); }
+    /** Rows that the limit dropped since the model was cleared. */
+    qint64 droppedCount() const { return m_dropped; }
+    /** All texts of a row, one a line: what a filter looks at. */
+    QString rowText(int row) const;
 
     int rowCount(const QModelIndex &parent = QModelIndex()) const override;
     int columnCount(const QModelIndex &parent = QModelIndex()) const override;
@@ -25,5 +32,10 @@ public:
                         int role = Qt::DisplayRole) const override;
 
 private:
+    void dropOldest(int count);
+    QString cellText(const TranscriptEntry &entry, int column) const;
+
     QVector<TranscriptEntry> m_entries;
+    int m_limit = 0;
+    qint64 m_dropped = 0;
 };

@@ -18,6 +18,7 @@ class tst_FaultEngine : public QObject {
 private slots:
     void triggers_data();
     void triggers();
+    void operationsOfAnyKindCount();
     void everyEffectWithEveryTrigger_data();
     void everyEffectWithEveryTrigger();
     void patterns_data();
@@ -64,6 +65,10 @@ void tst_FaultEngine::triggers_data()
                                 << "xxxxxx";
     QTest::newRow("every second") << "body* every 2 fail"
                                   << ".x.x.x";
+    QTest::newRow("at") << "body* at 3 fail"
+                        << "..x...";
+    QTest::newRow("from") << "body* from 3 fail"
+                          << "..xxxx";
     QTest::newRow("never") << "body* random 0 fail"
                            << "......";
     QTest::newRow("surely") << "body* random 1 fail"
@@ -81,6 +86,21 @@ void tst_FaultEngine::triggers()
     QCOMPARE(engine.rules().first().fired, fired.count(QLatin1Char('x')));
 }
 
+void tst_FaultEngine::operationsOfAnyKindCount()
+{
+    FaultEngine engine;
+    QVERIFY(engine.add(QStringLiteral("set body* at 4 refuse")));
+    QVERIFY(engine.add(QStringLiteral("body active* from 4 fail")));
+    QCOMPARE(engine.fire(Operation::GetString, "status active", 0).size(), 0);
+    QCOMPARE(engine.fire(Operation::Message, "standard|x|1|y", 0).size(), 0);
+    QCOMPARE(engine.fire(Operation::Set, "body active standard b01 no", 0).size(), 0);
+    engine.setLinkDead(true);
+    QCOMPARE(engine.fire(Operation::GetString, "status active", 0).size(), 0);
+    engine.setLinkDead(false);
+    QCOMPARE(engine.fire(Operation::Set, "body active standard b01 no", 0).size(), 2);
+    QCOMPARE(engine.fire(Operation::Set, "body active standard b01 no", 0).size(), 1);
+}
+
 void tst_FaultEngine::everyEffectWithEveryTrigger_data()
 {
     QTest::addColumn<QString>("rule");
@@ -92,11 +112,14 @@ void tst_FaultEngine::everyEffectWithEveryTrigger_data()
             {"garbled", Operation::GetString},   {"long", Operation::GetString},
             {"over-long", Operation::GetString}, {"answer \"no\"", Operation::GetString},
             {"refuse", Operation::Set},          {"clamp", Operation::Set},
-            {"report-failed", Operation::Set},   {"link-dead", Operation::Set}};
+            {"report-failed", Operation::Set},   {"lock", Operation::Set},
+            {"link-dead", Operation::Set}};
     // Calls are 100 ms apart.
     const QVector<QPair<QString, QString>> triggers = {{"", "xxxxxx"},
                                                        {"call 3 ", "..x..."},
                                                        {"every 2 ", ".x.x.x"},
+                                                       {"at 3 ", "..x..."},
+                                                       {"from 3 ", "..xxxx"},
                                                        {"between 100 300 ", ".xx..."},
                                                        {"random 1 seed 7 ", "xxxxxx"}};
     for (const auto &effect : effects) {

@@ -57,6 +57,7 @@ void tst_FaultRuleParser::effects_data()
     QTest::newRow("refuse") << "refuse" << Effect::Refuse << 0;
     QTest::newRow("clamp") << "clamp" << Effect::Clamp << 0;
     QTest::newRow("report-failed") << "report-failed" << Effect::ReportFailed << 0;
+    QTest::newRow("lock") << "lock" << Effect::Lock << 0;
     QTest::newRow("link-dead") << "link-dead" << Effect::LinkDead << 0;
 }
 
@@ -94,6 +95,8 @@ void tst_FaultRuleParser::triggers_data()
     row("always", Trigger::Always, 1, 0, 0, 0.0, 1);
     row("call 3", Trigger::KthCall, 3, 0, 0, 0.0, 1);
     row("every 2", Trigger::EveryNth, 2, 0, 0, 0.0, 1);
+    row("at 12", Trigger::At, 12, 0, 0, 0.0, 1);
+    row("from 12", Trigger::From, 12, 0, 0, 0.0, 1);
     row("between 1000 2000", Trigger::TimeWindow, 1, 1000, 2000, 0.0, 1);
     row("random 0.25", Trigger::Random, 1, 0, 0, 0.25, 1);
     row("random 1 seed 7", Trigger::Random, 1, 0, 0, 1.0, 7);
@@ -174,7 +177,7 @@ void tst_FaultRuleParser::errors_data()
     QTest::addColumn<QString>("error");
     const QString effects = QStringLiteral(
             "an effect (fail, delay, empty, wrong-type, garbled, long, over-long, answer, refuse, "
-            "clamp, report-failed, link-dead)");
+            "clamp, report-failed, lock, link-dead)");
     const auto row = [](const char *rule, const QString &error) {
         QTest::newRow(*rule ? rule : "nothing") << rule << error;
     };
@@ -195,6 +198,11 @@ void tst_FaultRuleParser::errors_data()
                                          "from 1), found \"0\""));
     row("* call", QStringLiteral("column 7: expected which call (a whole number from 1), found "
                                  "the end of the rule"));
+    row("* at all fail", QStringLiteral("column 6: expected which operation (a whole number from "
+                                        "1), found \"all\""));
+    row("* from 0 fail",
+        QStringLiteral("column 8: expected from which operation on (a whole number "
+                       "from 1), found \"0\""));
     row("* between 5 5 fail", QStringLiteral("column 13: expected the millisecond after the last "
                                              "(a whole number from 6), found \"5\""));
     row("* random 1.5 fail",

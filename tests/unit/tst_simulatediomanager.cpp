@@ -75,6 +75,8 @@ private slots:
     void answerReplacesARefusal();
 
     void transcriptKeepsEverything();
+    void lockComesBeforeTheOperation();
+    void transcriptHasALimit();
     void sameRunsGiveSameTranscripts();
     void durationOnlyWhenMeasured();
     void messagesReachTheirChannel();
@@ -509,6 +511,37 @@ void tst_SimulatedIOManager::transcriptKeepsEverything()
     QVERIFY(!lines.at(3).isGet());
     m_io->clearTranscript();
     QVERIFY(m_io->transcript().isEmpty());
+}
+
+void tst_SimulatedIOManager::lockComesBeforeTheOperation()
+{
+    fault("* at 2 lock");
+    QCOMPARE(m_io->set("body desc standard b01 \"%s\"", "Hat"), int(SimulatedIOManager::Ok));
+    QCOMPARE(m_io->set("body desc standard b01 \"%s\"", "Cat"), int(SimulatedIOManager::Refused));
+    bool changeable = true;
+    QCOMPARE(m_io->get_bool(&changeable, "config is_changeable"), int(SimulatedIOManager::Ok));
+    QVERIFY(!changeable);
+}
+
+void tst_SimulatedIOManager::transcriptHasALimit()
+{
+    m_io->setTranscriptLimit(16);
+    for (int i = 0; i < 100; ++i) {
+        m_io->set("number %d", i);
+        QVERIFY(m_io->transcript().size() <= 16);
+    }
+    QVERIFY(m_io->transcript().size() >= 14);
+    QCOMPARE(m_io->transcript().last().line, QByteArray("number 99"));
+    QCOMPARE(m_io->operationCount(), qint64(100));
+    m_io->clearTranscript();
+    QCOMPARE(m_io->operationCount(), qint64(100));
+    // A smaller limit than a transcript can have is raised.
+    m_io->setTranscriptLimit(1);
+    QCOMPARE(m_io->transcriptLimit(), 8);
+    m_io->setTranscriptLimit(0);
+    for (int i = 0; i < 100; ++i)
+        m_io->set("number %d", i);
+    QCOMPARE(m_io->transcript().size(), 100);
 }
 
 void tst_SimulatedIOManager::sameRunsGiveSameTranscripts()

@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QTableView>
 
 using Operation = TranscriptEntry::Operation;
@@ -21,6 +22,12 @@ private slots:
     void filter_data();
     void filter();
     void dockFiltersWhileTyping();
+    void newRowsAreLookedAtOnce();
+    void longTranscriptIsFilteredInParts();
+    void limitDropsTheOldest_data();
+    void limitDropsTheOldest();
+    void dockTakesRowsInBatches();
+    void dockSaysWhatWasDropped();
     void dockClears();
     void exportIsWhatWasRecorded();
     void exportFailureIsExplained();
@@ -116,8 +123,8 @@ void tst_Transcript::filter()
     model.append(entry(Operation::GetString, "body desc standard b01", "Cap"));
     model.append(entry(Operation::Set, "set-like body active standard b02 no"));
     model.append(entry(Operation::GetInt, "status active", "4"));
-    TranscriptFilter filter;
-    filter.setSourceModel(&model);
+    TranscriptFilter filter(&model);
+    QAbstractItemModelTester tester(&filter);
     filter.setWords(words);
     QStringList shown;
     for (int row = 0; row < filter.rowCount(); ++row)
@@ -134,7 +141,7 @@ void tst_Transcript::dockFiltersWhileTyping()
     char answer[200];
     host.io.get_string(answer, "body desc standard b%02d", 1);
     auto *view = Drive::find<QTableView>(&dock, "tableView_transcript");
-    QCOMPARE(view->model()->rowCount(), 2);
+    QTRY_COMPARE(view->model()->rowCount(), 2);
     QTest::keyClicks(Drive::find<QLineEdit>(&dock, "lineEdit_transcriptFilter"), "set ha");
     QCOMPARE(view->model()->rowCount(), 1);
     QCOMPARE(cell(*view->model(), 0, TranscriptModel::Command),
@@ -143,7 +150,127 @@ void tst_Transcript::dockFiltersWhileTyping()
              QStringLiteral("1 of 2 operations"));
     // What comes later is filtered too.
     host.io.set("body desc standard b01 \"%s\"", "Harp");
-    QCOMPARE(view->model()->rowCount(), 2);
+    QTRY_COMPARE(view->model()->rowCount(), 2);
+}
+
+void tst_Transcript::newRowsAreLookedAtOnce()
+{
+    TranscriptModel model;
+    TranscriptFilter filter(&model);
+    filter.setWords(QStringLiteral("active"));
+    for (int i = 0; i < 5000; ++i)
+        model.append(entry(Operation::GetInt, i % 2 == 0 ? "status active" : "status progress"));
+    // However many rows there are, each costs one comparison.
+    QCOMPARE(filter.comparedRows(), qint64(5000));
+    QCOMPARE(filter.rowCount(), 2500);
+    filter.setWords(QString());
+    QCOMPARE(filter.rowCount(), 5000);
+    QCOMPARE(filter.comparedRows(), qint64(5000));
+}
+
+void tst_Transcript::longTranscriptIsFilteredInParts()
+{
+    TranscriptModel model;
+    model.append(QVector<TranscriptEntry>(5000, entry(Operation::GetInt, "status active", "4")));
+    model.append(entry(Operation::GetInt, "status progress", "0"));
+    TranscriptFilter filter(&model);
+    QAbstractItemModelTester tester(&filter);
+    const QSignalSpy finished(&filter, &TranscriptFilter::finished);
+    qint64 most = 0;
+    for (const char *typed : {"p", "pr", "progress"}) {
+        const qint64 before = filter.comparedRows();
+        filter.setWords(QLatin1String(typed));
+        most = qMax(most, filter.comparedRows() - before);
+        QVERIFY(filter.isBusy());
+    }
+    QVERIFY2(most <= 1000, qPrintable(QString::number(most)));
+    // What comes meanwhile is looked at in its turn.
+    model.append(entry(Operation::GetInt, "status progress", "1"));
+    QTRY_VERIFY(!filter.isBusy());
+    QCOMPARE(finished.count(), 1);
+    QCOMPARE(filter.rowCount(), 2);
+    QCOMPARE(cell(filter, 0, TranscriptModel::Answer), QStringLiteral("0"));
+    QCOMPARE(cell(filter, 1, TranscriptModel::Answer), QStringLiteral("1"));
+}
+
+void tst_Transcript::limitDropsTheOldest_data()
+{
+    QTest::addColumn<QString>("words");
+    QTest::addColumn<int>("batch");
+    QTest::newRow("everything shown") << "" << 1;
+    QTest::newRow("filtered") << "7" << 1;
+    QTest::newRow("batches") << "" << 11;
+    QTest::newRow("filtered batches") << "7" << 11;
+    QTest::newRow("batches beyond the limit") << "" << 70;
+    QTest::newRow("filtered batches beyond the limit") << "7" << 70;
+}
+
+void tst_Transcript::limitDropsTheOldest()
+{
+    QFETCH(QString, words);
+    QFETCH(int, batch);
+    TranscriptModel model;
+    model.setLimit(32);
+    TranscriptFilter filter(&model);
+    QAbstractItemModelTester tester(&filter);
+    filter.setWords(words);
+    QSignalSpy removals(&model, &QAbstractItemModel::rowsRemoved);
+    constexpr int total = 200;
+    for (int i = 0; i < total; i += batch) {
+        QVector<TranscriptEntry> entries;
+        for (int k = i; k < qMin(total, i + batch); ++k)
+            entries << entry(Operation::Set, "number " + QByteArray::number(k));
+        model.append(entries);
+        QVERIFY(model.rowCount() <= 32);
+    }
+    QVERIFY(model.rowCount() >= 28);
+    QCOMPARE(model.droppedCount() + model.rowCount(), qint64(total));
+    // An eighth goes at once, so that a row costs the same with and without the limit.
+    QVERIFY2(removals.count() <= 1 + total / 4, qPrintable(QString::number(removals.count())));
+    QStringList expected;
+    for (int k = total - model.rowCount(); k < total; ++k) {
+        const QString line = QStringLiteral("number %1").arg(k);
+        if (line.contains(words))
+            expected << line;
+    }
+    QStringList shown;
+    for (int row = 0; row < filter.rowCount(); ++row)
+        shown << cell(filter, row, TranscriptModel::Command);
+    QCOMPARE(shown, expected);
+}
+
+void tst_Transcript::dockTakesRowsInBatches()
+{
+    TestHost host;
+    TranscriptDock dock(&host.io);
+    dock.show();
+    auto *model = Drive::find<QTableView>(&dock, "tableView_transcript")->model();
+    const QSignalSpy inserted(model, &QAbstractItemModel::rowsInserted);
+    char answer[200];
+    for (int i = 0; i < 500; ++i)
+        host.io.get_string(answer, "status active");
+    QCOMPARE(model->rowCount(), 0);
+    QTRY_COMPARE(model->rowCount(), 500);
+    QCOMPARE(inserted.count(), 1);
+}
+
+void tst_Transcript::dockSaysWhatWasDropped()
+{
+    TestHost host;
+    host.io.setTranscriptLimit(100);
+    TranscriptDock dock(&host.io);
+    dock.show();
+    char answer[200];
+    for (int i = 0; i < 150; ++i)
+        host.io.get_string(answer, "status active");
+    auto *status = Drive::find<QLabel>(&dock, "label_transcriptStatus");
+    QTRY_VERIFY(status->text() != QStringLiteral("0 of 0 operations"));
+    QCOMPARE(status->text(), QStringLiteral("88 of 88 operations; the 62 oldest were dropped"));
+    dock.setRecordingFile(QStringLiteral("day.jsonl"));
+    QCOMPARE(status->text(),
+             QStringLiteral("88 of 88 operations; the 62 oldest are in day.jsonl only"));
+    Drive::click(&dock, "pushButton_clearTranscript");
+    QCOMPARE(status->text(), QStringLiteral("0 of 0 operations"));
 }
 
 void tst_Transcript::dockClears()

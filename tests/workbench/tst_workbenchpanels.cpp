@@ -7,6 +7,7 @@
 #include "StallDock.h"
 #include "StallMeter.h"
 #include "WorkbenchSession.h"
+#include "WorkbenchTime.h"
 #include "dialogtest.h"
 
 #include <QCheckBox>
@@ -16,6 +17,7 @@
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QSlider>
 #include <QSpinBox>
 #include <QTableWidget>
@@ -29,6 +31,7 @@ private slots:
     void init();
     void targetsGoIntoTheVolume();
     void panelFollowsTheController();
+    void panelWaitsForTheEndOfASearchTick();
     void panelLocksAndMeasures();
     void clientRenames();
     void clientDeletes();
@@ -45,6 +48,7 @@ private slots:
     void snapshotFilesRestoreByteForByte();
     void snapshotFileUnusable();
     void latencyHoldsTheCaller();
+    void ownTimeIsBookedToNobody();
 
 private:
     const ControllerState &state() const { return m_session->state(); }
@@ -121,7 +125,7 @@ void tst_WorkbenchPanels::panelFollowsTheController()
         changed.search.active = true;
         changed.search.elapsedTicks = 3;
     });
-    QCOMPARE(list->count(), 5);
+    QTRY_COMPARE(list->count(), 5);
     QCOMPARE(list->item(1)->checkState(), Qt::Checked);
     QVERIFY(list->item(2)->text().endsWith(QStringLiteral(", tracked")));
     QCOMPARE(textOf(&panel, "label_versions"),
@@ -129,6 +133,27 @@ void tst_WorkbenchPanels::panelFollowsTheController()
     QVERIFY(textOf(&panel, "label_search").startsWith(QStringLiteral("running, step 3 of ")));
     // The versions that modules read follow too.
     QCOMPARE(m_session->versions()->protocol().toString(), QStringLiteral("1.12"));
+}
+
+void tst_WorkbenchPanels::panelWaitsForTheEndOfASearchTick()
+{
+    m_session->edit([](ControllerState &changed) {
+        changed.search.active = true;
+        changed.search.durationTicks = 100;
+        changed.targets[1].inVolume = true;
+    });
+    ControllerPanelDock panel(m_session.get());
+    panel.show();
+    auto *list = Drive::find<QListWidget>(&panel, "listWidget_targets");
+    const QString before = textOf(&panel, "label_search");
+    const QSignalSpy changes(list->model(), &QAbstractItemModel::dataChanged);
+    char answer[200];
+    for (int i = 0; i < 50; ++i)
+        m_session->io()->get_string(answer, "status step_active");
+    QCOMPARE(textOf(&panel, "label_search"), before);
+    QTRY_COMPARE(textOf(&panel, "label_search"), QStringLiteral("running, step 50 of 100"));
+    // The one target that was found, and the others not at all.
+    QVERIFY(changes.count() >= 1 && changes.count() < state().targets.size());
 }
 
 void tst_WorkbenchPanels::panelLocksAndMeasures()
@@ -178,7 +203,9 @@ void tst_WorkbenchPanels::clientChangesTheCount()
     setNumber(&panel, "spinBox_clientCount", 4);
     Drive::click(&panel, "pushButton_clientCount");
     QCOMPARE(state().bodyTypes[QStringLiteral("joywand")].bodies.size(), 4);
-    QVERIFY(!state().bodyTypes[QStringLiteral("joywand")].bodies[3].active);
+    // A new slot is as the command that changes the count leaves it.
+    QVERIFY(state().bodyTypes[QStringLiteral("joywand")].bodies[3].active);
+    QVERIFY(!state().bodyTypes[QStringLiteral("joywand")].bodies[3].calibrated);
     QCOMPARE(state().bodyTypes[QStringLiteral("joywand")].bodies[0].description,
              QStringLiteral("Joywand red"));
 }
@@ -397,6 +424,33 @@ void tst_WorkbenchPanels::latencyHoldsTheCaller()
     QVERIFY(!table->findItems(QStringLiteral("SlowDialog"), Qt::MatchExactly).isEmpty());
     meter.setLatencyMs(9999);
     QCOMPARE(meter.latencyMs(), 500);
+}
+
+void tst_WorkbenchPanels::ownTimeIsBookedToNobody()
+{
+    constexpr int busyMs = 80;
+    StallMeter meter(m_session->io());
+    QString dialog = QStringLiteral("BusyDialog");
+    m_session->io()->setDialogProbe([&dialog] { return dialog; });
+    connect(m_session->io(), &SimulatedIOManager::recorded, &meter, [&dialog] {
+        if (dialog != QLatin1String("BusyDialog"))
+            return;
+        const WorkbenchTime own;
+        const WorkbenchTime inner;
+        QElapsedTimer busy;
+        for (busy.start(); busy.elapsed() < busyMs;)
+            ;
+    });
+    meter.start();
+    char answer[200];
+    m_session->io()->get_string(answer, "status active");
+    dialog = QStringLiteral("SlowDialog");
+    QCoreApplication::processEvents();
+    meter.setLatencyMs(40);
+    m_session->io()->get_string(answer, "status active");
+    QTRY_VERIFY(meter.worst().contains(QStringLiteral("SlowDialog")));
+    const qint64 held = meter.worst().value(QStringLiteral("BusyDialog")).heldMs;
+    QVERIFY2(held < busyMs / 2, qPrintable(QString::number(held)));
 }
 
 TRACKING_TEST_MAIN(tst_WorkbenchPanels)
