@@ -1,0 +1,132 @@
+#include "SweepChecks.h"
+
+#include "CommandTable.h"
+#include "LineChecks.h"
+
+namespace {
+
+using Operation = TranscriptEntry::Operation;
+
+/** How many times the operations of the undisturbed run a disturbed one may take. */
+constexpr int mostTimes = 3;
+constexpr int operationsOfAnyLine = 200;
+
+bool isWrite(const TranscriptEntry &entry)
+{
+    return !entry.isGet();
+}
+
+QString shown(const TranscriptEntry &entry)
+{
+    return QStringLiteral("%1 %2").arg(TranscriptEntry::operationName(entry.operation),
+                                       QString::fromUtf8(entry.line));
+}
+
+QStringList writesOf(const SweepStep &step)
+{
+    QStringList lines;
+    for (const TranscriptEntry &entry : step.operations) {
+        if (isWrite(entry))
+            lines << shown(entry);
+    }
+    return lines;
+}
+
+/** What kinds of writes a step has: commands without their values. */
+QStringList shapesOf(const SweepStep &step)
+{
+    QStringList shapes;
+    for (const TranscriptEntry &entry : step.operations) {
+        if (!isWrite(entry))
+            continue;
+        const CommandAccess access =
+                entry.operation == Operation::Set ? CommandAccess::Set : CommandAccess::Action;
+        const CommandTable::Match match = CommandTable::instance().find(access, entry.line);
+        shapes << (match.entry ? QString::fromLatin1(match.entry->pattern) : shown(entry));
+    }
+    shapes.removeDuplicates();
+    return shapes;
+}
+
+/** The first of the writes that is not among the allowed ones, which each allow one; or nothing. */
+QString unasked(const QStringList &writes, QStringList allowed)
+{
+    for (const QString &write : writes) {
+        if (!allowed.removeOne(write))
+            return write;
+    }
+    return QString();
+}
+
+int failuresOf(const SweepStep &step)
+{
+    int count = 0;
+    for (const TranscriptEntry &entry : step.operations)
+        count += entry.result != 0 ? 1 : 0;
+    return count;
+}
+
+/** How many log lines the disturbed step has that the undisturbed one has not. */
+int newLogLines(const SweepStep &undisturbed, const SweepStep &step)
+{
+    QStringList known = undisturbed.log;
+    int count = 0;
+    for (const QString &line : step.log)
+        count += known.removeOne(line) ? 0 : 1;
+    return count;
+}
+
+/** Which step the operation belongs to. */
+int stepOf(const QVector<SweepStep> &steps, int operation)
+{
+    int step = 0;
+    while (step + 1 < steps.size() && operation > steps.at(step).operations.size())
+        operation -= steps.at(step++).operations.size();
+    return step;
+}
+
+} // namespace
+
+QStringList SweepChecks::violations(const QVector<SweepStep> &undisturbedSteps,
+                                    const QVector<SweepStep> &steps,
+                                    const QVector<TranscriptEntry> &transcript, int disturbed)
+{
+    QStringList found;
+    for (const TranscriptEntry &entry : transcript) {
+        const QString problem = LineChecks::malformation(entry);
+        if (!problem.isEmpty() && !found.contains(problem))
+            found << problem;
+    }
+    const int disturbedStep = stepOf(undisturbedSteps, disturbed);
+    int next = 0;
+    for (int i = 0; i < steps.size(); ++i) {
+        const SweepStep &step = steps.at(i);
+        // The disturbed run leaves out what says how an undisturbed one looks.
+        while (undisturbedSteps.at(next).line.number != step.line.number)
+            ++next;
+        const SweepStep &undisturbed = undisturbedSteps.at(next);
+        if (next < disturbedStep)
+            continue;
+        const QString place = QStringLiteral("line %1: ").arg(step.line.number);
+        const QStringList allowed = writesOf(undisturbed);
+        // Later lines act on what the disturbance left, so only their kind of writes is known.
+        const QString write = next == disturbedStep
+                                      ? unasked(writesOf(step), allowed)
+                                      : unasked(shapesOf(step), shapesOf(undisturbed));
+        if (!write.isEmpty())
+            found << place
+                             + QStringLiteral("expected no other writes than undisturbed, found %1")
+                                       .arg(write);
+        if (step.operations.size()
+            > mostTimes * undisturbed.operations.size() + operationsOfAnyLine)
+            found << place
+                             + QStringLiteral("expected about %1 operations, found %2")
+                                       .arg(undisturbed.operations.size())
+                                       .arg(step.operations.size());
+        if (failuresOf(step) > failuresOf(undisturbed) && newLogLines(undisturbed, step) == 0)
+            found << place
+                             + QStringLiteral("expected a log line for the failed operation, found "
+                                              "none");
+    }
+    return found;
+}

@@ -1,0 +1,42 @@
+#include "SweepCommand.h"
+
+#include "FaultSweep.h"
+#include "JUnitReport.h"
+
+#include <QTextStream>
+
+namespace {
+
+constexpr int statusDone = 0;
+constexpr int statusFailed = 1;
+constexpr int statusUnusable = 2;
+
+int complain(const QString &text)
+{
+    QTextStream(stderr) << "workbench: " << text << '\n';
+    return statusUnusable;
+}
+
+} // namespace
+
+int SweepCommand::run(const Script &script, PlayStage *stage, const SweepPlan &plan,
+                      const QString &junitFile, const std::function<void(const QString &)> &watch)
+{
+    FaultSweep sweep(script, stage, plan);
+    sweep.setWatch(watch);
+    QString error;
+    if (!sweep.run(&error))
+        return complain(QStringLiteral("--sweep: expected the script to succeed undisturbed: %1")
+                                .arg(error));
+    QTextStream out(stdout);
+    for (const QString &violation : sweep.violations())
+        out << violation << '\n';
+    out << sweep.summary() << '\n';
+    if (!junitFile.isEmpty()) {
+        JUnitReport report(script.name);
+        sweep.report(&report);
+        if (!report.save(junitFile, &error))
+            return complain(error);
+    }
+    return sweep.violations().isEmpty() ? statusDone : statusFailed;
+}
