@@ -131,10 +131,14 @@ QJsonObject toJson(const ControllerState &state)
     return ScenarioWriter::toObject(state);
 }
 
+QByteArray toBytes(const Scenario &scenario)
+{
+    return QJsonDocument(ScenarioWriter::toObject(scenario)).toJson(QJsonDocument::Indented);
+}
+
 bool save(const QString &path, const Scenario &scenario, QString *error)
 {
-    const QByteArray json =
-            QJsonDocument(ScenarioWriter::toObject(scenario)).toJson(QJsonDocument::Indented);
+    const QByteArray json = toBytes(scenario);
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly) || file.write(json) != json.size() || !file.commit()) {
         *error = QStringLiteral("%1: cannot be written: %2").arg(path, file.errorString());

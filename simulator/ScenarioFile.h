@@ -28,7 +28,9 @@ bool load(const QString &path, Scenario *scenario, QString *error);
 bool parse(const QByteArray &json, const QString &name, Scenario *scenario, QString *error);
 /** The whole state as JSON; parse() of it under the key state gives the same state back. */
 QJsonObject toJson(const ControllerState &state);
-/** Writes atomically; the same scenario gives the same bytes. */
+/** The scenario in full, every default written out; parse() of it gives the same scenario. */
+QByteArray toBytes(const Scenario &scenario);
+/** Writes toBytes() atomically; the same scenario gives the same bytes. */
 bool save(const QString &path, const Scenario &scenario, QString *error);
 /** One readable line for every value that differs, "path: old -> new". */
 QStringList differences(const ControllerState &before, const ControllerState &after);

@@ -27,6 +27,12 @@ MessageLogDock::~MessageLogDock()
     m_io->unregister_receiver(logChannel, this);
 }
 
+void MessageLogDock::clear()
+{
+    m_lines.clear();
+    m_view->clear();
+}
+
 int MessageLogDock::transmit_message(int, const char *sender, const char *text)
 {
     const QString line = QString::fromUtf8(text);

@@ -20,6 +20,7 @@ public:
 
     /** The texts so far, without sender, oldest first. */
     QStringList lines() const { return m_lines; }
+    void clear();
 
 private:
     SimulatedIOManager *m_io;

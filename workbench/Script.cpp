@@ -1,8 +1,13 @@
 #include "Script.h"
 
 #include "ScriptCommand.h"
+#include "Suggestion.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
 
 namespace {
 
@@ -30,8 +35,14 @@ QString problemOf(const QStringList &words)
     int nameLength = 0;
     const ScriptCommand *command = ScriptCommands::find(words, &nameLength);
     if (!command) {
-        return QStringLiteral("expected an action or an expectation, found \"%1\"")
-                .arg(words.mid(0, nameLength).join(QLatin1Char(' ')));
+        const bool isExpectation = words.first() == QLatin1String("expect");
+        QStringList known;
+        for (const ScriptCommand &one :
+             isExpectation ? ScriptCommands::expectations() : ScriptCommands::actions())
+            known << one.word.section(QLatin1Char(' '), -1);
+        return QStringLiteral("expected an action or an expectation, found \"%1\"%2")
+                .arg(words.mid(0, nameLength).join(QLatin1Char(' ')),
+                     Suggestion::forWord(words.value(nameLength - 1), known));
     }
     const int count = words.size() - nameLength;
     if (count < command->minimum || count > command->maximum) {
@@ -73,6 +84,24 @@ bool Script::split(const QString &line, QStringList *words)
     return !inQuotes;
 }
 
+QString Script::joined(const QStringList &words)
+{
+    const auto needsQuotes = [](QChar c) {
+        return c.isSpace() || c == QLatin1Char('"') || c == QLatin1Char('\\');
+    };
+    QStringList written;
+    for (QString word : words) {
+        if (word.isEmpty() || std::any_of(word.cbegin(), word.cend(), needsQuotes)) {
+            word.replace(QLatin1String("\\"), QLatin1String("\\\\"));
+            word.replace(QLatin1String("\""), QLatin1String("\\\""));
+            word.replace(QLatin1String("\n"), QLatin1String("\\n"));
+            word = QLatin1Char('"') + word + QLatin1Char('"');
+        }
+        written << word;
+    }
+    return written.join(QLatin1Char(' '));
+}
+
 bool Script::parse(const QByteArray &text, const QString &name, Script *script, QString *error)
 {
     *script = Script();
@@ -110,5 +139,11 @@ bool Script::load(const QString &file, Script *script, QString *error)
         *error = QStringLiteral("%1: the script cannot be read: %2").arg(file, input.errorString());
         return false;
     }
-    return parse(input.readAll(), file, script, error);
+    if (!parse(input.readAll(), file, script, error))
+        return false;
+    // A scenario of the script's own lies beside it.
+    const QString beside = QFileInfo(file).absoluteDir().filePath(script->scenario);
+    if (!script->scenario.isEmpty() && QFileInfo(beside).isFile())
+        script->scenario = beside;
+    return true;
 }

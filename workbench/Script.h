@@ -34,4 +34,6 @@ struct Script {
     static bool load(const QString &file, Script *script, QString *error);
     /** Splits one line into words; false when a quote is not closed. */
     static bool split(const QString &line, QStringList *words);
+    /** The words as a line that split() takes apart again. */
+    static QString joined(const QStringList &words);
 };

@@ -1,290 +1,18 @@
+#include "ControllerRules.h"
 #include "FaultEngine.h"
 #include "MainWindow.h"
 #include "MessageLogDock.h"
-#include "ScriptCommand.h"
-#include "ScriptItem.h"
+#include "ScriptFamilies.h"
 #include "StatePath.h"
 #include "TimerHold.h"
-#include "UserInput.h"
 #include "WidgetFinder.h"
 #include "WorkbenchSession.h"
+#include "WorkbenchTime.h"
 
-#include <QAbstractButton>
-#include <QAbstractItemView>
-#include <QAction>
 #include <QApplication>
-#include <QComboBox>
 #include <QDir>
-#include <QKeySequence>
-#include <QLineEdit>
-#include <QMenu>
-#include <QMenuBar>
-#include <QMessageBox>
-#include <QPointer>
-#include <QRegularExpression>
-#include <QSpinBox>
-#include <QTabBar>
-#include <QTabWidget>
-
-#include <functional>
-#include <utility>
 
 namespace {
-
-QString plain(QString text)
-{
-    return text.remove(QLatin1Char('&'));
-}
-
-/** A widget of the wanted class that takes input; null with *problem. */
-template <typename Widget>
-Widget *usable(const QString &name, QString *problem)
-{
-    QWidget *widget = WidgetFinder::usable(name, problem);
-    auto *wanted = qobject_cast<Widget *>(widget);
-    if (widget && !wanted) {
-        *problem = QStringLiteral("expected a %1 \"%2\", found a %3")
-                           .arg(QString::fromLatin1(Widget::staticMetaObject.className()), name,
-                                QString::fromLatin1(widget->metaObject()->className()));
-    }
-    return wanted;
-}
-
-QString openMenuEntry(ScriptContext &context, const QStringList &arguments)
-{
-    if (WidgetFinder::isBlocked(context.window)) {
-        return QStringLiteral("expected the menu to take input, found it blocked by %1")
-                .arg(WidgetFinder::describe(WidgetFinder::modalWindow()));
-    }
-    QStringList entries;
-    for (const QAction *menu : context.window->menuBar()->actions()) {
-        for (QAction *entry : menu->menu()->actions()) {
-            if (plain(entry->text()) != plain(arguments.first())) {
-                entries << plain(entry->text());
-                continue;
-            }
-            if (!entry->isEnabled()) {
-                return QStringLiteral("expected the entry \"%1\" enabled, found it disabled")
-                        .arg(arguments.first());
-            }
-            entry->trigger();
-            return QString();
-        }
-    }
-    return QStringLiteral("expected a menu entry \"%1\", found %2")
-            .arg(arguments.first(), entries.join(QStringLiteral(", ")));
-}
-
-/** The main window's shortcut for the key, when no modal window takes it. */
-QAction *shortcutOf(const MainWindow *window, const QKeySequence &keys)
-{
-    for (const QAction *menu : window->menuBar()->actions()) {
-        for (QAction *entry : menu->menu()->actions()) {
-            if (entry->shortcut() == keys && entry->isEnabled())
-                return entry;
-        }
-    }
-    return nullptr;
-}
-
-QString pressKey(ScriptContext &context, const QStringList &arguments)
-{
-    const QKeySequence keys(arguments.first());
-    if (keys.isEmpty() || keys[0] == Qt::Key_unknown)
-        return QStringLiteral("expected a key such as F8, found \"%1\"").arg(arguments.first());
-    QWidget *receiver = WidgetFinder::modalWindow();
-    if (!receiver) {
-        if (QAction *entry = shortcutOf(context.window, keys)) {
-            entry->trigger();
-            return QString();
-        }
-        receiver = QApplication::activeWindow() ? QApplication::activeWindow() : context.window;
-    }
-    UserInput::pressKey(receiver, keys);
-    return QString();
-}
-
-QString click(ScriptContext &, const QStringList &arguments)
-{
-    QString problem;
-    if (QWidget *widget = WidgetFinder::usable(arguments.first(), &problem))
-        UserInput::click(widget);
-    return problem;
-}
-
-QString choose(ScriptContext &, const QStringList &arguments)
-{
-    QString problem;
-    auto *box = usable<QComboBox>(arguments.at(0), &problem);
-    if (!box)
-        return problem;
-    const int index = box->findText(arguments.at(1));
-    if (index < 0) {
-        QStringList entries;
-        for (int i = 0; i < box->count(); ++i)
-            entries << box->itemText(i);
-        return QStringLiteral("expected an entry \"%1\", found \"%2\"")
-                .arg(arguments.at(1), entries.join(QStringLiteral("\", \"")));
-    }
-    UserInput::chooseEntry(box, index);
-    return QString();
-}
-
-/** The value a spin box shows, as a number, whichever kind it is. */
-double valueOf(const QAbstractSpinBox *box)
-{
-    return box->property("value").toDouble();
-}
-
-QString spin(ScriptContext &, const QStringList &arguments)
-{
-    QString problem;
-    QPointer<QAbstractSpinBox> box = usable<QAbstractSpinBox>(arguments.at(0), &problem);
-    if (!box)
-        return problem;
-    constexpr double tolerance = 1e-9; // decimal steps do not add up exactly
-    bool isNumber = false;
-    const double wanted = arguments.at(1).toDouble(&isNumber);
-    if (!isNumber)
-        return QStringLiteral("expected a number, found \"%1\"").arg(arguments.at(1));
-    box->setFocus();
-    const bool upwards = valueOf(box) < wanted;
-    double before = 0.0;
-    // Ends at or beyond the value, and where it stops moving: at a limit, or where a refusal puts
-    // it back.
-    do {
-        before = valueOf(box);
-        if (upwards ? before >= wanted - tolerance : before <= wanted + tolerance)
-            break;
-        UserInput::pressKey(box, upwards ? Qt::Key_Up : Qt::Key_Down);
-    } while (box && valueOf(box) != before);
-    return QString();
-}
-
-QString enterText(ScriptContext &, const QStringList &arguments)
-{
-    QString problem;
-    if (QWidget *editor = WidgetFinder::usable(arguments.at(0), &problem))
-        UserInput::replaceText(editor, arguments.at(1));
-    return problem;
-}
-
-QString clickCell(ScriptContext &, const QStringList &arguments)
-{
-    QString problem;
-    const ScriptItem item =
-            ScriptItem::find(arguments.at(0), arguments.at(1),
-                             arguments.value(2, QStringLiteral("0")), true, &problem);
-    if (problem.isEmpty())
-        UserInput::clickItem(item.view, item.index);
-    return problem;
-}
-
-QString doubleClickCell(ScriptContext &, const QStringList &arguments)
-{
-    QString problem;
-    const ScriptItem item =
-            ScriptItem::find(arguments.at(0), arguments.at(1), arguments.at(2), true, &problem);
-    if (problem.isEmpty())
-        UserInput::doubleClickItem(item.view, item.index);
-    return problem;
-}
-
-/** Selects a row by its first visible cell that takes no action when clicked. */
-QString selectRow(ScriptContext &, const QStringList &arguments)
-{
-    QString problem;
-    ScriptItem item =
-            ScriptItem::find(arguments.at(0), arguments.at(1), QStringLiteral("0"), true, &problem);
-    if (!problem.isEmpty())
-        return problem;
-    while (item.view->visualRect(item.index).isEmpty()
-           && item.index.sibling(item.index.row(), item.index.column() + 1).isValid())
-        item.index = item.index.sibling(item.index.row(), item.index.column() + 1);
-    UserInput::clickItem(item.view, item.index);
-    return QString();
-}
-
-QString typeIntoCell(ScriptContext &, const QStringList &arguments)
-{
-    QString problem;
-    const ScriptItem item =
-            ScriptItem::find(arguments.at(0), arguments.at(1), arguments.at(2), true, &problem);
-    if (!problem.isEmpty())
-        return problem;
-    UserInput::doubleClickItem(item.view, item.index);
-    QWidget *editor = UserInput::itemEditor(item.view);
-    if (!editor)
-        return QStringLiteral("expected the cell to be editable, found no editor in it");
-    UserInput::replaceText(editor, arguments.at(3));
-    UserInput::pressKey(editor, Qt::Key_Return);
-    return QString();
-}
-
-QString toggleCell(ScriptContext &, const QStringList &arguments)
-{
-    QString problem;
-    const ScriptItem item =
-            ScriptItem::find(arguments.at(0), arguments.at(1), arguments.at(2), true, &problem);
-    if (!problem.isEmpty())
-        return problem;
-    if (!item.index.flags().testFlag(Qt::ItemIsUserCheckable))
-        return QStringLiteral("expected a check box in the cell, found none");
-    UserInput::toggleItem(item.view, item.index);
-    return QString();
-}
-
-QString showPage(ScriptContext &, const QStringList &arguments)
-{
-    QString problem;
-    const auto *tabs = usable<QTabWidget>(arguments.at(0), &problem);
-    if (!tabs)
-        return problem;
-    QStringList titles;
-    for (int i = 0; i < tabs->count(); ++i) {
-        titles << plain(tabs->tabText(i));
-        if (titles.last() != plain(arguments.at(1)))
-            continue;
-        UserInput::clickTab(tabs->tabBar(), i);
-        return QString();
-    }
-    return QStringLiteral("expected a page \"%1\", found %2")
-            .arg(arguments.at(1), titles.join(QStringLiteral(", ")));
-}
-
-bool matches(const QString &text, const QString &pattern)
-{
-    const QRegularExpression expression(QRegularExpression::anchoredPattern(pattern),
-                                        QRegularExpression::DotMatchesEverythingOption);
-    return text == pattern || expression.match(text).hasMatch();
-}
-
-QString answerBox(ScriptContext &, const QStringList &arguments)
-{
-    auto *box = qobject_cast<QMessageBox *>(WidgetFinder::modalWindow());
-    if (!box) {
-        return QStringLiteral("expected a box \"%1: %2\", found %3")
-                .arg(arguments.at(0), arguments.at(1),
-                     WidgetFinder::describe(WidgetFinder::modalWindow()));
-    }
-    QString text = box->text();
-    if (!box->informativeText().isEmpty())
-        text += QLatin1Char('\n') + box->informativeText();
-    if (!matches(box->windowTitle(), arguments.at(0)) || !matches(text, arguments.at(1))) {
-        return QStringLiteral("expected a box \"%1: %2\", found \"%3: %4\"")
-                .arg(arguments.at(0), arguments.at(1), box->windowTitle(), text);
-    }
-    QStringList buttons;
-    for (QAbstractButton *button : box->buttons()) {
-        buttons << plain(button->text());
-        if (buttons.last() != arguments.at(2))
-            continue;
-        UserInput::click(button);
-        return QString();
-    }
-    return QStringLiteral("expected a button \"%1\", found %2")
-            .arg(arguments.at(2), buttons.join(QStringLiteral(", ")));
-}
 
 QString tick(ScriptContext &context, const QStringList &arguments)
 {
@@ -382,9 +110,72 @@ QString swapBodies(ScriptContext &context, const QStringList &arguments)
                 .arg(arguments.at(1), arguments.at(2));
     }
     context.session->edit([&](ControllerState &state) {
-        QVector<BodyState> &bodies = state.bodyTypes[arguments.at(0)].bodies;
-        std::swap(bodies[first - 1], bodies[second - 1]);
+        ControllerRules::switchBodies(state, arguments.at(0), first, second);
     });
+    return QString();
+}
+
+/** "TYPE BODY" as they stand; a body number of 0, with *problem, when there is no such body. */
+int bodyNumber(ScriptContext &context, const QStringList &arguments, QString *problem)
+{
+    const int count = context.session->state().bodyTypes.value(arguments.at(0)).bodies.size();
+    const int number = arguments.at(1).toInt();
+    if (number >= 1 && number <= count)
+        return number;
+    *problem = QStringLiteral("expected a body from 1 to %1, found \"%2\"")
+                       .arg(count)
+                       .arg(arguments.at(1));
+    return 0;
+}
+
+QString deleteBody(ScriptContext &context, const QStringList &arguments)
+{
+    QString problem;
+    const int number = bodyNumber(context, arguments, &problem);
+    if (number > 0) {
+        context.session->edit([&](ControllerState &state) {
+            ControllerRules::deleteBody(state, arguments.at(0), number);
+        });
+    }
+    return problem;
+}
+
+QString renameBody(ScriptContext &context, const QStringList &arguments)
+{
+    QString problem;
+    const int number = bodyNumber(context, arguments, &problem);
+    if (number < 1)
+        return problem;
+    QString refusal;
+    context.session->edit([&](ControllerState &state) {
+        BodyState *body = ControllerRules::body(state, arguments.at(0), number);
+        ControllerRules::rename(*body, arguments.at(2), &refusal);
+    });
+    return refusal.isEmpty() ? QString() : QStringLiteral("expected a name, found %1").arg(refusal);
+}
+
+QString setBodyCount(ScriptContext &context, const QStringList &arguments)
+{
+    const int maximum = context.session->state().bodyTypes.value(arguments.at(0)).maximum;
+    bool isNumber = false;
+    const int count = arguments.at(1).toInt(&isNumber);
+    if (!isNumber || count < 0 || count > maximum) {
+        return QStringLiteral("expected a count from 0 to %1, found \"%2\"")
+                .arg(maximum)
+                .arg(arguments.at(1));
+    }
+    context.session->edit([&](ControllerState &state) {
+        ControllerRules::setBodyCount(state, arguments.at(0), count);
+    });
+    return QString();
+}
+
+QString sendMessage(ScriptContext &context, const QStringList &arguments)
+{
+    constexpr int kind = 1;
+    context.session->io()->send_message(arguments.at(0).toUtf8().constData(),
+                                        arguments.at(1).toUtf8().constData(), kind,
+                                        arguments.at(2).toUtf8().constData());
     return QString();
 }
 
@@ -392,6 +183,12 @@ QString setOracle(ScriptContext &context, const QStringList &arguments)
 {
     return readSwitch(arguments.first(), QStringLiteral("on"), QStringLiteral("off"),
                       &context.comparesDialogs);
+}
+
+QString setSoundness(ScriptContext &context, const QStringList &arguments)
+{
+    return readSwitch(arguments.first(), QStringLiteral("on"), QStringLiteral("off"),
+                      &context.checksSoundness);
 }
 
 QString setMeasurement(ScriptContext &context, const QStringList &arguments)
@@ -414,7 +211,7 @@ QString restart(ScriptContext &context, const QStringList &arguments)
 
 QString setMark(ScriptContext &context, const QStringList &)
 {
-    context.transcriptMark = context.session->io()->transcript().size();
+    context.transcriptMark = context.session->io()->operationCount();
     context.timeMarkMs = context.session->io()->virtualTime();
     context.logMark = context.window->messageLog()->lines().size();
     return QString();
@@ -422,6 +219,7 @@ QString setMark(ScriptContext &context, const QStringList &)
 
 QString takePicture(ScriptContext &context, const QStringList &arguments)
 {
+    const WorkbenchTime own;
     QWidget *modal = WidgetFinder::modalWindow();
     QWidget *window = modal ? modal : QApplication::activeWindow();
     if (arguments.size() > 1) {
@@ -438,41 +236,9 @@ QString takePicture(ScriptContext &context, const QStringList &arguments)
                    : QStringLiteral("expected to write %1, found it impossible").arg(file);
 }
 
-QString resizeWindow(ScriptContext &context, const QStringList &arguments)
-{
-    QWidget *modal = WidgetFinder::modalWindow();
-    QWidget *window = modal ? modal : context.window;
-    bool isWidth = false;
-    bool isHeight = false;
-    const QSize size(arguments.at(0).toInt(&isWidth), arguments.at(1).toInt(&isHeight));
-    if (!isWidth || !isHeight || size.isEmpty())
-        return QStringLiteral("expected a width and a height in pixels, found %1 %2")
-                .arg(arguments.at(0), arguments.at(1));
-    window->resize(size);
-    return QString();
-}
+} // namespace
 
-QVector<ScriptCommand> inputActions()
-{
-    return {
-            {"menu", 1, 1, "ENTRY", openMenuEntry},
-            {"key", 1, 1, "KEY", pressKey},
-            {"click", 1, 1, "WIDGET", click},
-            {"choose", 2, 2, "COMBOBOX ENTRY", choose},
-            {"spin", 2, 2, "SPINBOX VALUE", spin},
-            {"text", 2, 2, "EDITOR TEXT", enterText},
-            {"select", 2, 2, "TABLE ROW", selectRow},
-            {"cell", 3, 3, "TABLE ROW COLUMN", clickCell},
-            {"doubleclick", 3, 3, "TABLE ROW COLUMN", doubleClickCell},
-            {"type", 4, 4, "TABLE ROW COLUMN TEXT", typeIntoCell},
-            {"check", 3, 3, "TABLE ROW COLUMN", toggleCell},
-            {"page", 2, 2, "TABWIDGET TITLE", showPage},
-            {"resize", 2, 2, "WIDTH HEIGHT", resizeWindow},
-            {"answer", 3, 3, "TITLE TEXT BUTTON", answerBox},
-    };
-}
-
-QVector<ScriptCommand> controllerActions()
+QVector<ScriptCommand> ScriptCommands::controllerActions()
 {
     return {
             {"tick", 0, 1, "[COUNT]", tick},
@@ -485,9 +251,18 @@ QVector<ScriptCommand> controllerActions()
              [](ScriptContext &context, const QStringList &arguments) {
                  return switchFault(context, arguments.first(), false);
              }},
+            {"no-faults", 0, 0, "",
+             [](ScriptContext &context, const QStringList &) {
+                 context.session->io()->faults()->clear();
+                 return QString();
+             }},
             {"link", 1, 1, "dead|back", setLink},
             {"set", 2, 2, "PATH VALUE", setState},
             {"swap", 3, 3, "TYPE BODY BODY", swapBodies},
+            {"count", 2, 2, "TYPE COUNT", setBodyCount},
+            {"delete", 2, 2, "TYPE BODY", deleteBody},
+            {"rename", 3, 3, "TYPE BODY NAME", renameBody},
+            {"message", 3, 3, "CHANNEL SENDER TEXT", sendMessage},
             {"volume", 2, 2, "TARGET in|out", setInVolume},
             {"measurement", 1, 1, "on|off", setMeasurement},
             {"configuration", 0, 0, "",
@@ -502,15 +277,8 @@ QVector<ScriptCommand> controllerActions()
                  return QString();
              }},
             {"oracle", 1, 1, "on|off", setOracle},
+            {"sound", 1, 1, "on|off", setSoundness},
             {"mark", 0, 0, "", setMark},
             {"screenshot", 1, 2, "NAME [WIDGET]", takePicture},
     };
-}
-
-} // namespace
-
-const QVector<ScriptCommand> &ScriptCommands::actions()
-{
-    static const QVector<ScriptCommand> all = inputActions() + controllerActions();
-    return all;
 }

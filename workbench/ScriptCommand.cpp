@@ -1,4 +1,4 @@
-#include "ScriptCommand.h"
+#include "ScriptFamilies.h"
 
 namespace {
 
@@ -12,6 +12,12 @@ const ScriptCommand *byWord(const QVector<ScriptCommand> &commands, const QStrin
 }
 
 } // namespace
+
+const QVector<ScriptCommand> &ScriptCommands::actions()
+{
+    static const QVector<ScriptCommand> all = inputActions() + controllerActions();
+    return all;
+}
 
 const ScriptCommand *ScriptCommands::find(const QStringList &words, int *nameLength)
 {

@@ -12,11 +12,13 @@ struct ScriptContext {
     WorkbenchSession *session = nullptr;
     MainWindow *window = nullptr;
     TimerHold *timers = nullptr;
-    QString pictureDir;     ///< screenshots are written here; empty: into the current folder
-    int transcriptMark = 0; ///< expectations look at the transcript from here on
-    int logMark = 0;        ///< expectations look at the message log from here on
-    qint64 timeMarkMs = 0;  ///< virtual time at the mark
-    int linesStarted = 0;   ///< a line sees from it whether later ones ran while it waited
+    QString pictureDir;          ///< screenshots are written here; empty: into the current folder
+    qint64 transcriptMark = 0;   ///< expectations look at the operations from this one on
+    int logMark = 0;             ///< expectations look at the message log from here on
+    qint64 timeMarkMs = 0;       ///< virtual time at the mark
+    int linesStarted = 0;        ///< a line sees from it whether later ones ran while it waited
+    qint64 operationsAtLine = 0; ///< operations before the line that runs
     bool comparesDialogs =
             false; ///< after each line the open dialog must agree with the controller
+    bool checksSoundness = false; ///< after each line its operations and the state must be sound
 };

@@ -10,7 +10,9 @@
 #include "WorkbenchSession.h"
 
 #include <QAbstractItemView>
+#include <QAccessible>
 #include <QApplication>
+#include <QLabel>
 
 namespace {
 
@@ -19,6 +21,19 @@ QString compare(const QString &what, const QString &expected, const QString &fou
     return expected == found
                    ? QString()
                    : QStringLiteral("expected %1 \"%2\", found \"%3\"").arg(what, expected, found);
+}
+
+/** The text of a widget, or of the first of its labels that shows one. */
+QString shownIn(const QWidget *widget)
+{
+    const QString own = WidgetText::of(widget);
+    if (!own.isEmpty())
+        return own;
+    for (const QLabel *label : widget->findChildren<QLabel *>()) {
+        if (label->isVisible() && !WidgetText::of(label).isEmpty())
+            return WidgetText::of(label);
+    }
+    return QString();
 }
 
 QString quoted(const QStringList &lines)
@@ -69,13 +84,26 @@ QString expectState(ScriptContext &context, const QStringList &arguments)
 QStringList commandsSinceMark(const ScriptContext &context, bool onlyWrites)
 {
     QStringList lines;
-    const QVector<TranscriptEntry> &all = context.session->io()->transcript();
-    for (int i = context.transcriptMark; i < all.size(); ++i) {
+    const SimulatedIOManager *io = context.session->io();
+    const QVector<TranscriptEntry> &all = io->transcript();
+    const qint64 sinceMark = io->operationCount() - context.transcriptMark;
+    for (int i = int(qMax<qint64>(0, all.size() - sinceMark)); i < all.size(); ++i) {
         const bool isMessage = all.at(i).operation == TranscriptEntry::Operation::Message;
         if (!isMessage && !(onlyWrites && all.at(i).isGet()))
             lines << QString::fromUtf8(all.at(i).line);
     }
     return lines;
+}
+
+/** What is wrong when operations since the mark are not in the transcript any more. */
+QString missingSinceMark(const ScriptContext &context)
+{
+    const SimulatedIOManager *io = context.session->io();
+    const qint64 missing = io->operationCount() - context.transcriptMark - io->transcript().size();
+    return missing > 0 ? QStringLiteral("expected all operations since the mark in the transcript, "
+                                        "found %1 of them dropped or cleared")
+                                 .arg(missing)
+                       : QString();
 }
 
 QString expectCommand(ScriptContext &context, const QStringList &arguments)
@@ -90,13 +118,13 @@ QString expectNoCommand(ScriptContext &context, const QStringList &arguments)
 {
     return commandsSinceMark(context, false).contains(arguments.first())
                    ? QStringLiteral("expected no command \"%1\", found it").arg(arguments.first())
-                   : QString();
+                   : missingSinceMark(context);
 }
 
 QString expectWrites(ScriptContext &context, const QStringList &arguments)
 {
     const QStringList writes = commandsSinceMark(context, true);
-    return writes == arguments ? QString()
+    return writes == arguments ? missingSinceMark(context)
                                : QStringLiteral("expected exactly %1, found %2")
                                          .arg(quoted(arguments), quoted(writes));
 }
@@ -163,6 +191,25 @@ QString expectHidden(ScriptContext &, const QStringList &arguments)
                    : QString();
 }
 
+QString expectAccessibleName(ScriptContext &, const QStringList &arguments)
+{
+    QString problem;
+    QWidget *widget = WidgetFinder::visible(arguments.at(0), &problem);
+    if (!widget)
+        return problem;
+    const QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(widget);
+    return compare(arguments.at(0) + QStringLiteral(" read out as"), arguments.at(1),
+                   accessible ? accessible->text(QAccessible::Name) : QString());
+}
+
+QString expectMessage(ScriptContext &, const QStringList &arguments)
+{
+    QString problem;
+    const QWidget *line = WidgetFinder::visible(QStringLiteral("messageLine"), &problem);
+    return line ? compare(QStringLiteral("the message"), arguments.first(), shownIn(line))
+                : problem;
+}
+
 QString expectFired(ScriptContext &context, const QStringList &arguments)
 {
     const QVector<FaultRule> &rules = context.session->io()->faults()->rules();
@@ -220,6 +267,8 @@ const QVector<ScriptCommand> &ScriptCommands::expectations()
             {"expect hidden", 1, 1, "WIDGET", expectHidden},
             {"expect within", 1, 1, "MS", expectWithin},
             {"expect no-difference", 0, 0, "", expectNoDifference},
+            {"expect a11y", 2, 2, "WIDGET NAME", expectAccessibleName},
+            {"expect message", 1, 1, "TEXT", expectMessage},
             {"expect fired", 2, 2, "RULE TIMES", expectFired},
     };
     return all;

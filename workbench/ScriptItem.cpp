@@ -1,5 +1,6 @@
 #include "ScriptItem.h"
 
+#include "Suggestion.h"
 #include "WidgetFinder.h"
 
 #include <QAbstractItemView>
@@ -15,6 +16,14 @@ int columnOf(const QAbstractItemModel *model, const QString &column)
     bool isNumber = false;
     const int number = column.toInt(&isNumber);
     return isNumber ? number : -1;
+}
+
+QStringList titlesOf(const QAbstractItemModel *model)
+{
+    QStringList titles;
+    for (int i = 0; i < model->columnCount(); ++i)
+        titles << model->headerData(i, Qt::Horizontal).toString();
+    return titles;
 }
 
 } // namespace
@@ -41,6 +50,8 @@ ScriptItem ScriptItem::find(const QString &table, const QString &row, const QStr
                            .arg(row, column, table)
                            .arg(model->rowCount())
                            .arg(model->columnCount());
+        if (columnOf(model, column) < 0)
+            *problem += Suggestion::forWord(column, titlesOf(model));
     }
     return item;
 }

@@ -1,5 +1,7 @@
 #include "WidgetFinder.h"
 
+#include "Suggestion.h"
+
 #include <QApplication>
 #include <QMessageBox>
 #include <QWidget>
@@ -19,6 +21,19 @@ bool isInChain(const QWindow *start, const QWindow *wanted)
             return true;
     }
     return false;
+}
+
+QStringList visibleNames()
+{
+    QStringList names;
+    const QWidgetList all = QApplication::allWidgets();
+    for (const QWidget *widget : all) {
+        if (widget->isVisible() && !widget->objectName().isEmpty())
+            names << widget->objectName();
+    }
+    // The order of the widgets is by chance.
+    names.sort();
+    return names;
 }
 
 } // namespace
@@ -78,6 +93,8 @@ QWidget *WidgetFinder::visible(const QString &objectName, QString *problem)
                            .arg(objectName,
                                 isHidden ? QStringLiteral("it hidden") : QStringLiteral("none"),
                                 describe(modal ? modal : QApplication::activeWindow()));
+        if (!isHidden)
+            *problem += Suggestion::forWord(objectName, visibleNames());
     }
     return found;
 }

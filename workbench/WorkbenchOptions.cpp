@@ -9,6 +9,9 @@ namespace {
 
 constexpr int maximumLatencyMs = 500;
 constexpr int maximumTimeoutS = 3600;
+constexpr int mostSteps = 1000000;
+constexpr int fewestKept = 100;
+constexpr int mostKept = 10000000;
 
 struct OptionEntry {
     QString name;
@@ -44,22 +47,44 @@ QString applyScenario(WorkbenchOptions &options, const QStringList &values)
                                     : QString();
 }
 
-QString applyLatency(WorkbenchOptions &options, const QStringList &values)
+/** An option with a whole number within limits. */
+OptionEntry number(const QString &name, const QString &value, const QString &meaning,
+                   int WorkbenchOptions::*member, int minimum, int maximum, const QString &unit)
 {
-    bool isNumber = false;
-    options.latencyMs = values.first().toInt(&isNumber);
-    const bool valid = isNumber && options.latencyMs >= 0 && options.latencyMs <= maximumLatencyMs;
-    return valid ? QString()
-                 : QStringLiteral("a whole number of ms from 0 to %1").arg(maximumLatencyMs);
+    return {name, {value}, meaning, [=](WorkbenchOptions &options, const QStringList &values) {
+                bool isNumber = false;
+                options.*member = values.first().toInt(&isNumber);
+                const bool valid =
+                        isNumber && options.*member >= minimum && options.*member <= maximum;
+                return valid ? QString()
+                             : QStringLiteral("a whole number%1 from %2 to %3")
+                                       .arg(unit)
+                                       .arg(minimum)
+                                       .arg(maximum);
+            }};
 }
 
-QString applyTimeout(WorkbenchOptions &options, const QStringList &values)
+OptionEntry sweepNumber(const QString &name, const QString &meaning, int SweepPlan::*member)
 {
-    bool isNumber = false;
-    options.timeoutS = values.first().toInt(&isNumber);
-    const bool valid = isNumber && options.timeoutS >= 1 && options.timeoutS <= maximumTimeoutS;
-    return valid ? QString()
-                 : QStringLiteral("a whole number of seconds from 1 to %1").arg(maximumTimeoutS);
+    return {name, {"N"}, meaning, [=](WorkbenchOptions &options, const QStringList &values) {
+                bool isNumber = false;
+                options.sweepPlan.*member = values.first().toInt(&isNumber);
+                return isNumber && options.sweepPlan.*member >= 1
+                               ? QString()
+                               : QStringLiteral("a whole number from 1");
+            }};
+}
+
+QString applyFaults(WorkbenchOptions &options, const QStringList &values)
+{
+    // "turns" alone takes turns with all faults, "turns,fail,empty" with those two.
+    QStringList names = values.first().split(QLatin1Char(','));
+    options.sweepPlan.inTurns = names.removeAll(QStringLiteral("turns")) > 0;
+    if (names.isEmpty())
+        names << QStringLiteral("all");
+    QString problem;
+    SweepFaults::parse(names.join(QLatin1Char(',')), &options.sweepPlan.faults, &problem);
+    return problem.section(QStringLiteral("expected "), 1).section(QStringLiteral(", found"), 0, 0);
 }
 
 QVector<OptionEntry> entries()
@@ -82,11 +107,27 @@ QVector<OptionEntry> entries()
                  options.faults += values;
                  return QString();
              }},
-            {"latency", {"MS"}, "time each command takes, 0 to 500 ms", applyLatency},
-            {"timeout",
-             {"SECONDS"},
-             "time a line of a script may take (default: 120)",
-             applyTimeout},
+            number("latency", "MS", "time each command takes, 0 to 500 ms", &O::latencyMs, 0,
+                   maximumLatencyMs, " of ms"),
+            number("timeout", "SECONDS", "time a line of a script may take (default: 120)",
+                   &O::timeoutS, 1, maximumTimeoutS, " of seconds"),
+            number("transcript-limit", "N", "operations the transcript keeps (default: 200000)",
+                   &O::transcriptLimit, fewestKept, mostKept, " of operations"),
+            text("sweep", "SCRIPT", "play a script with every fault at every operation",
+                 &O::sweepFile),
+            sweepNumber("every", "sweep every Nth operation only", &SweepPlan::every),
+            sweepNumber("from", "sweep from this operation on", &SweepPlan::from),
+            sweepNumber("to", "sweep up to this operation", &SweepPlan::to),
+            {"faults", {"LIST"}, "sweep with these faults, with all, or in turns", applyFaults},
+            text("explore", "SEED", "drive the dialogs at random; 1-20 for many seeds",
+                 &O::explore),
+            number("steps", "N", "actions for each seed (default: 300)", &O::steps, 1, mostSteps,
+                   QString()),
+            text("explore-into", "FILE", "drive in this process, with the lines in FILE",
+                 &O::exploreInto),
+            text("junit", "FILE", "write the results for build servers", &O::junitFile),
+            text("scenario-check", "FILE", "check a scenario and print it in full",
+                 &O::scenarioCheckFile),
             text("record", "FILE", "write every operation to FILE, one JSON object a line",
                  &O::recordFile),
             text("replay", "FILE", "answer from a recording, stop at the first difference",
@@ -115,13 +156,15 @@ const OptionEntry *findEntry(const QVector<OptionEntry> &known, const QString &n
 /** What the options ask for together that cannot be done; empty when they fit. */
 QString conflict(const WorkbenchOptions &options)
 {
-    if (options.headless && options.tourDir.isEmpty() && options.scriptFile.isEmpty()
-        && options.demo.isEmpty())
-        return QStringLiteral("--headless: expected --script, --demo or --tour beside it");
-    const int drivers = int(!options.tourDir.isEmpty()) + int(!options.scriptFile.isEmpty())
-                        + int(!options.demo.isEmpty());
+    const QStringList given = {options.tourDir, options.scriptFile, options.demo, options.sweepFile,
+                               options.explore};
+    const int drivers = given.size() - given.count(QString());
+    if (options.headless && drivers == 0)
+        return QStringLiteral(
+                "--headless: expected --script, --demo, --tour, --sweep or --explore beside it");
     if (drivers > 1)
-        return QStringLiteral("--tour, --script, --demo: expected only one of them");
+        return QStringLiteral(
+                "--tour, --script, --demo, --sweep, --explore: expected only one of them");
     return QString();
 }
 

@@ -1,7 +1,9 @@
 #include "WorkbenchProgram.h"
 
+#include "JUnitReport.h"
 #include "MainWindow.h"
 #include "MessageLogDock.h"
+#include "PlayStage.h"
 #include "Recorder.h"
 #include "Recording.h"
 #include "Replayer.h"
@@ -10,8 +12,10 @@
 #include "ScriptRunner.h"
 #include "ScriptWatchdog.h"
 #include "StallMeter.h"
+#include "SweepCommand.h"
 #include "TimerHold.h"
 #include "ToolWindow.h"
+#include "TranscriptDock.h"
 #include "TranscriptText.h"
 #include "WidgetFinder.h"
 #include "WorkbenchSession.h"
@@ -48,23 +52,84 @@ int WorkbenchProgram::run()
 {
     if (!m_options.transcriptDiff.isEmpty())
         return compareRecordings();
+    if (!m_options.scenarioCheckFile.isEmpty())
+        return checkScenario();
+    Exploration::Request exploration;
+    QString error;
+    if (!m_options.explore.isEmpty() && !readExploration(&exploration, &error)) {
+        complain(error);
+        return statusUnusable;
+    }
+    if (!m_options.explore.isEmpty() && m_options.exploreInto.isEmpty())
+        return Exploration::search(exploration);
     if (m_options.isScripted()) {
         m_watchdog = std::make_unique<ScriptWatchdog>(m_options.timeoutS);
         m_watchdog->watch(QStringLiteral("the start"));
     }
-    QString error;
     if (!loadScript(&error) || !prepareHome(&error) || !createSession(&error)
         || !startRecording(&error) || !openWindows(&error) || !setTheStage(&error)) {
         complain(error);
         return statusUnusable;
     }
-    int status = m_options.isScripted() ? runScripted() : runInteractive();
+    int status = 0;
+    if (!m_options.sweepFile.isEmpty())
+        status = runSweep();
+    else if (!m_options.exploreInto.isEmpty())
+        status = drive(exploration);
+    else
+        status = m_options.isScripted() ? runScripted() : runInteractive();
     shutDown();
     if (m_replayer && !m_replayer->difference().isEmpty()) {
         complain(m_replayer->difference());
         status = statusFailed;
     }
     return status;
+}
+
+int WorkbenchProgram::checkScenario()
+{
+    Scenario scenario;
+    QString error;
+    if (!ScenarioFile::load(m_options.scenarioCheckFile, &scenario, &error)) {
+        complain(error);
+        return statusUnusable;
+    }
+    QTextStream(stdout) << QString::fromUtf8(ScenarioFile::toBytes(scenario));
+    return statusDone;
+}
+
+int WorkbenchProgram::runSweep()
+{
+    PlayStage stage(m_session.get(), m_window.get(), pluginFile(), m_rules);
+    const int status =
+            SweepCommand::run(m_script, &stage, m_options.sweepPlan, m_options.junitFile,
+                              [this](const QString &repetition) { m_watchdog->watch(repetition); });
+    m_watchdog->watch(QStringLiteral("the shutdown"));
+    return status;
+}
+
+bool WorkbenchProgram::readExploration(Exploration::Request *request, QString *error) const
+{
+    request->steps = m_options.steps;
+    request->scenario = m_options.scenario;
+    request->plugin = m_options.pluginFile;
+    request->timeoutS = m_options.timeoutS;
+    return Exploration::readSeeds(m_options.explore, request, error);
+}
+
+int WorkbenchProgram::drive(const Exploration::Request &request)
+{
+    PlayStage stage(m_session.get(), m_window.get(), pluginFile(), m_rules);
+    const int status =
+            Exploration::drive(request, &stage, m_options.exploreInto,
+                               [this](const QString &place) { m_watchdog->watch(place); });
+    m_watchdog->watch(QStringLiteral("the shutdown"));
+    return status;
+}
+
+QString WorkbenchProgram::pluginFile() const
+{
+    return m_options.pluginFile.isEmpty() ? ModuleLoader::defaultFile() : m_options.pluginFile;
 }
 
 int WorkbenchProgram::compareRecordings()
@@ -102,7 +167,7 @@ bool WorkbenchProgram::startRecording(QString *error)
 
 bool WorkbenchProgram::loadScript(QString *error)
 {
-    QString file = m_options.scriptFile;
+    QString file = m_options.scriptFile + m_options.sweepFile;
     if (!m_options.tourDir.isEmpty())
         file = m_options.tourScript;
     else if (!m_options.demo.isEmpty())
@@ -155,11 +220,13 @@ bool WorkbenchProgram::createSession(QString *error)
     if (!ScenarioFile::load(file, &scenario, error))
         return false;
     m_session = std::make_unique<WorkbenchSession>(scenario);
+    m_session->io()->setTranscriptLimit(m_options.transcriptLimit);
     m_session->io()->setDialogProbe([] {
         const QWidget *modal = WidgetFinder::modalWindow();
         return modal ? QString::fromLatin1(modal->metaObject()->className()) : QString();
     });
-    for (const QString &rule : scenario.faults + m_options.faults) {
+    m_rules = scenario.faults + m_options.faults;
+    for (const QString &rule : qAsConst(m_rules)) {
         if (!m_session->addFault(rule, error)) {
             *error = QStringLiteral("--fault \"%1\": %2").arg(rule, *error);
             return false;
@@ -171,9 +238,8 @@ bool WorkbenchProgram::createSession(QString *error)
 bool WorkbenchProgram::openWindows(QString *error)
 {
     m_window = std::make_unique<MainWindow>(m_session.get());
-    const QString plugin =
-            m_options.pluginFile.isEmpty() ? ModuleLoader::defaultFile() : m_options.pluginFile;
-    if (!m_session->loadModule(plugin, m_window.get(), error))
+    m_window->toolWindow()->transcript()->setRecordingFile(m_options.recordFile);
+    if (!m_session->loadModule(pluginFile(), m_window.get(), error))
         return false;
     StallMeter *stalls = m_window->toolWindow()->stalls();
     stalls->setLatencyMs(m_options.latencyMs);
@@ -219,11 +285,37 @@ int WorkbenchProgram::runScripted()
     if (!m_runner->failure().isEmpty())
         complain(m_runner->failure());
     QString error;
+    if (!m_options.junitFile.isEmpty() && !writeJUnit(&error)) {
+        complain(error);
+        status = statusUnusable;
+    }
     if (!m_options.tourDir.isEmpty() && !writeTourResults(&error)) {
         complain(error);
         status = statusUnusable;
     }
     return status;
+}
+
+bool WorkbenchProgram::writeJUnit(QString *error) const
+{
+    JUnitReport report(m_script.name);
+    const bool failed = !m_runner->failure().isEmpty() || !m_runner->isFinished();
+    const QString failure = failed && m_runner->failure().isEmpty()
+                                    ? QStringLiteral("the window was closed before the end")
+                                    : m_runner->failure();
+    const int begun = m_runner->linesBegun();
+    for (int i = 0; i < m_script.lines.size(); ++i) {
+        const Script::Line &line = m_script.lines.at(i);
+        const QString name =
+                QStringLiteral("line %1: %2").arg(line.number).arg(Script::joined(line.words));
+        if (i >= begun)
+            report.addSkipped(name);
+        else if (failed && i == begun - 1)
+            report.addFailed(name, failure);
+        else
+            report.addPassed(name);
+    }
+    return report.save(m_options.junitFile, error);
 }
 
 bool WorkbenchProgram::writeTourResults(QString *error) const

@@ -1,9 +1,11 @@
 #pragma once
 
+#include "Exploration.h"
 #include "Script.h"
 #include "WorkbenchOptions.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <memory>
 
@@ -38,6 +40,12 @@ private:
     bool setTheStage(QString *error);
 
     int compareRecordings();
+    int checkScenario();
+    int runSweep();
+    bool readExploration(Exploration::Request *request, QString *error) const;
+    int drive(const Exploration::Request &request);
+    QString pluginFile() const;
+    bool writeJUnit(QString *error) const;
 
     int runScripted();
     int runInteractive();
@@ -46,6 +54,7 @@ private:
 
     WorkbenchOptions m_options;
     Script m_script;
+    QStringList m_rules; ///< fault rules of the scenario and of the command line
     std::unique_ptr<QTemporaryDir> m_home;
     std::unique_ptr<WorkbenchSession> m_session;
     std::unique_ptr<Recorder> m_recorder;

@@ -87,7 +87,7 @@ int main(int argc, char *argv[])
                                              : QStringLiteral("workbench " WORKBENCH_VERSION "\n"));
         return 0;
     }
-    const bool needsDisplay = !options.isScripted() && options.transcriptDiff.isEmpty();
+    const bool needsDisplay = !options.isScripted() && !options.needsNoWindow();
     if (!needsDisplay && !DisplayCheck::isReachable())
         qputenv("QT_QPA_PLATFORM", "offscreen");
     defaultHandler = qInstallMessageHandler(quietHandler);

@@ -12,6 +12,8 @@ private slots:
     void openQuote();
     void headSetupAndLines();
     void headEndsWithTheFirstAction();
+    void joinedWordsAreSplitAgain();
+    void scenarioBesideTheScript();
     void rejected_data();
     void rejected();
     void unreadableFile();
@@ -88,6 +90,30 @@ void tst_Script::headEndsWithTheFirstAction()
              QStringLiteral("s:2: expected an action or an expectation, found \"scenario\""));
 }
 
+void tst_Script::joinedWordsAreSplitAgain()
+{
+    const QStringList words = {"type", "table", "",       "two words", "say \"hi\"",
+                               "a\\b", "a\nb",  "\ttab ", "#x"};
+    QStringList split;
+    QVERIFY(Script::split(Script::joined(words), &split));
+    QCOMPARE(split, words);
+}
+
+void tst_Script::scenarioBesideTheScript()
+{
+    const QTemporaryDir dir;
+    for (const char *name : {"s.script", "own.json"}) {
+        QFile file(dir.filePath(QLatin1String(name)));
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("scenario own.json\n");
+    }
+    Script script;
+    QString error;
+    QVERIFY2(Script::load(dir.filePath(QStringLiteral("s.script")), &script, &error),
+             qPrintable(error));
+    QCOMPARE(script.scenario, dir.filePath(QStringLiteral("own.json")));
+}
+
 void tst_Script::rejected_data()
 {
     QTest::addColumn<QByteArray>("text");
@@ -98,6 +124,13 @@ void tst_Script::rejected_data()
     QTest::newRow("unknown expectation")
             << QByteArray("expect luck\n")
             << "s:1: expected an action or an expectation, found \"expect luck\"";
+    QTest::newRow("mistyped action") << QByteArray("clik x\n")
+                                     << "s:1: expected an action or an expectation, found "
+                                        "\"clik\"; did you mean \"click\"?";
+    QTest::newRow("mistyped expectation")
+            << QByteArray("expect stat x\n")
+            << "s:1: expected an action or an expectation, found \"expect stat\"; did you mean "
+               "\"state\"?";
     QTest::newRow("expectation without kind")
             << QByteArray("expect\n")
             << "s:1: expected an action or an expectation, found \"expect\"";

@@ -30,6 +30,9 @@ private slots:
     void fails();
     void openWindowAtTheEndFails();
     void failingLineLeavesTheRest();
+    void secondClientByScript();
+    void keysGoToAnyWidget();
+    void soundnessIsWatched();
     void statePaths();
     void tickFiresHeldTimers();
     void oracleSeesForeignChanges();
@@ -163,6 +166,17 @@ void inputRows()
     QTest::newRow("no widget") << opened + "click nothing\n"
                                << "s:3: expected a visible widget \"nothing\", found none in the "
                                   "window \"Body Administration\"";
+    QTest::newRow("mistyped widget") << opened + "click pushButton_exti\n"
+                                     << "s:3: expected a visible widget \"pushButton_exti\", found "
+                                        "none in the window \"Body "
+                                        "Administration\"; did you mean \"pushButton_exit\"?";
+    QTest::newRow("mistyped column")
+            << opened + "cell tableWidget_standard 1 Nam\n"
+            << "s:3: expected row 1, column \"Nam\" in \"tableWidget_standard\", found 8 rows and "
+               "10 columns; did you mean \"Name\"?";
+    QTest::newRow("key for a disabled widget")
+            << opened + "key Space pushButton_stop\n"
+            << "s:3: expected \"pushButton_stop\" enabled, found it disabled";
     QTest::newRow("disabled widget")
             << opened + "click pushButton_stop\n"
             << "s:3: expected \"pushButton_stop\" enabled, found it disabled";
@@ -229,6 +243,12 @@ void expectationRows()
                              << "s:3: expected \"pushButton_start\" disabled, found it enabled";
     QTest::newRow("hidden") << opened + "expect hidden pushButton_start\n"
                             << "s:3: expected \"pushButton_start\" hidden, found it visible";
+    QTest::newRow("accessible name")
+            << opened + "expect a11y pushButton_exit Leave\n"
+            << "s:3: expected pushButton_exit read out as \"Leave\", found \"";
+    QTest::newRow("no message line")
+            << QByteArray("expect message Hello\n")
+            << "s:1: expected a visible widget \"messageLine\", found none in ";
     QTest::newRow("fired") << QByteArray("fault \"status active fail\"\nexpect fired 1 2\n")
                            << "s:2: expected firings of rule 1 \"2\", found \"0\"";
     QTest::newRow("time") << QByteArray("mark\ntick 2\nexpect within 1199\n")
@@ -248,6 +268,12 @@ void controllerRows()
     QTest::newRow("set") << QByteArray("set configChangeable maybe\n")
                          << "s:1: expected a value like \"true\" for \"configChangeable\", found "
                             "\"maybe\"";
+    QTest::newRow("count") << QByteArray("count standard 21\n")
+                           << "s:1: expected a count from 0 to 20, found \"21\"";
+    QTest::newRow("delete") << QByteArray("delete standard 9\n")
+                            << "s:1: expected a body from 1 to 8, found \"9\"";
+    QTest::newRow("rename") << QByteArray("rename standard 1 \"a\\\"b\"\n")
+                            << "s:1: expected a name, found a description cannot hold a quote sign";
     QTest::newRow("swap") << QByteArray("swap standard 1 9\n")
                           << "s:1: expected two bodies from 1 to 8, found 1 and 9";
     QTest::newRow("restart") << QByteArray("restart new\n")
@@ -286,6 +312,41 @@ void tst_ScriptRunner::failingLineLeavesTheRest()
     const QString failure = run("expect state model OTHER\nset model CHANGED\n");
     QVERIFY(failure.startsWith(QStringLiteral("s:1: ")));
     QCOMPARE(m_session->state().model, QStringLiteral("STUDIO4"));
+}
+
+void tst_ScriptRunner::secondClientByScript()
+{
+    QCOMPARE(run("count standard 9\nrename standard 9 \"Bench top\"\nswap standard 9 1\n"
+                 "expect state bodyTypes.standard.bodies[0].description \"Bench top\"\n"
+                 "delete standard 1\n"
+                 "expect state bodyTypes.standard.bodies[0].description \"\"\n"
+                 "fault \"* fail\"\nno-faults\nmenu \"Single markers\"\n"
+                 "click pushButton_cancel\nexpect no-log\n"),
+             QString());
+}
+
+void tst_ScriptRunner::keysGoToAnyWidget()
+{
+    QCOMPARE(run("menu \"Body administration\"\n"
+                 "expect a11y pushButton_exit Exit\n"
+                 "mark\n"
+                 "key Up spinBox_standard_bodies\n"
+                 "expect writes \"standard number_of_bodies 9\"\n"
+                 "key Space pushButton_exit\n"
+                 "expect no-window\n"),
+             QString());
+}
+
+void tst_ScriptRunner::soundnessIsWatched()
+{
+    QCOMPARE(run("sound on\nmenu \"Body administration\"\nclick pushButton_exit\n"), QString());
+    m_session->edit([](ControllerState &changed) {
+        changed.trackingReference = QStringLiteral("standard b99");
+    });
+    QCOMPARE(run("mark\nsound on\n"),
+             QStringLiteral("s:2: expected a sound controller, found state.trackingReference: "
+                            "expected type and number of a body, such as \"standard b03\", found "
+                            "\"standard b99\""));
 }
 
 void tst_ScriptRunner::statePaths()

@@ -60,6 +60,27 @@ void tst_WorkbenchOptions::everyOption()
     QVERIFY(options.help);
     QVERIFY(options.version);
 
+    QVERIFY2(parse({"--sweep", "s", "--every", "10", "--from", "3", "--to", "9", "--faults",
+                    "turns,fail,empty", "--junit", "j.xml", "--transcript-limit", "500"},
+                   &options, &error),
+             qPrintable(error));
+    QCOMPARE(options.sweepFile, QStringLiteral("s"));
+    QVERIFY(options.isScripted());
+    QCOMPARE(options.sweepPlan.every, 10);
+    QCOMPARE(options.sweepPlan.from, 3);
+    QCOMPARE(options.sweepPlan.to, 9);
+    QVERIFY(options.sweepPlan.inTurns);
+    QCOMPARE(options.sweepPlan.faults.size(), 2);
+    QCOMPARE(options.junitFile, QStringLiteral("j.xml"));
+    QCOMPARE(options.transcriptLimit, 500);
+    QVERIFY(parse({"--explore", "1-20", "--steps", "7", "--explore-into", "x"}, &options, &error));
+    QCOMPARE(options.explore, QStringLiteral("1-20"));
+    QCOMPARE(options.steps, 7);
+    QCOMPARE(options.exploreInto, QStringLiteral("x"));
+    QVERIFY(options.isScripted());
+    QVERIFY(parse({"--scenario-check", "f"}, &options, &error));
+    QVERIFY(options.needsNoWindow());
+
     QVERIFY(parse({"--tour", "d"}, &options, &error));
     QCOMPARE(options.tourDir, QStringLiteral("d"));
     QVERIFY(options.isScripted());
@@ -123,9 +144,21 @@ void tst_WorkbenchOptions::rejected_data()
             << QStringList{"--timeout", "long"}
             << "--timeout: expected a whole number of seconds from 1 to 3600, found \"long\"";
     QTest::newRow("headless alone") << QStringList{"--headless"}
-                                    << "--headless: expected --script, --demo or --tour beside it";
-    QTest::newRow("two drivers") << QStringList{"--tour", "d", "--script", "s"}
-                                 << "--tour, --script, --demo: expected only one of them";
+                                    << "--headless: expected --script, --demo, --tour, --sweep or "
+                                       "--explore beside it";
+    QTest::newRow("two drivers") << QStringList{
+            "--tour", "d", "--script",
+            "s"} << "--tour, --script, --demo, --sweep, --explore: expected only one of them";
+    QTest::newRow("every none") << QStringList{"--every", "0"}
+                                << "--every: expected a whole number from 1, found \"0\"";
+    QTest::newRow("unknown fault")
+            << QStringList{"--faults", "bang"}
+            << "--faults: expected all or some of " + SweepFaults::names().join(QLatin1Char(','))
+                       + ", found \"bang\"";
+    QTest::newRow("transcript limit")
+            << QStringList{"--transcript-limit", "99"}
+            << "--transcript-limit: expected a whole number of operations from 100 to 10000000, "
+               "found \"99\"";
 }
 
 void tst_WorkbenchOptions::rejected()
@@ -141,10 +174,30 @@ void tst_WorkbenchOptions::rejected()
 void tst_WorkbenchOptions::helpNamesEveryOption()
 {
     const QString help = WorkbenchOptions::helpText();
-    for (const char *option :
-         {"--scenario NAME|FILE", "--plugin FILE", "--tour DIR", "--script FILE", "--demo NAME",
-          "--headless", "--fault RULE", "--latency MS", "--timeout SECONDS", "--record FILE",
-          "--replay FILE", "--transcript-diff A B", "--help", "--version"})
+    for (const char *option : {"--scenario NAME|FILE",
+                               "--plugin FILE",
+                               "--tour DIR",
+                               "--script FILE",
+                               "--demo NAME",
+                               "--headless",
+                               "--fault RULE",
+                               "--latency MS",
+                               "--timeout SECONDS",
+                               "--record FILE",
+                               "--replay FILE",
+                               "--sweep SCRIPT",
+                               "--every N",
+                               "--from N",
+                               "--to N",
+                               "--faults LIST",
+                               "--explore SEED",
+                               "--steps N",
+                               "--junit FILE",
+                               "--scenario-check FILE",
+                               "--transcript-limit N",
+                               "--transcript-diff A B",
+                               "--help",
+                               "--version"})
         QVERIFY2(help.contains(QLatin1String(option)), option);
 }
 

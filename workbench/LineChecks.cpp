@@ -1,0 +1,84 @@
+#include "LineChecks.h"
+
+#include "CommandTable.h"
+#include "DialogOracle.h"
+#include "ScenarioCheck.h"
+#include "ScriptContext.h"
+#include "WidgetFinder.h"
+#include "WorkbenchSession.h"
+#include "WorkbenchTime.h"
+
+namespace {
+
+CommandAccess accessOf(const TranscriptEntry &entry)
+{
+    if (entry.isGet())
+        return CommandAccess::Get;
+    return entry.operation == TranscriptEntry::Operation::Set ? CommandAccess::Set
+                                                              : CommandAccess::Action;
+}
+
+QString differences(const ScriptContext &context)
+{
+    const QStringList lines =
+            DialogOracle::differences(context.session->state(), WidgetFinder::modalWindow());
+    return lines.isEmpty()
+                   ? QString()
+                   : QStringLiteral("expected the dialog to agree with the controller, found %1")
+                             .arg(lines.join(QStringLiteral("; ")));
+}
+
+/** What is wrong with the operations of the last line or with the controller's state. */
+QString unsoundness(const ScriptContext &context)
+{
+    const SimulatedIOManager *io = context.session->io();
+    const QVector<TranscriptEntry> &all = io->transcript();
+    const qint64 fresh = io->operationCount() - context.operationsAtLine;
+    for (int i = int(qMax<qint64>(0, all.size() - fresh)); i < all.size(); ++i) {
+        const QString problem = LineChecks::malformation(all.at(i));
+        if (!problem.isEmpty())
+            return problem;
+    }
+    Scenario scenario;
+    scenario.state = context.session->state();
+    const QString conflict = scenarioConflict(scenario);
+    return conflict.isEmpty()
+                   ? QString()
+                   : QStringLiteral("expected a sound controller, found %1").arg(conflict);
+}
+
+} // namespace
+
+QString LineChecks::afterLine(const ScriptContext &context)
+{
+    const WorkbenchTime own;
+    const QString difference = context.comparesDialogs ? differences(context) : QString();
+    if (!difference.isEmpty() || !context.checksSoundness)
+        return difference;
+    return unsoundness(context);
+}
+
+QString LineChecks::malformation(const TranscriptEntry &entry)
+{
+    if (entry.operation == TranscriptEntry::Operation::Message)
+        return QString();
+    QString reason;
+    if (QString::fromUtf8(entry.line).toUtf8() != entry.line)
+        reason = QStringLiteral("bytes that are no text");
+    for (const char sign : entry.line) {
+        if (uchar(sign) < ' ')
+            reason = QStringLiteral("a control character");
+    }
+    if (reason.isEmpty() && !CommandTable::instance().find(accessOf(entry), entry.line).entry)
+        reason = QStringLiteral("a command that the controller does not know");
+    for (const QByteArray &word : entry.line.split(' ')) {
+        // Names stand in double quotes and may be anything.
+        if (word.startsWith('"'))
+            break;
+        if (word == "nan" || word == "-nan" || word == "inf" || word == "-inf")
+            reason = QStringLiteral("no number");
+    }
+    return reason.isEmpty() ? QString()
+                            : QStringLiteral("expected a well-formed command, found %1: \"%2\"")
+                                      .arg(reason, QString::fromUtf8(entry.line));
+}

@@ -1,0 +1,79 @@
+#include "LineRunner.h"
+
+#include "ScriptCommand.h"
+#include "WorkbenchSession.h"
+
+#include <QTimer>
+
+namespace {
+
+// Queued calls of one line's work are delivered before a timer fires, those that they cause in turn
+// one round later.
+constexpr int settlingRounds = 3;
+
+} // namespace
+
+LineRunner::LineRunner(const ScriptContext &context, QObject *parent)
+    : QObject(parent), m_context(context)
+{
+}
+
+void LineRunner::start()
+{
+    scheduleNext(settlingRounds);
+}
+
+void LineRunner::scheduleNext(int hops)
+{
+    QTimer::singleShot(1, this, [this, hops] {
+        if (m_finished)
+            return;
+        m_heldNs = qMax(m_heldNs, m_clock.isValid() ? m_clock.nsecsElapsed() : 0);
+        m_clock.start();
+        if (hops > 1)
+            scheduleNext(hops - 1);
+        else
+            runNext();
+    });
+}
+
+void LineRunner::runNext()
+{
+    const QString outcome = checkOutcome();
+    if (!outcome.isEmpty()) {
+        finish(outcome);
+        return;
+    }
+    if (clearTheWay()) {
+        scheduleNext(settlingRounds);
+        return;
+    }
+    Script::Line line;
+    if (!takeLine(&line)) {
+        finish(checkEnd());
+        return;
+    }
+    ++m_context.linesStarted;
+    m_context.operationsAtLine = m_context.session->io()->operationCount();
+    int nameLength = 0;
+    const ScriptCommand *command = ScriptCommands::find(line.words, &nameLength);
+    // A line that opens a dialog returns only when it closes; the next one is waiting for it
+    // already.
+    scheduleNext(settlingRounds);
+    m_heldNs = 0;
+    emit lineStarted(placeOf(line));
+    m_clock.start();
+    const QString problem = command->run(m_context, line.words.mid(nameLength));
+    if (problem.isEmpty() || m_finished)
+        return;
+    const QString judged = judge(line, problem);
+    if (!judged.isEmpty())
+        finish(judged);
+}
+
+void LineRunner::finish(const QString &failure)
+{
+    m_finished = true;
+    m_failure = failure;
+    emit finished(failure.isEmpty());
+}
