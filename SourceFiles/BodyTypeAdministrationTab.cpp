@@ -1,262 +1,81 @@
 #include "BodyTypeAdministrationTab.h"
 
-#include "bodies/bodycommands.h"
-#include "bodynumber.h"
-#include "filterdialog.h"
-#include "support/fillguard.h"
-#include "support/userquestion.h"
+#include "support/modulerequests.h"
+#include "support/timerpause.h"
 #include "targetlibrary.h"
 #include "targets/target.h"
 
-#include <QAbstractItemDelegate>
-#include <QComboBox>
-#include <QHeaderView>
 #include <QLabel>
-#include <QSignalBlocker>
+#include <QPointer>
 #include <QSpinBox>
 #include <QTableWidget>
 #include <QTimer>
 
 using UserQuestion::Answer;
+using Tab = BodyTypeAdministrationTab;
 
 BodyTypeAdministrationTab::BodyTypeAdministrationTab(IOManager *manager, QWidget *parent,
                                                      BackendVersions *versions,
                                                      const QString &moduleVersion,
                                                      Targetlibrary *library)
     : QWidget(parent),
+      BodyRecords(ControllerLink(manager, versions)),
       iom(manager),
       beVers(versions),
       m_module_version(moduleVersion),
-      icon_ok(QStringLiteral(":/green.png")),
-      icon_not_cal(QStringLiteral(":/red.png")),
-      icon_yellow_hook(QStringLiteral(":/yellow.png")),
-      icon_cross(QStringLiteral(":/118.png")),
-      icon_reset(QStringLiteral(":/48.png")),
       targetlib(library),
       timerDoMea_tl(new QTimer(this)),
       timerCheckForTracked_tl(new QTimer(this)),
-      m_link(manager, versions),
-      m_reader(m_link),
-      m_assignment(m_link, library),
-      m_tableIcons(std::make_unique<BodyTableIcons>(icon_ok, icon_not_cal, icon_yellow_hook,
-                                                    icon_cross, icon_reset)),
-      m_search(m_link, timerDoMea_tl, timerCheckForTracked_tl)
+      m_search(link(), timerDoMea_tl, timerCheckForTracked_tl)
 {
     timerDoMea_tl->setObjectName(QStringLiteral("timerDoMea_tl"));
     timerCheckForTracked_tl->setObjectName(QStringLiteral("timerCheckForTracked_tl"));
-    connect(timerDoMea_tl, &QTimer::timeout, this, &BodyTypeAdministrationTab::doMeasurement_tl);
-    connect(timerCheckForTracked_tl, &QTimer::timeout, this,
-            &BodyTypeAdministrationTab::updateTrackedAndAcceptStatus_tl);
+    connect(timerDoMea_tl, &QTimer::timeout, this, &Tab::doMeasurement_tl);
+    connect(timerCheckForTracked_tl, &QTimer::timeout, this, &Tab::updateTrackedAndAcceptStatus_tl);
+    const BodyTableInput *input = &m_input;
+    connect(input, &BodyTableInput::currentBodyChanged, this, &Tab::takeCurrentBody);
+    connect(input, &BodyTableInput::activeToggled, this, &Tab::setBodyActive);
+    connect(input, &BodyTableInput::referenceToggled, this, &Tab::setBodyReference);
+    connect(input, &BodyTableInput::bodyActedOn, this, &Tab::selection_changed);
+    connect(input, &BodyTableInput::nameEntered, this, &Tab::takeName);
+    connect(input, &BodyTableInput::countEntered, this, &Tab::takeCount);
+    connect(input, &BodyTableInput::filterPressed, this, &Tab::editFilter);
+    connect(input, &BodyTableInput::deletePressed, this, &Tab::deleteAndRefresh);
+    connect(input, &BodyTableInput::resetPressed, this, &Tab::resetBody);
 }
 
 BodyTypeAdministrationTab::~BodyTypeAdministrationTab() = default;
 
-// Registry
-
-AdminBodyType *BodyTypeAdministrationTab::recordOf(const QString &type)
-{
-    const auto found = bodytypes.find(type);
-    return found == bodytypes.end() ? nullptr : &found.value();
-}
-
-const AdminBodyType *BodyTypeAdministrationTab::record(const QString &type) const
-{
-    const auto found = bodytypes.constFind(type);
-    return found == bodytypes.constEnd() ? nullptr : &found.value();
-}
-
-const AdminBody *BodyTypeAdministrationTab::bodyOf(const QString &type, int index) const
-{
-    const AdminBodyType *known = record(type);
-    return known && known->isValidIndex(index) ? &known->bodies.at(index) : nullptr;
-}
-
-QString BodyTypeAdministrationTab::typeOfTable(const QObject *table) const
-{
-    for (auto type = bodytypes.constBegin(); type != bodytypes.constEnd(); ++type) {
-        if (table && type->tableWidget == table)
-            return type.key();
-    }
-    return {};
-}
-
-void BodyTypeAdministrationTab::registerBodyType(const QString &type)
-{
-    AdminBodyType fresh;
-    m_reader.readType(fresh, type);
-    bodytypes.insert(type, fresh);
-}
-
-void BodyTypeAdministrationTab::unregisterBodyType(const QString &type)
-{
-    bodytypes.remove(type);
-}
-
-bool BodyTypeAdministrationTab::isBodyTypeRegistered(const QString &type) const
-{
-    return bodytypes.contains(type);
-}
+// Registration
 
 void BodyTypeAdministrationTab::registerSpinBox(const QString &type, QSpinBox *spinBox)
 {
     bodytypes[type].spinBox = spinBox;
-    // A count that is being typed must not drop bodies with every digit.
-    spinBox->setKeyboardTracking(false);
-    // Nor may a wheel that happens to turn above it.
-    spinBox->setFocusPolicy(Qt::StrongFocus);
-    spinBox->installEventFilter(this);
+    m_input.watchSpinBox(spinBox);
     connect(spinBox, SIGNAL(valueChanged(int)), this, SLOT(ON_spinBox_valueChanged(int)));
-}
-
-void BodyTypeAdministrationTab::registerComboBox(const QString &type, QComboBox *comboBox)
-{
-    bodytypes[type].comboBox = comboBox;
 }
 
 void BodyTypeAdministrationTab::registerTableWidget(const QString &type, QTableWidget *table,
                                                     const QVector<COLUMN_TYPE> &columns,
                                                     const QString &idFormat)
 {
-    AdminBodyType &known = bodytypes[type];
-    known.tableWidget = table;
-    known.tableWidgetColumns = columns;
-    known.tableWidgetColumnIdFormat = idFormat;
-    // A name is changed by a double click and by nothing else.
-    table->setEditTriggers(QAbstractItemView::DoubleClicked);
-    table->setTabKeyNavigation(false);
-    table->installEventFilter(this);
-    connect(table, &QTableWidget::cellClicked, this,
-            &BodyTypeAdministrationTab::ON_tableWidget_cellClicked);
-    connect(table, &QTableWidget::cellDoubleClicked, this,
-            &BodyTypeAdministrationTab::ON_tableWidget_cellDoubleClicked);
+    AdminBodyType &record = bodytypes[type];
+    record.tableWidget = table;
+    record.tableWidgetColumns = columns;
+    record.tableWidgetColumnIdFormat = idFormat;
+    m_input.watchTable(type);
+    connect(table, &QTableWidget::cellClicked, this, &Tab::ON_tableWidget_cellClicked);
+    connect(table, &QTableWidget::cellDoubleClicked, this, &Tab::ON_tableWidget_cellDoubleClicked);
     connect(table, &QTableWidget::currentItemChanged, this,
-            &BodyTypeAdministrationTab::ON_tableWidget_currentItemChanged);
-    connect(table, &QTableWidget::itemChanged, this,
-            &BodyTypeAdministrationTab::ON_tableWidget_itemChanged);
-    const int nameColumn = known.columnOf(COLUMN_TYPE_NAME);
-    if (nameColumn < 0)
-        return;
-    QAbstractItemDelegate *delegate = table->itemDelegateForColumn(nameColumn);
-    connect(delegate ? delegate : table->itemDelegate(), &QAbstractItemDelegate::closeEditor, this,
-            [this, type] {
-                if (AdminBodyType *edited = recordOf(type))
-                    edited->tableWidgetColumnNameStartEdit = false;
-            });
+            &Tab::ON_tableWidget_currentItemChanged);
+    connect(table, &QTableWidget::itemChanged, this, &Tab::ON_tableWidget_itemChanged);
 }
 
-void BodyTypeAdministrationTab::registerTableWidget_tl(const QString &type, QTableWidget *table)
-{
-    bodytypes[type].tableWidget_tl = table;
-}
-
-QString BodyTypeAdministrationTab::getBodyTypeDescription(const QString &type) const
-{
-    const AdminBodyType *known = record(type);
-    return known ? known->typedesc : QString();
-}
-
-QString BodyTypeAdministrationTab::typeLabel(const QString &type) const
-{
-    const QString description = getBodyTypeDescription(type);
-    return description.isEmpty() ? type : description;
-}
-
-bool BodyTypeAdministrationTab::getBodyTypeFilter6dAvailable(const QString &type) const
-{
-    const AdminBodyType *known = record(type);
-    return known && known->filter6dAvailable;
-}
-
-int BodyTypeAdministrationTab::getNumberOfInertialSensors(const QString &type) const
-{
-    const AdminBodyType *known = record(type);
-    return known ? known->numInertialSensors : 0;
-}
-
-int BodyTypeAdministrationTab::getNumberOfBodies(const QString &type) const
-{
-    const AdminBodyType *known = record(type);
-    return known ? known->bodies.size() : 0;
-}
-
-int BodyTypeAdministrationTab::getNumberOfCalibratedBodies(const QString &type) const
-{
-    int calibrated = 0;
-    for (int index = 0; index < getNumberOfBodies(type); ++index)
-        calibrated += isBodyCalibrated(type, index) ? 1 : 0;
-    return calibrated;
-}
-
-bool BodyTypeAdministrationTab::isBodyActive(const QString &type, int index) const
-{
-    const AdminBody *body = bodyOf(type, index);
-    return body && body->active;
-}
-
-bool BodyTypeAdministrationTab::isBodyCalibrated(const QString &type, int index) const
-{
-    const AdminBody *body = bodyOf(type, index);
-    return body && body->calibrated;
-}
-
-bool BodyTypeAdministrationTab::isBodyRecalibrated(const QString &type, int index) const
-{
-    const AdminBody *body = bodyOf(type, index);
-    return body && body->recalibrated;
-}
-
-bool BodyTypeAdministrationTab::hasBodyHandEye(const QString &type, int index) const
-{
-    const AdminBody *body = bodyOf(type, index);
-    return body && body->has_handeye;
-}
-
-bool BodyTypeAdministrationTab::getBodyIsReference(const QString &type, int index) const
-{
-    const AdminBodyType *known = record(type);
-    return known && known->getBodyIsReference(index);
-}
-
-bool BodyTypeAdministrationTab::isBodyReference(const QString &type, int index) const
-{
-    return getBodyIsReference(type, index);
-}
-
-QString BodyTypeAdministrationTab::getBodyDescription(const QString &type, int index) const
-{
-    const AdminBody *body = bodyOf(type, index);
-    return body ? body->desc : QString();
-}
-
-QString BodyTypeAdministrationTab::getBodyTargetlibName(const QString &type, int index) const
-{
-    const AdminBody *body = bodyOf(type, index);
-    return body ? body->tlibName : QString();
-}
-
-QString BodyTypeAdministrationTab::getBodyCalibrationStatus(const QString &type, int index) const
-{
-    const AdminBody *body = bodyOf(type, index);
-    return body ? body->calibrationStatus : QString();
-}
-
-QString BodyTypeAdministrationTab::getBodyInertialSensor(const QString &type, int index) const
-{
-    const AdminBody *body = bodyOf(type, index);
-    return body ? body->inertialSensor : QString();
-}
-
-QString BodyTypeAdministrationTab::getBodyFilter6dPreset(const QString &type, int index) const
-{
-    const AdminBody *body = bodyOf(type, index);
-    return body ? body->filter6dPreset : QString();
-}
-
-// Readers
+// Reading and showing
 
 void BodyTypeAdministrationTab::updateBodyTypesInfo()
 {
-    const QStringList types = bodytypes.keys();
+    const QStringList types = bodytypes.names();
     for (const QString &type : types) {
         updateBodyTypeInfo(type);
         updateNumberOfInertialSensors(type);
@@ -266,92 +85,30 @@ void BodyTypeAdministrationTab::updateBodyTypesInfo()
 
 void BodyTypeAdministrationTab::updateBodyTypeInfo(const QString &type)
 {
-    AdminBodyType *known = recordOf(type);
-    if (!known)
-        return;
-    known->bodies.resize(m_reader.readCount(type));
+    reader().readBodies(bodytypes, type);
     updateBodyTypeSpinBox(type, false);
-    for (int index = 0; index < known->bodies.size(); ++index)
-        updateBodyInfo(type, index);
-    updateNumberOfInertialSensors(type);
-}
-
-void BodyTypeAdministrationTab::updateBodyInfo(const QString &type, int index)
-{
-    if (AdminBodyType *known = recordOf(type))
-        m_reader.readBody(*known, type, index);
-}
-
-void BodyTypeAdministrationTab::updateBodyFilter6dPreset(const QString &type, int index)
-{
-    if (AdminBodyType *known = recordOf(type))
-        m_reader.readFilterSummary(*known, type, index);
-}
-
-void BodyTypeAdministrationTab::updateNumberOfInertialSensors(const QString &type)
-{
-    AdminBodyType *known = recordOf(type);
-    if (!known)
-        return;
-    known->numInertialSensors = 0;
-    for (const AdminBody &body : qAsConst(known->bodies))
-        known->numInertialSensors += body.inertialSensor.isEmpty() ? 0 : 1;
 }
 
 void BodyTypeAdministrationTab::updateBodyTypeSpinBox(const QString &type, bool readMaximum)
 {
-    const AdminBodyType *known = record(type);
-    if (!known || !known->spinBox)
+    QSpinBox *spinBox = bodytypes.type(type).spinBox;
+    if (!spinBox)
         return;
-    const QSignalBlocker silent(known->spinBox);
-    const int limit = readMaximum ? morvek2_getMaxNumberOfBodies(type) : known->spinBox->maximum();
-    // A limit that could not be read must not make the box show fewer bodies than there are.
-    known->spinBox->setRange(0, qMax(limit, known->bodies.size()));
-    known->spinBox->setValue(known->bodies.size());
+    const int limit = readMaximum ? morvek2_getMaxNumberOfBodies(type) : spinBox->maximum();
+    BodyTableFiller::showCount(spinBox, getNumberOfBodies(type), limit);
 }
 
 void BodyTypeAdministrationTab::updateTableWidget(const QString &type)
 {
-    const bool warmupRuleMet = m_reader.isWarmupRuleMet();
-    const AdminBodyType *known = record(type);
-    if (!known || !known->tableWidget)
+    const bool warmupRuleMet = reader().isWarmupRuleMet();
+    if (!bodytypes.type(type).tableWidget)
         return;
-    const FillGuard filling(m_filling);
-    const BodyTableFiller filler(*m_tableIcons, warmupRuleMet, m_is_config_locked);
-    filler.fill(type, *known,
+    const FillGuard filling = m_input.startFilling();
+    const BodyTableFiller filler(m_tableIcons, warmupRuleMet, m_is_config_locked);
+    filler.fill(type, bodytypes.type(type),
                 [this](const QString &cellType, int row, int column, QTableWidgetItem *item) {
                     updateTableWidgetCell(cellType, row, column, item);
                 });
-}
-
-void BodyTypeAdministrationTab::update_tab()
-{
-    const QStringList types = bodytypes.keys();
-    for (const QString &type : types)
-        updateBodyTypeSpinBox(type, true);
-    updateBodyTypesInfo();
-    current_bid = qMin(current_bid, getNumberOfBodies(current_btype) - 1);
-    updateView();
-}
-
-int BodyTypeAdministrationTab::maximumOr(const std::optional<int> &maximum, int defaultMaximum,
-                                         const QString &error) const
-{
-    if (!maximum)
-        m_link.log(error);
-    return maximum.value_or(defaultMaximum);
-}
-
-void BodyTypeAdministrationTab::showLimit(QLabel *label, const QSpinBox *spinBox,
-                                          const QString &text)
-{
-    label->setText(spinBox->value() >= spinBox->maximum() ? text : QString());
-}
-
-void BodyTypeAdministrationTab::bodyRowChosen()
-{
-    activate_pushButton_select();
-    activate_pushButton_deselect();
 }
 
 void BodyTypeAdministrationTab::refreshBody(const QString &type, int index)
@@ -361,40 +118,305 @@ void BodyTypeAdministrationTab::refreshBody(const QString &type, int index)
     updateView();
 }
 
-void BodyTypeAdministrationTab::about_to_exit()
+void BodyTypeAdministrationTab::update_tab()
 {
-    stopAllTimer();
+    const QStringList types = bodytypes.names();
+    for (const QString &type : types)
+        updateBodyTypeSpinBox(type, true);
+    updateBodyTypesInfo();
+    current_bid = qMin(current_bid, getNumberOfBodies(current_btype) - 1);
+    updateView();
 }
 
-void BodyTypeAdministrationTab::ON_activeConfigurationChanged() {}
-void BodyTypeAdministrationTab::updateTableWidgetCell(const QString &, int, int, QTableWidgetItem *)
+void BodyTypeAdministrationTab::refreshTargets()
 {
+    const TabWidgets &widgets = tabWidgets();
+    selectionTableLeft = qMax(0, widgets.bodyTable->currentRow());
+    update_tableWidget_targetlibrary(widgets.targetTable, widgets.type, m_targets.category());
+    selectionTableRight = widgets.targetTable->currentRow();
 }
-void BodyTypeAdministrationTab::saveSelectionOfMtTables() {}
-bool BodyTypeAdministrationTab::mayAssignTarget(const QString &)
+
+void BodyTypeAdministrationTab::refreshBodies()
 {
+    current_btype = mainBodyType();
+    current_bid = selectionTableLeft;
+    BodyTypeAdministrationTab::update_tab();
+    setSelectionOfTables(tabWidgets().bodyTable, tabWidgets().targetTable);
+    resetSearchWidgets();
+}
+
+void BodyTypeAdministrationTab::setSelectionOfTables(QTableWidget *bodyTable, QTableWidget *tlTable)
+{
+    BodyTableFiller::restoreRow(bodyTable, selectionTableLeft);
+    BodyTableFiller::restoreRow(tlTable, selectionTableRight, TargetTableFiller::ShortNameColumn);
+}
+
+void BodyTypeAdministrationTab::showLimit(QLabel *label, const QSpinBox *spinBox,
+                                          const QString &text)
+{
+    label->setText(spinBox->value() >= spinBox->maximum() ? text : QString());
+}
+
+// What the operator wants
+
+void BodyTypeAdministrationTab::takeCurrentBody(const QString &type, int index)
+{
+    current_btype = type;
+    current_bid = index;
+    emit selection_changed(type, index);
+}
+
+void BodyTypeAdministrationTab::takeName(const QString &type, int index, const QString &name)
+{
+    setBodyDescription(type, index, name);
+    updateTableWidget(type);
+    updateView();
+}
+
+void BodyTypeAdministrationTab::takeCount(const QString &type, int count)
+{
+    const QPointer<QWidget> self(this);
+    setNumberOfBodies(type, count);
+    if (self)
+        updateCalStatusTablewidgetTl(type);
+}
+
+void BodyTypeAdministrationTab::editFilter(const QString &type, int index)
+{
+    if (!getBodyTypeFilter6dAvailable(type) || !isBodyCalibrated(type, index))
+        return;
+    if (!openFilterDialog(type == QLatin1String("standard") ? 0 : 1, index))
+        return;
+    updateBodyFilter6dPreset(type, index);
+    updateTableWidget(type);
+}
+
+void BodyTypeAdministrationTab::deleteAndRefresh(const QString &type, int index)
+{
+    const QPointer<QWidget> self(this);
+    deleteBodyAndUpdateTlCalibratedOfTarget(type, index);
+    if (self)
+        update_tab();
+}
+
+void BodyTypeAdministrationTab::requestBodyCalibration()
+{
+    const int row = tabWidgets().bodyTable->currentRow();
+    if (row < 0)
+        return;
+    window()->hide();
+    ModuleRequests(link()).calibrateBody(mainBodyType(), row);
+}
+
+// Changing bodies
+
+void BodyTypeAdministrationTab::setNumberOfBodies(const QString &type, int count)
+{
+    const int asked = getNumberOfBodies(type);
+    if (!isBodyTypeRegistered(type) || count == asked)
+        return;
+    const QPointer<QWidget> self(this);
+    checkForReferenceDisabeledAndResetIfNec(count, asked, type);
+    if (!self || count == asked)
+        return;
+    morvek2_setNumberOfBodies(type, count);
+    reader().readBodies(bodytypes, type, asked);
+    updateBodyTypeSpinBox(type, false);
+    if (current_btype == type)
+        current_bid = qMin(current_bid, getNumberOfBodies(type) - 1);
+    emit selection_changed(current_btype, current_bid);
+    updateTableWidget(type);
+    updateView();
+}
+
+void BodyTypeAdministrationTab::checkForReferenceDisabeledAndResetIfNec(int &newCount, int oldCount,
+                                                                        const QString &type)
+{
+    // Only the last body is examined, also when several are dropped at once.
+    if (type != QLatin1String("standard") || newCount >= oldCount
+        || !getBodyIsReference(type, oldCount - 1)
+        || m_questions.confirmReferenceDropped(type, oldCount - 1) != Answer::Declined)
+        return;
+    newCount = oldCount;
+    updateBodyTypeSpinBox(type, false);
+}
+
+void BodyTypeAdministrationTab::setBodyActive(const QString &type, int index, bool active)
+{
+    if (!bodytypes.hasBody(type, index))
+        return;
+    if (link().protocolAtLeast(1, 11))
+        morvek2_setBodyActive(type, index, active);
+    updateBodyInfo(type, index);
+    updateTableWidget(type);
+}
+
+void BodyTypeAdministrationTab::setBodyDescription(const QString &type, int index,
+                                                   const QString &text)
+{
+    if (link().protocolAtLeast(0, 16))
+        morvek2_setBodyDescription(type, index, text);
+    updateBodyInfo(type, index);
+}
+
+void BodyTypeAdministrationTab::setBodyReference(const QString &type, int index, bool reference)
+{
+    const bool refused = reference && !isBodyActive(type, index);
+    if (refused && !m_questions.showInactiveReference())
+        return;
+    if (!refused && link().protocolAtLeast(1, 24))
+        morvek2_setBodyIsReference(type, index, reference);
+    // Another body loses the mark, so one body read again would not do.
+    for (int other = 0; !refused && other < getNumberOfBodies(type); ++other)
+        updateBodyInfo(type, other);
+    updateTableWidget(type);
+}
+
+bool BodyTypeAdministrationTab::refreshAfter(const QString &type, int index,
+                                             BodyActions::Outcome outcome)
+{
+    if (outcome != BodyActions::Outcome::Left)
+        refreshBody(type, index);
+    return outcome == BodyActions::Outcome::Done;
+}
+
+bool BodyTypeAdministrationTab::switchBody(const QString &type, int index, int otherIndex)
+{
+    if (!link().protocolAtLeast(1, 11)
+        || m_actions.exchange(type, index, otherIndex) != BodyActions::Outcome::Done)
+        return false;
+    updateBodyInfo(type, index);
+    refreshBody(type, otherIndex);
     return true;
 }
-void BodyTypeAdministrationTab::targetAssigned(const QString &) {}
 
-// Button rules of the dialog
-
-bool BodyTypeAdministrationTab::is_bodycal_possible()
+void BodyTypeAdministrationTab::switchGlobalFilterOn(const QString &type)
 {
-    return !m_is_config_locked && current_bid != -1;
+    if (link().protocolAtLeast(1, 12) && !m_is_config_locked && reader().isGlobalFilterOff(type))
+        commands().switchGlobalFilterOn(type);
 }
 
-bool BodyTypeAdministrationTab::is_bodyadjustment_possible()
+// Targets and their assignment
+
+void BodyTypeAdministrationTab::on_pushButton_select_clicked()
 {
-    return !m_is_config_locked && isBodyCalibrated(current_btype, current_bid);
+    if (!m_flow.choose(tabWidgets()))
+        return;
+    const AssignmentFlow::Choice choice = m_flow.choice();
+    selectionTableLeft = choice.body.index();
+    selectionTableRight = choice.targetRow;
+    // The list of targets must not change under the questions that follow.
+    const TimerPause pause(timerCheckForTracked_tl);
+    if (!overwriteBodyCalibration(choice.body.name()) || !m_flow.isChoiceUnchanged()
+        || !mayAssignTarget(choice.targetShortName))
+        return;
+    const bool assigned = m_flow.isChoiceUnchanged()
+                          && pushButtonSelectClicked(mainBodyType(), tabWidgets().bodyTable,
+                                                     tabWidgets().targetTable);
+    update_tab();
+    if (assigned)
+        targetAssigned(choice.targetId);
 }
+
+void BodyTypeAdministrationTab::on_pushButton_deselect_clicked()
+{
+    if (tabWidgets().bodyTable->currentRow() < 0)
+        return;
+    const QPointer<QWidget> self(this);
+    pushButtonDeSelectClicked(mainBodyType(), tabWidgets().bodyTable);
+    if (self)
+        update_tab();
+}
+
+void BodyTypeAdministrationTab::pushButtonDeSelectClicked(const QString &type,
+                                                          QTableWidget *bodyTable)
+{
+    if (bodyTable->currentRow() >= 0)
+        deleteBodyAndUpdateTlCalibratedOfTarget(type, bodyTable->currentRow());
+}
+
+void BodyTypeAdministrationTab::deleteBodyAndUpdateTlCalibratedOfTarget(const QString &type,
+                                                                        int index)
+{
+    const QString held = m_assignment.targetOfBody(type, index);
+    const QPointer<QWidget> self(this);
+    deleteBody(type, index);
+    if (self && !held.isEmpty() && held != QLatin1String("none"))
+        updateTlCalibratedOfTarget(targetlib->getTidFromShortname(held));
+}
+
+void BodyTypeAdministrationTab::updateCalStatusTablewidgetTl(const QString &type)
+{
+    QTableWidget *own = bodytypes.type(type).tableWidget_tl;
+    if (QTableWidget *table = own ? own : tabWidgets().targetTable)
+        m_targets.refreshUsed(table, type);
+}
+
+void BodyTypeAdministrationTab::categoryChosen(const QString &group)
+{
+    m_targets.refreshUsedInCategory(group);
+    update_tableWidget_targetlibrary(tabWidgets().targetTable, mainBodyType(),
+                                     m_targets.category());
+    rowChosen();
+}
+
+// Search run
+
+void BodyTypeAdministrationTab::on_pushButton_start_clicked()
+{
+    if (tabWidgets().category)
+        set_comboBox_filter_to(TargetTableFiller::foundTargets());
+    if (!m_search.canStart())
+        return;
+    m_search.showRunning();
+    activate_pushButton_start();
+    activate_pushButton_stop();
+    enableControls(false);
+    m_search.start();
+}
+
+void BodyTypeAdministrationTab::on_pushButton_stop_clicked()
+{
+    m_search.cancel();
+    m_search.showIdle();
+    const QPointer<QWidget> self(this);
+    showMessageFoundTargets_tl(numTracked_tl);
+    if (self)
+        m_search.startTracking();
+}
+
+void BodyTypeAdministrationTab::doMeasurement_tl()
+{
+    const TargetSearchRun::Step step = m_search.poll();
+    if (step == TargetSearchRun::Step::Searching)
+        return updateTrackedAndAcceptStatus_tl();
+    const QPointer<QWidget> self(this);
+    if (step == TargetSearchRun::Step::Ended)
+        showMessageFoundTargets_tl(numTracked_tl = getTrackedTargets());
+    if (!self)
+        return;
+    m_search.showIdle();
+    m_search.startTracking();
+}
+
+void BodyTypeAdministrationTab::updateTrackedAndAcceptStatus_tl()
+{
+    int alreadyUsed = 0;
+    if (m_targets.showsFoundTargets()) {
+        updateTlTrackedStatus(mainBodyType());
+        update_tableWidget_targetlibrary(tabWidgets().targetTable, mainBodyType(),
+                                         TargetTableFiller::foundTargets());
+    }
+    do_updateTrackedAndAcceptStatus_tl(tabWidgets().targetTable, numTracked_tl, alreadyUsed);
+    m_search.showCounts(numTracked_tl, alreadyUsed);
+}
+
+// Button rules
 
 bool BodyTypeAdministrationTab::is_filter6d_possible()
 {
-    if (m_is_config_locked || bodytypes.isEmpty())
-        return false;
-    const QString type = bodytypes.firstKey();
-    return getBodyTypeFilter6dAvailable(type) && getNumberOfBodies(type) > 0
+    const QString type = bodytypes.names().value(0);
+    return !m_is_config_locked && getBodyTypeFilter6dAvailable(type)
            && getNumberOfCalibratedBodies(type) > 0 && isBodyCalibrated(type, current_bid);
 }
 
@@ -406,42 +428,22 @@ bool BodyTypeAdministrationTab::is_hybridbodycalibration_possible()
            && is_hybridbodycalibration_available(current_btype, current_bid);
 }
 
-bool BodyTypeAdministrationTab::is_hybridbodycalibration_available(const QString &type, int index)
-{
-    if (index < 0 || type.isEmpty())
-        return false;
-    const auto available = m_link.flag("inertial available");
-    if (!available)
-        m_link.log(tr("Error: Unable to get availability of inertial sensors"));
-    if (!available.value_or(false))
-        return false;
-    const auto sensor = m_link.text("body inertial_sensor %s b%02d",
-                                    ControllerLink::argument(type).constData(), index + 1);
-    if (!sensor) {
-        m_link.log(tr("Error: Unable to get inertial sensor of body %1 b%2")
-                           .arg(type, bodyNumber(index)));
-        return false;
-    }
-    if (*sensor == QLatin1String("none"))
-        return false;
-    const auto present = m_link.flag("inertial sensor_present %s",
-                                     ControllerLink::argument(*sensor).constData());
-    if (!present)
-        m_link.log(tr("Error: Unable to get presence of inertial sensor %1").arg(*sensor));
-    return present.value_or(false);
-}
-
 void BodyTypeAdministrationTab::setConfigLockedStatus(bool locked)
 {
     const bool changed = locked != m_is_config_locked;
     m_is_config_locked = locked;
-    if (!tabWidgets().bodyTable)
-        return;
+    bodytypes.setLocked(locked);
     m_search.setConfigLocked(locked);
     if (!changed || !isVisible())
         return;
-    const QStringList types = bodytypes.keys();
+    const QStringList types = bodytypes.names();
     for (const QString &type : types)
         updateTableWidget(type);
     updateView();
+}
+
+void BodyTypeAdministrationTab::ON_tableWidget_cellClicked(int row, int column)
+{
+    m_input.cellClicked(sender(), row, column);
+    saveSelectionOfMtTables();
 }

@@ -5,12 +5,12 @@
 #include "BackendVersions.h"
 #include "BodyTypeAdministrationTab.h"
 #include "bodyadminmessagereceiver.h"
-#include "bodynumber.h"
-#include "filterdialog.h"
 #include "fingertrackingadministration.h"
 #include "joywandadministration.h"
 #include "mtadministration.h"
 #include "standardadministration.h"
+#include "support/filterdialogrun.h"
+#include "support/modulerequests.h"
 #include "support/moduleversion.h"
 #include "targetlibrary.h"
 
@@ -301,9 +301,7 @@ void BodyAdministrationDlg::on_pushButton_calibration_clicked()
     if (!hasCurrentBody())
         return;
     hide();
-    m_link.post(
-            "BodyCalModule",
-            QStringLiteral("OpenBodyCalDialog %1 b%2").arg(current_btype, bodyNumber(current_bid)));
+    ModuleRequests(m_link).calibrateBody(current_btype, current_bid);
 }
 
 void BodyAdministrationDlg::on_pushButton_hybridCalibration_clicked()
@@ -312,9 +310,7 @@ void BodyAdministrationDlg::on_pushButton_hybridCalibration_clicked()
         return;
     const QString status = currentTab()->getBodyCalibrationStatus(current_btype, current_bid);
     hide();
-    m_link.post("HybridBodyCalibration",
-                QStringLiteral("OpenHybridBodyCalibration %1|%2|%3")
-                        .arg(current_btype, QString::number(current_bid + 1), status));
+    ModuleRequests(m_link).calibrateHybrid(current_btype, current_bid, status);
 }
 
 void BodyAdministrationDlg::on_pushButton_body_adjustment_clicked()
@@ -324,20 +320,12 @@ void BodyAdministrationDlg::on_pushButton_body_adjustment_clicked()
     const bool calibrated = currentTab()->getBodyCalibrationStatus(current_btype, current_bid)
                             != QLatin1String("not calibrated");
     hide();
-    m_link.post("BodyAdjustmentModule",
-                QStringLiteral("OpenBodyAdjustmentDialog %1|%2|%3")
-                        .arg(current_btype, QString::number(current_bid + 1),
-                             calibrated ? QStringLiteral("calibrated")
-                                        : QStringLiteral("uncalibrated")));
+    ModuleRequests(m_link).adjustBody(current_btype, current_bid, calibrated);
 }
 
 void BodyAdministrationDlg::on_pushButton_filter_clicked()
 {
-    const QPointer<BodyAdministrationDlg> self(this);
-    const QPointer<FilterDialog> dialog = new FilterDialog(iom, this, beVers);
-    dialog->update_and_exec(m_current_tab, getCurrentBodyindex(m_current_tab));
-    delete dialog;
-    if (self) {
+    if (runFilterDialog(this, iom, beVers, m_current_tab, getCurrentBodyindex(m_current_tab))) {
         currentTab()->update_tab();
         applyButtonRules();
     }

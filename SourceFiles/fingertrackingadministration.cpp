@@ -11,15 +11,6 @@ namespace {
 
 const QString handsType = QStringLiteral("fingertracking");
 
-enum HandsColumn {
-    IdColumn,
-    ActiveColumn,
-    NameColumn,
-    CalibrationColumn,
-    DeleteColumn,
-    ResetColumn
-};
-
 } // namespace
 
 FingertrackingAdministration::FingertrackingAdministration(IOManager *manager, QWidget *parent,
@@ -31,18 +22,12 @@ FingertrackingAdministration::FingertrackingAdministration(IOManager *manager, Q
       m_editDelegate(new EditDelegate(this))
 {
     ui->setupUi(this);
-    setTabWidgets({handsType,
-                   ui->tableWidget_fingertracking,
-                   ui->tableWidget_targetlibrary,
-                   ui->pushButton_select,
-                   ui->pushButton_deselect,
-                   ui->pushButton_start,
-                   ui->pushButton_stop,
-                   ui->progressBar,
-                   ui->label_targetlibrary,
-                   nullptr,
-                   {ui->spinBox_hands, ui->pushButton_calibration},
-                   {ui->spinBox_hands, ui->pushButton_calibration}});
+    TabWidgets widgets = commonTabWidgets(*ui);
+    widgets.type = handsType;
+    widgets.bodyTable = ui->tableWidget_fingertracking;
+    widgets.editControls = {ui->spinBox_hands, ui->pushButton_calibration};
+    widgets.searchControls = widgets.editControls;
+    setTabWidgets(widgets);
     setup_fingertracking_table();
     setup_tableWidget_targetlibrary(ui->tableWidget_targetlibrary);
     checkActivateFingertracking();
@@ -78,7 +63,7 @@ bool FingertrackingAdministration::is_fingertracking_available() const
         return true;
     const auto available = link().text("fingertracking available");
     if (!available)
-        link().log(tr("Error: Unable to get availability of hands"));
+        link().log(QStringLiteral("Error: Unable to get availability of hands"));
     return available == QLatin1String("yes");
 }
 
@@ -99,25 +84,26 @@ void FingertrackingAdministration::checkActivateFingertracking()
 
 void FingertrackingAdministration::setup_fingertracking_table()
 {
-    QTableWidget *table = ui->tableWidget_fingertracking;
-    BodyTableFiller::setUp(
-            table,
-            {tr("ID"), tr("Active"), tr("Name"), tr("Calibration"), tr("Delete"), tr("Reset")},
-            NameColumn);
-    table->setItemDelegateForColumn(NameColumn, m_editDelegate);
+    m_columns = {{COLUMN_TYPE_ID, tr("ID")},
+                 {COLUMN_TYPE_ACTIVE, tr("Active")},
+                 {COLUMN_TYPE_NAME, tr("Name"), false, true},
+                 {COLUMN_TYPE_CALIBRATED, tr("Calibration")},
+                 {COLUMN_TYPE_DELETE, tr("Delete")},
+                 {COLUMN_TYPE_RESET, tr("Reset")}};
+    BodyTableFiller::setUp(ui->tableWidget_fingertracking, m_columns);
+    ui->tableWidget_fingertracking->setItemDelegateForColumn(m_columns.ofKind(COLUMN_TYPE_NAME),
+                                                             m_editDelegate);
 }
 
 void FingertrackingAdministration::setupTableWidgetData()
 {
-    registerTableWidget(handsType, ui->tableWidget_fingertracking,
-                        {COLUMN_TYPE_ID, COLUMN_TYPE_ACTIVE, COLUMN_TYPE_NAME,
-                         COLUMN_TYPE_CALIBRATED, COLUMN_TYPE_DELETE, COLUMN_TYPE_RESET},
+    registerTableWidget(handsType, ui->tableWidget_fingertracking, m_columns.kinds(),
                         QStringLiteral("H%1"));
 }
 
 void FingertrackingAdministration::set_table_column_size()
 {
-    BodyTableFiller::sizeColumns(ui->tableWidget_fingertracking, NameColumn);
+    BodyTableFiller::sizeColumns(ui->tableWidget_fingertracking, m_columns);
 }
 
 void FingertrackingAdministration::update_fingertracking_table()
@@ -154,26 +140,17 @@ void FingertrackingAdministration::update_tab()
 
 int FingertrackingAdministration::morvek2_getMaxNumberOfBodies(const QString &type)
 {
-    constexpr int defaultMaximum = 4;
-    if (type != handsType)
-        return 0;
-    return maximumOr(link().count("fingertracking max_number_of_hands"), defaultMaximum,
-                     tr("Error: Unable to get max number of %1 hand bodies").arg(type));
+    return type == handsType ? reader().readMaximum(type) : 0;
 }
 
 bool FingertrackingAdministration::morvek2_setNumberOfBodies(const QString &type, int count)
 {
-    if (type != handsType)
-        return false;
-    const bool done = link().set("fingertracking number_of_hands %d", count);
-    if (!done)
-        link().log(tr("Error: Unable to set number of %1 hand bodies to %2").arg(type).arg(count));
-    return done;
+    return type == handsType && commands().setCount(type, count);
 }
 
 void FingertrackingAdministration::on_tableWidget_fingertracking_itemSelectionChanged()
 {
-    bodyRowChosen();
+    rowChosen();
 }
 
 void FingertrackingAdministration::on_pushButton_calibration_clicked()

@@ -1,6 +1,9 @@
 #pragma once
 
 #include "BodyTypeAdministrationTab.h"
+#include "bodies/bodycolumn.h"
+
+#include <memory>
 
 class EditDelegate;
 class Ui_FingertrackingAdministrationClass;
@@ -40,6 +43,7 @@ private:
     void displayErrorMessage(bool unavailable);
 
     std::unique_ptr<Ui_FingertrackingAdministrationClass> ui;
+    BodyColumns m_columns;
     EditDelegate *m_editDelegate;
     bool m_available = false;
 };

@@ -2,7 +2,6 @@
 
 #include "ui_joywandadministration.h"
 
-#include "bodynumber.h"
 #include "editdelegate.h"
 #include "targetlibrary.h"
 
@@ -15,20 +14,6 @@ const QString joywandType = QStringLiteral("joywand");
 const QString headType = QStringLiteral("multiuserjoywand_head");
 const QString noDevice = QStringLiteral("none");
 
-enum JoywandColumn {
-    IdColumn,
-    ActiveColumn,
-    NameColumn,
-    ModelColumn,
-    SerialColumn,
-    CalibrationColumn,
-    FilterColumn,
-    DeleteColumn,
-    ResetColumn
-};
-
-enum HeadColumn { HeadIdColumn, HeadCalibrationColumn, HeadDeleteColumn, HeadResetColumn };
-
 } // namespace
 
 JoywandAdministration::JoywandAdministration(IOManager *manager, QWidget *parent,
@@ -40,18 +25,13 @@ JoywandAdministration::JoywandAdministration(IOManager *manager, QWidget *parent
 {
     ui->setupUi(this);
     setWhatsThis(tr("Administration of Joywands"));
-    setTabWidgets({joywandType,
-                   ui->tableWidget_joywand,
-                   ui->tableWidget_targetlibrary,
-                   ui->pushButton_select,
-                   ui->pushButton_deselect,
-                   ui->pushButton_start,
-                   ui->pushButton_stop,
-                   ui->progressBar,
-                   ui->label_targetlibrary,
-                   nullptr,
-                   {ui->spinBox_joywands, ui->pushButton_filter, ui->pushButton_calibration},
-                   {ui->spinBox_joywands, ui->pushButton_filter, ui->pushButton_calibration}});
+    TabWidgets widgets = commonTabWidgets(*ui);
+    widgets.type = joywandType;
+    widgets.bodyTable = ui->tableWidget_joywand;
+    widgets.editControls = {ui->spinBox_joywands, ui->pushButton_filter,
+                            ui->pushButton_calibration};
+    widgets.searchControls = widgets.editControls;
+    setTabWidgets(widgets);
     registerBodyType(joywandType);
     registerSpinBox(joywandType, ui->spinBox_joywands);
     // Queued like the count itself, so that the head targets are counted after the devices.
@@ -84,38 +64,39 @@ int JoywandAdministration::getCurrentBodyindex()
 
 void JoywandAdministration::setup_joywand_table()
 {
-    QTableWidget *table = ui->tableWidget_joywand;
-    BodyTableFiller::setUp(table,
-                           {tr("ID"), tr("Active"), tr("Name"), tr("Model"), tr("Serial"),
-                            tr("Calibration"), tr("Filter"), tr("Delete"), tr("Reset")},
-                           NameColumn);
-    table->setItemDelegateForColumn(NameColumn, m_editDelegate);
-    table->setColumnHidden(FilterColumn, !m_filterAvailable);
-    registerTableWidget(joywandType, table,
-                        {COLUMN_TYPE_ID, COLUMN_TYPE_ACTIVE, COLUMN_TYPE_NAME, COLUMN_TYPE_CUSTOM,
-                         COLUMN_TYPE_CUSTOM, COLUMN_TYPE_CALIBRATED, COLUMN_TYPE_FILTER,
-                         COLUMN_TYPE_DELETE, COLUMN_TYPE_RESET},
+    m_columns = {{COLUMN_TYPE_ID, tr("ID")},
+                 {COLUMN_TYPE_ACTIVE, tr("Active")},
+                 {COLUMN_TYPE_NAME, tr("Name"), false, true},
+                 {COLUMN_TYPE_CUSTOM, tr("Model")},
+                 {COLUMN_TYPE_CUSTOM, tr("Serial")},
+                 {COLUMN_TYPE_CALIBRATED, tr("Calibration")},
+                 {COLUMN_TYPE_FILTER, tr("Filter"), !m_filterAvailable},
+                 {COLUMN_TYPE_DELETE, tr("Delete")},
+                 {COLUMN_TYPE_RESET, tr("Reset")}};
+    BodyTableFiller::setUp(ui->tableWidget_joywand, m_columns);
+    ui->tableWidget_joywand->setItemDelegateForColumn(m_columns.ofKind(COLUMN_TYPE_NAME),
+                                                      m_editDelegate);
+    registerTableWidget(joywandType, ui->tableWidget_joywand, m_columns.kinds(),
                         QStringLiteral("F%1"));
 }
 
 void JoywandAdministration::setup_header_table()
 {
     registerBodyType(headType);
-    QTableWidget *table = ui->tableWidget_head;
-    BodyTableFiller::setUp(table, {tr("ID"), tr("Calibration"), tr("Delete"), tr("Reset")},
-                           HeadCalibrationColumn);
-    table->setColumnHidden(HeadResetColumn, true);
-    registerTableWidget(
-            headType, table,
-            {COLUMN_TYPE_ID, COLUMN_TYPE_CALIBRATED, COLUMN_TYPE_DELETE, COLUMN_TYPE_RESET},
-            QStringLiteral("%1"));
+    m_headColumns = {{COLUMN_TYPE_ID, tr("ID")},
+                     {COLUMN_TYPE_CALIBRATED, tr("Calibration"), false, true},
+                     {COLUMN_TYPE_DELETE, tr("Delete")},
+                     {COLUMN_TYPE_RESET, tr("Reset"), true}};
+    BodyTableFiller::setUp(ui->tableWidget_head, m_headColumns);
+    registerTableWidget(headType, ui->tableWidget_head, m_headColumns.kinds(),
+                        QStringLiteral("%1"));
 }
 
 void JoywandAdministration::set_table_column_size()
 {
-    BodyTableFiller::sizeColumns(ui->tableWidget_joywand, NameColumn);
+    BodyTableFiller::sizeColumns(ui->tableWidget_joywand, m_columns);
     if (ui->tableWidget_head->rowCount() > 0)
-        BodyTableFiller::sizeColumns(ui->tableWidget_head, HeadCalibrationColumn);
+        BodyTableFiller::sizeColumns(ui->tableWidget_head, m_headColumns);
 }
 
 void JoywandAdministration::update_joywand_table()
@@ -146,39 +127,22 @@ QString JoywandAdministration::deviceText(int index)
     // Two columns of a row show parts of one answer.
     if (m_deviceIndex != index) {
         m_deviceIndex = index;
-        const auto answer = link().text("joywand device b%2.2d", index + 1);
-        if (!answer)
-            link().log(tr("Error: Unable to get device of joywand b%1").arg(bodyNumber(index)));
-        m_deviceText = answer.value_or(noDevice);
+        m_deviceText = reader().readDevice(index);
     }
     return m_deviceText;
-}
-
-QString JoywandAdministration::modelText(const QString &device) const
-{
-    const QString unknown = tr("unknown");
-    if (!link().protocolAtLeast(1, 3))
-        return unknown;
-    const QString key = device.section(QLatin1Char(' '), 1, 2);
-    const auto model =
-            link().text("qorwpan device_model_desc %s", ControllerLink::argument(key).constData());
-    if (model)
-        return ControllerLink::withoutDoubleQuotes(*model);
-    // Word 1 stands in both places: a habit of the log that its readers know.
-    const QString vendor = device.section(QLatin1Char(' '), 1, 1);
-    link().log(
-            tr("Error: Unable to get model description of vendor %1 model %2").arg(vendor, vendor));
-    return unknown;
 }
 
 void JoywandAdministration::updateTableWidgetCell(const QString &type, int index, int column,
                                                   QTableWidgetItem *item)
 {
-    if (type != joywandType || (column != ModelColumn && column != SerialColumn))
+    const bool isModel = column == m_columns.titled(tr("Model"));
+    if (type != joywandType || (!isModel && column != m_columns.titled(tr("Serial"))))
         return;
     const QString device = deviceText(index);
-    if (column == ModelColumn) {
-        item->setText(device == noDevice ? noDevice : modelText(device));
+    if (isModel) {
+        item->setText(device == noDevice
+                              ? noDevice
+                              : reader().readDeviceModel(device).value_or(tr("unknown")));
         return;
     }
     constexpr int serialLength = 5;
@@ -193,19 +157,12 @@ void JoywandAdministration::updateTableWidgetCell(const QString &type, int index
 
 int JoywandAdministration::morvek2_getMaxNumberOfBodies(const QString &type)
 {
-    constexpr int defaultMaximum = 20;
-    return maximumOr(link().count("joywand max_number_of_devices"), defaultMaximum,
-                     tr("Error: Unable to get max number of %1 bodies").arg(type));
+    return reader().readMaximum(type);
 }
 
 bool JoywandAdministration::morvek2_setNumberOfBodies(const QString &type, int count)
 {
-    if (type != joywandType)
-        return false;
-    const bool done = link().set("joywand number_of_devices %d", count);
-    if (!done)
-        link().log(tr("Error: Unable to set number of %1 bodies to %2").arg(type).arg(count));
-    return done;
+    return type == joywandType && commands().setCount(type, count);
 }
 
 void JoywandAdministration::ON_spinBox_joywands_valueChanged(int count)
@@ -217,9 +174,7 @@ void JoywandAdministration::ON_spinBox_joywands_valueChanged(int count)
 
 void JoywandAdministration::ON_activeConfigurationChanged()
 {
-    switchGlobalFilterOn({"joywand filter", "joywand filter yes",
-                          tr("Error: Unable to get global filter6d status of Joywand bodies"),
-                          tr("Error: Unable to set global filter6d status of Joywand bodies")});
+    switchGlobalFilterOn(joywandType);
 }
 
 // Multi-user mode
@@ -230,19 +185,22 @@ bool JoywandAdministration::is_multiuser_enabled() const
         return false;
     const auto available = link().text("joywand multiuser_available");
     if (!available)
-        link().log(tr("Error: Unable to get info whether multiuser joywand is available"));
+        link().log(
+                QStringLiteral("Error: Unable to get info whether multiuser joywand is available"));
     if (!available || *available == QLatin1String("no"))
         return false;
     if (link().protocolAtLeast(0, 14)) {
         const auto withHead = link().text("joywand multiuser_with_head_available");
         if (!withHead)
-            link().log(tr("Error: Unable to get info multiuser joywand with head available"));
+            link().log(QStringLiteral(
+                    "Error: Unable to get info multiuser joywand with head available"));
         if (!withHead || *withHead == QLatin1String("no"))
             return false;
     }
     const auto enabled = link().text("joywand multiuser");
     if (!enabled)
-        link().log(tr("Error: Unable to get info whether multiuser joywand is activated"));
+        link().log(
+                QStringLiteral("Error: Unable to get info whether multiuser joywand is activated"));
     return enabled && *enabled != QLatin1String("no");
 }
 
@@ -252,8 +210,8 @@ bool JoywandAdministration::is_header_enabled() const
         return false;
     const auto withHead = link().text("joywand multiuser_with_head");
     if (!withHead) {
-        link().log(
-                tr("Error: Unable to get info whether multiuser joywand with head is activated"));
+        link().log(QStringLiteral(
+                "Error: Unable to get info whether multiuser joywand with head is activated"));
     }
     return withHead && *withHead != QLatin1String("no");
 }
@@ -271,7 +229,7 @@ void JoywandAdministration::check_multiuser_header()
 
 void JoywandAdministration::on_tableWidget_joywand_itemSelectionChanged()
 {
-    bodyRowChosen();
+    rowChosen();
 }
 
 void JoywandAdministration::on_pushButton_calibration_clicked()
@@ -281,9 +239,7 @@ void JoywandAdministration::on_pushButton_calibration_clicked()
 
 void JoywandAdministration::on_pushButton_filter_clicked()
 {
-    const QPointer<QWidget> self(this);
-    openFilterDialog(1, ui->tableWidget_joywand->currentRow());
-    if (self)
+    if (openFilterDialog(1, getCurrentBodyindex()))
         update_tab();
 }
 

@@ -1,6 +1,9 @@
 #pragma once
 
 #include "BodyTypeAdministrationTab.h"
+#include "bodies/bodycolumn.h"
+
+#include <memory>
 
 class EditDelegate;
 
@@ -51,9 +54,10 @@ private:
     void update_joywand_table();
     void set_table_column_size();
     QString deviceText(int index);
-    QString modelText(const QString &device) const;
 
     std::unique_ptr<Ui::JoywandAdministrationClass> ui;
+    BodyColumns m_columns;
+    BodyColumns m_headColumns;
     EditDelegate *m_editDelegate;
     bool m_headTableShown = false;
     bool m_filterAvailable = false;

@@ -1,6 +1,9 @@
 #pragma once
 
 #include "BodyTypeAdministrationTab.h"
+#include "bodies/bodycolumn.h"
+
+#include <memory>
 
 class EditDelegate;
 
@@ -52,13 +55,12 @@ private:
     void displayErrorMessage(bool unavailable);
     void restoreSelectionOfMtTables();
     bool deleteCalibrationStandardTargetIfNeeded(const QString &shortName);
-    void update_comboBox_filter();
-    void set_comboBox_filter_to(const QString &group);
     /** Zero-based indexes of the tools measured against that reference, as their table shows. */
     QVector<int> toolsOfReference(int reference) const;
-    bool clearReference(int index, const QVector<int> &tools);
 
     std::unique_ptr<Ui::MtAdministrationClass> ui;
+    BodyColumns m_toolColumns;
+    BodyColumns m_referenceColumns;
     EditDelegate *m_editDelegate;
     bool m_activated = false;
     int m_toolRow = -1;

@@ -16,19 +16,6 @@ namespace {
 
 const QString standardType = QStringLiteral("standard");
 
-enum StandardColumn {
-    IdColumn,
-    ActiveColumn,
-    ReferenceColumn,
-    NameColumn,
-    ModelColumn,
-    DeviceIdColumn,
-    CalibrationColumn,
-    FilterColumn,
-    DeleteColumn,
-    ResetColumn
-};
-
 } // namespace
 
 StandardAdministration::StandardAdministration(IOManager *manager, QWidget *parentWidget,
@@ -41,20 +28,14 @@ StandardAdministration::StandardAdministration(IOManager *manager, QWidget *pare
 {
     ui->setupUi(this);
     setWhatsThis(tr("Administration of standard bodies"));
-    setTabWidgets({standardType,
-                   ui->tableWidget_standard,
-                   ui->tableWidget_targetlibrary,
-                   ui->pushButton_select,
-                   ui->pushButton_deselect,
-                   ui->pushButton_start,
-                   ui->pushButton_stop,
-                   ui->progressBar,
-                   ui->label_targetlibrary,
-                   ui->comboBox_filter,
-                   {ui->spinBox_standard_bodies, ui->pushButton_filter,
-                    ui->pushButton_customCalibration, ui->comboBox_filter},
-                   {ui->spinBox_standard_bodies, ui->pushButton_filter,
-                    ui->pushButton_customCalibration}});
+    TabWidgets widgets = commonTabWidgets(*ui);
+    widgets.type = standardType;
+    widgets.bodyTable = ui->tableWidget_standard;
+    widgets.category = ui->comboBox_filter;
+    widgets.editControls = {ui->spinBox_standard_bodies, ui->pushButton_filter,
+                            ui->pushButton_customCalibration};
+    widgets.searchControls = widgets.editControls + QVector<QWidget *>{ui->comboBox_filter};
+    setTabWidgets(widgets);
     registerBodyType(standardType);
     registerSpinBox(standardType, ui->spinBox_standard_bodies);
     registerComboBox(standardType, ui->comboBox_filter);
@@ -86,32 +67,33 @@ int StandardAdministration::getCurrentBodyindex()
 
 void StandardAdministration::setup_standard_table()
 {
-    QTableWidget *table = ui->tableWidget_standard;
-    BodyTableFiller::setUp(table,
-                           {tr("ID"), tr("Active"), tr("Reference"), tr("Name"), tr("Model"),
-                            tr("Device ID"), tr("Calibration"), tr("Filter"), tr("Delete"),
-                            tr("Reset")},
-                           NameColumn);
-    table->setItemDelegateForColumn(NameColumn, editDelegate);
-    table->setColumnHidden(FilterColumn, !m_is_6dof_filter_available);
-    registerTableWidget(standardType, table,
-                        {COLUMN_TYPE_ID, COLUMN_TYPE_ACTIVE, COLUMN_TYPE_REFERENCE,
-                         COLUMN_TYPE_NAME, COLUMN_TYPE_CUSTOM, COLUMN_TYPE_CUSTOM,
-                         COLUMN_TYPE_CALIBRATED, COLUMN_TYPE_FILTER, COLUMN_TYPE_DELETE,
-                         COLUMN_TYPE_RESET},
+    m_columns = {{COLUMN_TYPE_ID, tr("ID")},
+                 {COLUMN_TYPE_ACTIVE, tr("Active")},
+                 {COLUMN_TYPE_REFERENCE, tr("Reference")},
+                 {COLUMN_TYPE_NAME, tr("Name"), false, true},
+                 {COLUMN_TYPE_CUSTOM, tr("Model")},
+                 {COLUMN_TYPE_CUSTOM, tr("Device ID")},
+                 {COLUMN_TYPE_CALIBRATED, tr("Calibration")},
+                 {COLUMN_TYPE_FILTER, tr("Filter"), !m_is_6dof_filter_available},
+                 {COLUMN_TYPE_DELETE, tr("Delete")},
+                 {COLUMN_TYPE_RESET, tr("Reset")}};
+    BodyTableFiller::setUp(ui->tableWidget_standard, m_columns);
+    ui->tableWidget_standard->setItemDelegateForColumn(m_columns.ofKind(COLUMN_TYPE_NAME),
+                                                       editDelegate);
+    registerTableWidget(standardType, ui->tableWidget_standard, m_columns.kinds(),
                         QStringLiteral("%1"));
 }
 
 void StandardAdministration::set_table_column_size()
 {
-    BodyTableFiller::sizeColumns(ui->tableWidget_standard, NameColumn);
+    BodyTableFiller::sizeColumns(ui->tableWidget_standard, m_columns);
 }
 
 void StandardAdministration::update_standard_table()
 {
     const bool noSensor = getNumberOfInertialSensors(standardType) == 0;
-    ui->tableWidget_standard->setColumnHidden(ModelColumn, noSensor);
-    ui->tableWidget_standard->setColumnHidden(DeviceIdColumn, noSensor);
+    ui->tableWidget_standard->setColumnHidden(m_columns.titled(tr("Model")), noSensor);
+    ui->tableWidget_standard->setColumnHidden(m_columns.titled(tr("Device ID")), noSensor);
     update_label_error();
     emit selection_changed(current_btype, current_bid);
 }
@@ -146,45 +128,29 @@ void StandardAdministration::setConfigLockedStatus(bool locked)
 void StandardAdministration::updateTableWidgetCell(const QString &type, int index, int column,
                                                    QTableWidgetItem *item)
 {
-    if (type != standardType || (column != ModelColumn && column != DeviceIdColumn))
-        return;
+    const bool isModel = column == m_columns.titled(tr("Model"));
     const QString sensor = getBodyInertialSensor(type, index);
-    if (sensor.isEmpty())
+    if (type != standardType || sensor.isEmpty())
         return;
-    if (column == DeviceIdColumn) {
+    if (isModel)
+        item->setText(reader().readSensorModel(sensor));
+    else if (column == m_columns.titled(tr("Device ID")))
         item->setText(sensor.section(QLatin1Char(' '), 2, 2).remove(QLatin1Char('\'')));
-        return;
-    }
-    const QString key = sensor.section(QLatin1Char(' '), 0, 1);
-    const auto model =
-            link().text("inertial sensor_model_desc %s", ControllerLink::argument(key).constData());
-    item->setText(ControllerLink::withoutDoubleQuotes(model.value_or(QString())));
 }
 
 int StandardAdministration::morvek2_getMaxNumberOfBodies(const QString &type)
 {
-    constexpr int defaultMaximum = 4;
-    if (type != standardType)
-        return 0;
-    return maximumOr(link().count("standard max_number_of_bodies"), defaultMaximum,
-                     tr("Error: Unable to get max number of %1 bodies").arg(type));
+    return type == standardType ? reader().readMaximum(type) : 0;
 }
 
 bool StandardAdministration::morvek2_setNumberOfBodies(const QString &type, int count)
 {
-    if (type != standardType)
-        return false;
-    const bool done = link().set("standard number_of_bodies %d", count);
-    if (!done)
-        link().log(tr("Error: Unable to set number of %1 bodies to %2").arg(type).arg(count));
-    return done;
+    return type == standardType && commands().setCount(type, count);
 }
 
 void StandardAdministration::ON_activeConfigurationChanged()
 {
-    switchGlobalFilterOn({"standard filter_bodies", "standard filter_bodies yes",
-                          tr("Error: Unable to get global filter6d status of standard bodies"),
-                          tr("Error: Unable to set global filter6d status of standard bodies")});
+    switchGlobalFilterOn(standardType);
 }
 
 // Moving bodies
@@ -236,20 +202,10 @@ void StandardAdministration::on_tableWidget_standard_itemSelectionChanged()
 {
     update_up_button();
     update_down_button();
-    bodyRowChosen();
+    rowChosen();
 }
 
 // Categories
-
-void StandardAdministration::update_comboBox_filter()
-{
-    fillCategories(ui->comboBox_filter);
-}
-
-void StandardAdministration::set_comboBox_filter_to(const QString &group)
-{
-    selectCategory(group);
-}
 
 void StandardAdministration::on_comboBox_filter_currentIndexChanged(const QString &group)
 {
@@ -262,7 +218,7 @@ int StandardAdministration::getReferenceId() const
 {
     const QTableWidget *table = ui->tableWidget_standard;
     for (int row = 0; row < table->rowCount(); ++row) {
-        const QTableWidgetItem *item = table->item(row, ReferenceColumn);
+        const QTableWidgetItem *item = table->item(row, m_columns.ofKind(COLUMN_TYPE_REFERENCE));
         if (item && item->checkState() == Qt::Checked)
             return row;
     }
@@ -273,8 +229,8 @@ void StandardAdministration::setBodyActive(const QString &type, int index, bool 
 {
     const bool disablesReference = !active && type == standardType && index == getReferenceId();
     if (disablesReference) {
-        const Answer answer = UserQuestion::yesNo(
-                this, tr("MORVEK3"),
+        const Answer answer = questions().confirm(
+                type, index,
                 tr("After deactivating the reference target,\nall targets will not be tracked."),
                 tr("Continue?"));
         if (answer == Answer::Gone)
@@ -302,26 +258,10 @@ void StandardAdministration::targetAssigned(const QString &targetId)
 
 bool StandardAdministration::deleteCalibrationMeatoolReferenceIfNeeded(const QString &shortName)
 {
-    if (shortName.isEmpty())
-        return true;
-    OtherHolders references;
-    references.count = link().count("measurementtool number_of_references").value_or(0);
-    references.targetOfBody = [this](int number) {
-        return link().text("body targetlib_name measurementtool_reference b%02d", number);
-    };
-    references.text = tr("This target is already calibrated as Measurement Tool Reference MR%1.");
-    references.question = tr("Delete the Measurement Tool Reference MR%1?");
-    references.clearBody = [this](int number) {
-        if (!link().set("body number_of_marker measurementtool_reference b%.2d 0", number)) {
-            link().log(tr("Error: Unable to reset markers of Measurement Tool Reference MR%1")
-                               .arg(number));
-        }
-        if (!link().set("body desc measurementtool_reference b%.2d \"\"", number)) {
-            link().log(tr("Error: Unable to reset description of Measurement Tool Reference MR%1")
-                               .arg(number));
-        }
-    };
-    return takeTargetFromOthers(shortName, references);
+    return assignmentFlow().takeFromOtherType(
+            QStringLiteral("measurementtool_reference"), shortName,
+            tr("This target is already calibrated as Measurement Tool Reference MR%1."),
+            tr("Delete the Measurement Tool Reference MR%1?"));
 }
 
 void StandardAdministration::warnforRecalibrationIfGlassesTarget(const QString &targetId)
@@ -343,9 +283,7 @@ void StandardAdministration::on_pushButton_customCalibration_clicked()
 
 void StandardAdministration::on_pushButton_filter_clicked()
 {
-    const QPointer<QWidget> self(this);
-    openFilterDialog(0, ui->tableWidget_standard->currentRow());
-    if (self)
+    if (openFilterDialog(0, getCurrentBodyindex()))
         update_tab();
 }
 

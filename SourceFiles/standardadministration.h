@@ -1,6 +1,9 @@
 #pragma once
 
 #include "BodyTypeAdministrationTab.h"
+#include "bodies/bodycolumn.h"
+
+#include <memory>
 
 class EditDelegate;
 class Ui_StandardAdministrationClass;
@@ -52,14 +55,13 @@ private:
     void update_label_error();
     void update_up_button();
     void update_down_button();
-    void update_comboBox_filter();
-    void set_comboBox_filter_to(const QString &group);
     void warnforRecalibrationIfGlassesTarget(const QString &targetId);
     bool deleteCalibrationMeatoolReferenceIfNeeded(const QString &shortName);
     int selectedRow() const;
     void moveBody(int offset);
 
     std::unique_ptr<Ui_StandardAdministrationClass> ui;
+    BodyColumns m_columns;
     QWidget *parent;
     EditDelegate *editDelegate;
     QComboBox *combo = nullptr;

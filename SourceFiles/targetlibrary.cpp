@@ -23,14 +23,14 @@ void Targetlibrary::readTarget(int number)
     const QByteArray tidWord = ControllerLink::argument(tid);
     const auto name = m_link.text("targetlib target_name %s", tidWord.constData());
     if (!name) {
-        m_link.log(tr("Error: Unable to get target name"));
+        m_link.log(QStringLiteral("Error: Unable to get target name"));
         return;
     }
     const QString calibrated = m_link.text("targetlib target_status_calibrated t%02d", number)
                                        .value_or(QStringLiteral("none"));
     const auto bodyType = m_link.text("targetlib target_bodytype %s", tidWord.constData());
     if (!bodyType)
-        m_link.log(tr("Error: Unable to get body type"));
+        m_link.log(QStringLiteral("Error: Unable to get body type"));
     auto *target = new Target(this);
     target->setId(tid);
     target->setShortName(name->section(QLatin1Char(' '), 0, 0).remove(QLatin1Char('\'')));
@@ -46,7 +46,7 @@ void Targetlibrary::fillGroupOfTargetMap()
     for (int group = 1; group <= groups; ++group) {
         const auto name = m_link.text("targetlib group_name g%02d", group);
         if (!name) {
-            m_link.log(tr("Error: Unable to get group name"));
+            m_link.log(QStringLiteral("Error: Unable to get group name"));
             continue;
         }
         const int members =

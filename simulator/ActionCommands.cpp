@@ -105,7 +105,7 @@ QVector<CommandEntry> actionCommands()
              "TargetSearchRun", stopSearch},
             {Access::Action, "morvek2 body calibrate_from_targetlib TYPE bNN NAME", 0, 1, true,
              "gives the body the geometry of a target, by number word or short name",
-             "BodyCommands, TargetAssignment", calibrateFromLibrary},
+             "BodyCommands", calibrateFromLibrary},
             {Access::Action, "morvek2 body switch TYPE bNN TYPE bNN", 1, 11, true,
              "exchanges two bodies of a type", "BodyCommands", switchBodies},
             {Access::Action, "morvek2 targetlib check_custom_calibration", 0, 1, false,

@@ -154,7 +154,7 @@ QVector<CommandEntry> bodyFilterCommands()
              read<&BodyState::filterPreset>},
             {Access::Set, "body filter6d_preset TYPE bNN NAME", 1, 12, true,
              "chooses a preset, which brings its strength, prediction and mode",
-             "BodyCommands, FilterDialog, MtAdministration", setPreset},
+             "BodyCommands, FilterDialog", setPreset},
             {Access::Get, "body filter6d_preset_available TYPE bNN NAME", 1, 21, false,
              "the preset may be chosen for the body", "BodyCommands, FilterDialog",
              presetAvailable},

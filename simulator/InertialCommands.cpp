@@ -102,7 +102,7 @@ QVector<CommandEntry> inertialCommands()
 {
     return {
             {Access::Get, "inertial available", 1, 12, false, "inertial sensors can be used",
-             "BodyReader, BodyTypeAdministrationTab", available},
+             "BodyReader", available},
             {Access::Get, "inertial warmup", 1, 12, false, "the sensors are warming up",
              "BodyReader, BodyCommands", warmup},
             {Access::Set, "inertial warmup VALUE", 1, 12, false, "starts or stops the warm-up",
@@ -118,9 +118,9 @@ QVector<CommandEntry> inertialCommands()
              bodyOfSensor},
             {Access::Get, "inertial sensor_model_desc SENSOR", 1, 12, false,
              "name of the sensor's model for people, in double quotes; vendor and model suffice",
-             "StandardAdministration, TrackingPulse", modelDescription},
+             "BodyReader, TrackingPulse", modelDescription},
             {Access::Get, "inertial sensor_present SENSOR", 1, 12, false, "the sensor is connected",
-             "BodyTypeAdministrationTab", present},
+             "BodyReader", present},
             {Access::Get, "inertial sensor_has_storage SENSOR", 1, 21, false,
              "the sensor keeps its hand-eye calibration itself", "BodyCommands", hasStorage},
             {Access::Get, "inertial sensor_handeye SENSOR", 1, 12, false,

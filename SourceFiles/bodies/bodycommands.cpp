@@ -1,15 +1,123 @@
 #include "bodies/bodycommands.h"
 
 #include "bodies/adminbodytype.h"
+#include "bodynumber.h"
+
+namespace {
+
+const QLatin1String standardType("standard");
+
+/** The commands that set numbers of bodies, which are worded by type. */
+struct CountCommand {
+    QLatin1String type;
+    const char *words;
+};
+
+const CountCommand countCommands[] = {
+        {standardType, "standard number_of_bodies"},
+        {QLatin1String("joywand"), "joywand number_of_devices"},
+        {QLatin1String("measurementtool"), "measurementtool number_of_tools"},
+        {QLatin1String("measurementtool_reference"), "measurementtool number_of_references"},
+        {QLatin1String("fingertracking"), "fingertracking number_of_hands"},
+};
+
+} // namespace
+
+bool BodyCommands::logged(bool done, const QString &error) const
+{
+    if (!done && !error.isEmpty())
+        m_link.log(error);
+    return done;
+}
+
+bool BodyCommands::setActive(const QString &type, int index, bool active) const
+{
+    return logged(m_link.set("body active %s b%02d %s", ControllerLink::argument(type).constData(),
+                             index + 1, active ? "yes" : "no"),
+                  QStringLiteral("Error: Unable to set activeness of body %1 b%2")
+                          .arg(type, bodyNumber(index)));
+}
+
+bool BodyCommands::setDescription(const QString &type, int index, const QString &text) const
+{
+    return logged(m_link.set("body desc %s b%02d \"%s\"",
+                             ControllerLink::argument(type).constData(), index + 1,
+                             ControllerLink::argument(text).constData()),
+                  QStringLiteral("Error: Unable to set description of body %1 b%2")
+                          .arg(type, bodyNumber(index)));
+}
+
+bool BodyCommands::setReference(const QString &type, int index) const
+{
+    const bool done = type == standardType
+                      && m_link.set("tracking reference %s b%02d",
+                                    ControllerLink::argument(type).constData(), index + 1);
+    return logged(done, QStringLiteral("Error: Unable to set body %1 b%2 as reference body")
+                                .arg(type, bodyNumber(index)));
+}
+
+bool BodyCommands::clearReference() const
+{
+    const auto current = m_link.text("tracking reference");
+    if (current == QLatin1String("none"))
+        return true;
+    // The leading blank belongs to the line.
+    return logged(current && m_link.set(" tracking reference none"),
+                  QStringLiteral("Error: Unable to de-activate the reference body"));
+}
+
+void BodyCommands::resetReference() const
+{
+    const auto current = m_link.text("tracking reference");
+    if (!current) {
+        m_link.log(QStringLiteral("Unable to information of reference body"));
+        return;
+    }
+    if (*current != QLatin1String("none"))
+        logged(m_link.set("tracking reference none"),
+               QStringLiteral("Unable to reset reference body"));
+}
+
+bool BodyCommands::setCount(const QString &type, int count) const
+{
+    const bool hands = type == QLatin1String("fingertracking");
+    const QString error =
+            hands ? QStringLiteral("Error: Unable to set number of %1 hand bodies to %2")
+                  : QStringLiteral("Error: Unable to set number of %1 bodies to %2");
+    for (const CountCommand &command : countCommands) {
+        if (type == command.type)
+            return logged(m_link.set("%s %d", command.words, count), error.arg(type).arg(count));
+    }
+    return false;
+}
+
+void BodyCommands::switchGlobalFilterOn(const QString &type) const
+{
+    const bool standard = type == standardType;
+    logged(m_link.set("%s yes", standard ? "standard filter_bodies" : "joywand filter"),
+           QStringLiteral("Error: Unable to set global filter6d status of %1 bodies")
+                   .arg(standard ? QStringLiteral("standard") : QStringLiteral("Joywand")));
+}
+
+bool BodyCommands::calibrate(const QString &type, int index, const QString &target,
+                             const QString &error) const
+{
+    return logged(m_link.command("morvek2 body calibrate_from_targetlib %s b%.2d %s",
+                                 ControllerLink::argument(type).constData(), index + 1,
+                                 ControllerLink::argument(target).constData()),
+                  error);
+}
+
+bool BodyCommands::calibrateFromTarget(const QString &type, int index, const QString &target) const
+{
+    return calibrate(type, index, target,
+                     QStringLiteral("Error: Unable to calibrate body from target library"));
+}
 
 bool BodyCommands::resetToLibrary(const QString &type, int index, const QString &target) const
 {
-    const bool done = m_link.command("morvek2 body calibrate_from_targetlib %s b%2.2d %s",
-                                     ControllerLink::argument(type).constData(), index + 1,
-                                     ControllerLink::argument(target).constData());
-    if (!done)
-        m_link.log(QStringLiteral("Error: Unable to reset body from target library"));
-    return done;
+    return calibrate(type, index, target,
+                     QStringLiteral("Error: Unable to reset body from target library"));
 }
 
 BodyCommands::SensorReset BodyCommands::sensorReset(const QString &sensor) const
@@ -64,10 +172,12 @@ bool BodyCommands::resetSensor(const QString &sensor, const SensorReset &reset) 
     return done;
 }
 
-bool BodyCommands::resetFilter(const QString &type, int index) const
+// Clearing slots
+
+bool BodyCommands::resetFilter(const QString &type, int index, FilterReset how) const
 {
     const QByteArray word = ControllerLink::argument(type);
-    if (m_link.protocolAtLeast(1, 21)) {
+    if (how == FilterReset::IfOffered && m_link.protocolAtLeast(1, 21)) {
         const auto available =
                 m_link.flag("body filter6d_preset_available %s b%.2d preset6d_default",
                             word.constData(), index + 1);
@@ -80,32 +190,99 @@ bool BodyCommands::resetFilter(const QString &type, int index) const
                       index + 1);
 }
 
+BodyCommands::DeleteStep BodyCommands::clearSlot(const QString &type, int index,
+                                                 const Clearing &what) const
+{
+    const QByteArray word = ControllerLink::argument(type);
+    const int number = index + 1;
+    DeleteStep failed = DeleteStep::Done;
+    const auto mayGoOn = [&](bool done, DeleteStep step, const QString &error) {
+        if (!logged(done, error) && failed == DeleteStep::Done)
+            failed = step;
+        return failed == DeleteStep::Done || !what.stopsAtFailure;
+    };
+    if (what.filter != FilterReset::None
+        && !mayGoOn(resetFilter(type, index, what.filter), DeleteStep::Filter, what.filterError))
+        return failed;
+    if (what.sensor
+        && !mayGoOn(m_link.set("body inertial_sensor %s b%.2d none", word.constData(), number),
+                    DeleteStep::Sensor, {}))
+        return failed;
+    if (what.markers
+        && !mayGoOn(m_link.set("body number_of_marker %s b%.2d 0", word.constData(), number),
+                    DeleteStep::Markers, what.markersError))
+        return failed;
+    if (what.description) {
+        mayGoOn(m_link.set("body desc %s b%.2d \"\"", word.constData(), number),
+                DeleteStep::Description, what.descriptionError);
+    }
+    return failed;
+}
+
 BodyCommands::DeleteStep BodyCommands::clearBody(const AdminBodyType &record, const QString &type,
                                                  int index) const
 {
     const AdminBody body = record.bodies.at(index);
-    const QByteArray word = ControllerLink::argument(type);
     const bool knowsFilter = m_link.protocolAtLeast(1, 12);
-    if (knowsFilter && record.filter6dAvailable && !resetFilter(type, index))
-        return DeleteStep::Filter;
-    if (knowsFilter && !body.inertialSensor.isEmpty()
-        && !m_link.set("body inertial_sensor %s b%.2d none", word.constData(), index + 1))
-        return DeleteStep::Sensor;
-    if (body.calibrated
-        && !m_link.set("body number_of_marker %s b%.2d 0", word.constData(), index + 1))
-        return DeleteStep::Markers;
-    if (m_link.protocolAtLeast(0, 16)
-        && !m_link.set("body desc %s b%.2d \"\"", word.constData(), index + 1))
-        return DeleteStep::Description;
-    return DeleteStep::Done;
+    Clearing what;
+    if (knowsFilter && record.filter6dAvailable)
+        what.filter = FilterReset::IfOffered;
+    what.sensor = knowsFilter && !body.inertialSensor.isEmpty();
+    what.markers = body.calibrated;
+    what.description = m_link.protocolAtLeast(0, 16);
+    what.stopsAtFailure = true;
+    return clearSlot(type, index, what);
+}
+
+void BodyCommands::freeBody(const QString &type, int index) const
+{
+    Clearing what;
+    what.markersError =
+            QStringLiteral("Unable to reset markers of target %1 %2").arg(type, bodyNumber(index));
+    // The type is in both places: a habit of the log that its readers know.
+    what.descriptionError = QStringLiteral("Unable to reset description of target %1 %1").arg(type);
+    clearSlot(type, index, what);
+}
+
+void BodyCommands::freeOtherHolder(const QString &type, int index) const
+{
+    const bool standard = type == standardType;
+    const QString holder =
+            standard ? QStringLiteral("standard target ID %1").arg(index + 1)
+                     : QStringLiteral("Measurement Tool Reference MR%1").arg(index + 1);
+    Clearing what;
+    what.filter = standard ? FilterReset::Always : FilterReset::None;
+    what.filterError = QStringLiteral("Error: Unable to reset filter6d of %1").arg(holder);
+    what.markersError = QStringLiteral("Error: Unable to reset markers of %1").arg(holder);
+    what.descriptionError = QStringLiteral("Error: Unable to reset description of %1").arg(holder);
+    clearSlot(type, index, what);
+}
+
+bool BodyCommands::clearToolReference(const QString &label, int index,
+                                      const QVector<int> &tools) const
+{
+    Clearing what;
+    what.stopsAtFailure = true;
+    what.markersError =
+            QStringLiteral("Error: Unable to reset markers of %1 %2").arg(label, bodyNumber(index));
+    what.descriptionError =
+            QStringLiteral("Unable to reset description of %1 %2").arg(label, bodyNumber(index));
+    const DeleteStep step = clearSlot(QStringLiteral("measurementtool_reference"), index, what);
+    if (step == DeleteStep::Markers)
+        return false;
+    bool done = step == DeleteStep::Done;
+    // The geometry is gone, so no tool may go on referring to it, whatever became of the name.
+    for (int tool : tools) {
+        done &= logged(m_link.set("measurementtool reference_of_tool b%2.2d none", tool + 1),
+                       QStringLiteral("Error: Unable to set ref. body"));
+    }
+    return done;
 }
 
 bool BodyCommands::switchBodies(const QString &type, int index, int otherIndex) const
 {
     const QByteArray word = ControllerLink::argument(type);
-    const bool done = m_link.command("morvek2 body switch %s b%2.2d %s b%2.2d", word.constData(),
-                                     index + 1, word.constData(), otherIndex + 1);
-    if (!done)
-        m_link.log(QStringLiteral("Error: Unable to switch bodies"));
-    return done;
+    return logged(m_link.command("morvek2 body switch %s b%2.2d %s b%2.2d", word.constData(),
+                                 index + 1, word.constData(), otherIndex + 1),
+                  QStringLiteral("Error: Unable to switch bodies"));
 }

@@ -4,13 +4,17 @@
 
 #include <QString>
 
+#include <optional>
+
 struct AdminBody;
 struct AdminBodyType;
+class BodyRegistry;
 
 /**
- * Reads body types and bodies from the controller into their records. A plain value without
- * widgets. Every failed query is logged, its field keeps its value or gets its default, and reading
- * goes on. Indexes are zero-based.
+ * Every read of body types and bodies. A plain value without widgets. A failed query is logged
+ * unless its comment says otherwise, its field keeps its value or gets its default, and reading
+ * goes on. A body is read into a copy, which is stored only if the record still has a body of its
+ * index. Indexes are zero-based.
  */
 class BodyReader {
 public:
@@ -20,6 +24,8 @@ public:
     void readType(AdminBodyType &record, const QString &type) const;
     /** Number of bodies of the type; 0 when it cannot be read. */
     int readCount(const QString &type) const;
+    /** Reads the count of the type and, from the zero-based `first` on, its bodies. */
+    void readBodies(BodyRegistry &registry, const QString &type, int first = 0) const;
     /** Re-reads every field of one body. */
     void readBody(AdminBodyType &record, const QString &type, int index) const;
     /** Re-builds the summary of one body's 6DOF filter. */
@@ -27,10 +33,33 @@ public:
 
     /** True when the controller has inertial sensors and their warm-up does not run. */
     bool isWarmupRuleMet() const;
+    /** True when the body's inertial sensor is present; false when it cannot be asked. */
+    bool isSensorPresent(const QString &type, int index) const;
+    /** True when the 6DOF filter of all standard bodies or joywand devices is switched off. */
+    bool isGlobalFilterOff(const QString &type) const;
+    /** Largest number of bodies of the type; a default when it cannot be read. */
+    int readMaximum(const QString &type) const;
+
+    /** Number of standard bodies or of tool references; 0, unlogged, when it cannot be read. */
+    int readHolderCount(const QString &type) const;
+    /** Short name of the body's target, or "none"; nothing, unlogged, when it cannot be read. */
+    std::optional<QString> readTargetName(const QString &type, int index) const;
+
+    // What the columns of single tabs show.
+
+    /** Model of an inertial sensor for people; empty, unlogged, when it cannot be read. */
+    QString readSensorModel(const QString &sensor) const;
+    /** One-based number of the reference that a tool is measured against; nothing when none. */
+    std::optional<int> readReferenceOfTool(int index) const;
+    /** The controller's words for a joywand device, or "none". */
+    QString readDevice(int index) const;
+    /** Model of a device, given by readDevice(), for people; nothing when it is unknown. */
+    std::optional<QString> readDeviceModel(const QString &device) const;
 
 private:
     void readCalibration(AdminBody &body, const QString &type, int index) const;
     void readSensor(AdminBody &body, const QString &type, int index) const;
+    void readFilter(AdminBody &body, const QString &type, int index) const;
     bool isReference(int index) const;
     void log(const QString &line, const QString &type, int index) const;
 

@@ -3,6 +3,8 @@
 #include "support/columnsizingpause.h"
 
 #include <QCoreApplication>
+#include <QSignalBlocker>
+#include <QSpinBox>
 #include <QTableWidget>
 
 namespace {
@@ -17,17 +19,23 @@ QIcon disabled(const QIcon &icon, const QIcon &sizes)
 }
 
 /** Puts into `item` what differs in `wanted`. */
-void apply(QTableWidgetItem *item, const QTableWidgetItem &wanted)
+void apply(QTableWidgetItem *item, const QTableWidgetItem &wanted, ColumnSizingPause *pause)
 {
-    if (item->flags() != wanted.flags())
+    if (item->flags() != wanted.flags()) {
+        pause->begin();
         item->setFlags(wanted.flags());
+    }
     for (const int role : {int(Qt::DisplayRole), int(Qt::CheckStateRole),
                            int(Qt::AccessibleTextRole), BodyTableFiller::liveRole}) {
-        if (item->data(role) != wanted.data(role))
-            item->setData(role, wanted.data(role));
+        if (item->data(role) == wanted.data(role))
+            continue;
+        pause->begin();
+        item->setData(role, wanted.data(role));
     }
-    if (item->icon().cacheKey() != wanted.icon().cacheKey())
+    if (item->icon().cacheKey() != wanted.icon().cacheKey()) {
+        pause->begin();
         item->setIcon(wanted.icon());
+    }
 }
 
 } // namespace
@@ -45,35 +53,54 @@ BodyTableIcons::BodyTableIcons(const QIcon &okIcon, const QIcon &notCalibratedIc
 {
 }
 
-void BodyTableFiller::setUp(QTableWidget *table, const QStringList &headers, int stretchedColumn)
+void BodyTableFiller::setUp(QTableWidget *table, const BodyColumns &columns)
 {
-    table->setColumnCount(headers.size());
+    table->setColumnCount(columns.size());
     table->setRowCount(0);
-    table->setHorizontalHeaderLabels(headers);
+    table->setHorizontalHeaderLabels(columns.headers());
     table->horizontalHeader()->setSectionsClickable(false);
     table->horizontalHeader()->setStretchLastSection(true);
     table->verticalHeader()->setVisible(false);
     table->setSelectionMode(QAbstractItemView::SingleSelection);
     table->setSelectionBehavior(QAbstractItemView::SelectRows);
-    sizeColumns(table, stretchedColumn);
+    for (int column = 0; column < columns.size(); ++column)
+        table->setColumnHidden(column, columns.at(column).hidden);
+    sizeColumns(table, columns);
 }
 
-void BodyTableFiller::sizeColumns(QTableWidget *table, int stretchedColumn)
+void BodyTableFiller::sizeColumns(QTableWidget *table, const BodyColumns &columns)
 {
     QHeaderView *header = table->horizontalHeader();
     header->setStretchLastSection(false);
-    for (int column = 0; column < table->columnCount(); ++column) {
-        header->setSectionResizeMode(column, column == stretchedColumn
+    for (int column = 0; column < columns.size(); ++column) {
+        header->setSectionResizeMode(column, columns.at(column).stretched
                                                      ? QHeaderView::Stretch
                                                      : QHeaderView::ResizeToContents);
     }
+}
+
+void BodyTableFiller::showCount(QSpinBox *spinBox, int count, int limit)
+{
+    const QSignalBlocker silent(spinBox);
+    // A limit that could not be read must not make the box show fewer bodies than there are.
+    spinBox->setRange(0, qMax(limit, count));
+    spinBox->setValue(count);
+}
+
+void BodyTableFiller::restoreRow(QTableWidget *table, int row, int column)
+{
+    const int existing = qMin(row, table->rowCount() - 1);
+    if (existing != table->currentRow())
+        table->setCurrentCell(existing, column < 0 ? qMax(0, table->currentColumn()) : column);
 }
 
 void BodyTableFiller::fill(const QString &type, const AdminBodyType &record,
                            const CustomCell &custom) const
 {
     QTableWidget *table = record.tableWidget;
-    const ColumnSizingPause pause(table->horizontalHeader());
+    ColumnSizingPause pause(table->horizontalHeader());
+    if (table->rowCount() != record.bodies.size())
+        pause.begin();
     table->setRowCount(record.bodies.size());
     for (int row = 0; row < record.bodies.size(); ++row) {
         for (int column = 0; column < record.tableWidgetColumns.size(); ++column) {
@@ -81,10 +108,12 @@ void BodyTableFiller::fill(const QString &type, const AdminBodyType &record,
             QTableWidgetItem wanted = cell(kind, record, row);
             if (kind == COLUMN_TYPE_CUSTOM)
                 custom(type, row, column, &wanted);
-            if (QTableWidgetItem *item = table->item(row, column))
-                apply(item, wanted);
-            else
-                table->setItem(row, column, new QTableWidgetItem(wanted));
+            if (QTableWidgetItem *item = table->item(row, column)) {
+                apply(item, wanted, &pause);
+                continue;
+            }
+            pause.begin();
+            table->setItem(row, column, new QTableWidgetItem(wanted));
         }
     }
 }

@@ -1,12 +1,15 @@
 #pragma once
 
 #include "bodies/adminbodytype.h"
+#include "bodies/bodycolumn.h"
 
 #include <QIcon>
 #include <QString>
 #include <QTableWidgetItem>
 
 #include <functional>
+
+class QSpinBox;
 
 /** The status and button icons of the body tables; disabled variants are made once. */
 class BodyTableIcons {
@@ -36,9 +39,17 @@ public:
     static constexpr int liveRole = Qt::UserRole + 1;
 
     /** Columns, headers and selection of an empty body table. */
-    static void setUp(QTableWidget *table, const QStringList &headers, int stretchedColumn);
-    /** Every column as wide as its contents but one, which takes what is left. */
-    static void sizeColumns(QTableWidget *table, int stretchedColumn);
+    static void setUp(QTableWidget *table, const BodyColumns &columns);
+    /** Every column as wide as its contents but those that take what is left. */
+    static void sizeColumns(QTableWidget *table, const BodyColumns &columns);
+
+    /** Shows a number of bodies; a `limit` below it is raised to it. The box emits nothing. */
+    static void showCount(QSpinBox *spinBox, int count, int limit);
+    /**
+     * Makes a row current again after a fill, or the last one when the table became shorter; in the
+     * current column when none is given.
+     */
+    static void restoreRow(QTableWidget *table, int row, int column = -1);
 
     /**
      * @param warmupRuleMet inertial sensors are there and their warm-up does not run

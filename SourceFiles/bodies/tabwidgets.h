@@ -25,3 +25,18 @@ struct TabWidgets {
     QVector<QWidget *> searchControls; ///< disabled while a search runs
     QVector<QWidget *> editControls;   ///< disabled while the configuration is locked
 };
+
+/** The widgets that the forms of all tabs name alike; the others are filled in by the tab. */
+template <typename Form>
+TabWidgets commonTabWidgets(const Form &form)
+{
+    TabWidgets widgets;
+    widgets.targetTable = form.tableWidget_targetlibrary;
+    widgets.select = form.pushButton_select;
+    widgets.deselect = form.pushButton_deselect;
+    widgets.start = form.pushButton_start;
+    widgets.stop = form.pushButton_stop;
+    widgets.progressBar = form.progressBar;
+    widgets.resultLabel = form.label_targetlibrary;
+    return widgets;
+}

@@ -4,20 +4,13 @@
 #include <QVector>
 
 /**
- * Suspends the columns of a table that size themselves to their contents, so that a fill measures
- * them once and not with every cell.
+ * Suspends the columns of a table that size themselves to their contents, from begin() on and for
+ * as long as it lives, so that a fill measures them once and not with every cell. A fill that finds
+ * no difference never begins, and nothing is measured.
  */
 class ColumnSizingPause {
 public:
-    explicit ColumnSizingPause(QHeaderView *header) : m_header(header)
-    {
-        for (int section = 0; section < header->count(); ++section) {
-            if (header->sectionResizeMode(section) != QHeaderView::ResizeToContents)
-                continue;
-            m_sections.append(section);
-            header->setSectionResizeMode(section, QHeaderView::Fixed);
-        }
-    }
+    explicit ColumnSizingPause(QHeaderView *header) : m_header(header) {}
     ~ColumnSizingPause()
     {
         for (int section : qAsConst(m_sections))
@@ -26,7 +19,22 @@ public:
     ColumnSizingPause(const ColumnSizingPause &) = delete;
     ColumnSizingPause &operator=(const ColumnSizingPause &) = delete;
 
+    /** Called before each cell that changes; only the first call does something. */
+    void begin()
+    {
+        if (m_began)
+            return;
+        m_began = true;
+        for (int section = 0; section < m_header->count(); ++section) {
+            if (m_header->sectionResizeMode(section) != QHeaderView::ResizeToContents)
+                continue;
+            m_sections.append(section);
+            m_header->setSectionResizeMode(section, QHeaderView::Fixed);
+        }
+    }
+
 private:
     QHeaderView *m_header;
     QVector<int> m_sections;
+    bool m_began = false;
 };

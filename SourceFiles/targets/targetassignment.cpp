@@ -1,44 +1,30 @@
 #include "targets/targetassignment.h"
 
-#include "bodynumber.h"
+#include "bodies/bodycommands.h"
+#include "bodies/bodyreader.h"
 #include "targetlibrary.h"
 #include "targets/target.h"
 
 bool TargetAssignment::assign(const QString &targetId, const QString &type, int index) const
 {
-    const bool assigned = m_link.command("morvek2 body calibrate_from_targetlib %s b%.2d %s",
-                                         ControllerLink::argument(type).constData(), index + 1,
-                                         ControllerLink::argument(targetId).constData());
-    if (!assigned)
-        m_link.log(QStringLiteral("Error: Unable to calibrate body from target library"));
-    return assigned;
+    return BodyCommands(m_link).calibrateFromTarget(type, index, targetId);
 }
 
 void TargetAssignment::freeElsewhere(const QString &targetShortName, const QString &type,
                                      int receiver, int bodies) const
 {
-    const QByteArray word = ControllerLink::argument(type);
     for (int index = 0; index < bodies; ++index) {
         if (index == receiver)
             continue;
         const QString held = targetOfBody(type, index);
-        if (held != targetShortName || held.isEmpty() || held == QLatin1String("none"))
-            continue;
-        if (!m_link.set("body number_of_marker %s b%02d 0", word.constData(), index + 1)) {
-            m_link.log(QStringLiteral("Unable to reset markers of target %1 %2")
-                               .arg(type, bodyNumber(index)));
-        }
-        if (!m_link.set("body desc %s b%02d \"\"", word.constData(), index + 1)) {
-            // The type stands in both places: a habit of the log that its readers know.
-            m_link.log(QStringLiteral("Unable to reset description of target %1 %1").arg(type));
-        }
+        if (held == targetShortName && !held.isEmpty() && held != QLatin1String("none"))
+            BodyCommands(m_link).freeBody(type, index);
     }
 }
 
 QString TargetAssignment::targetOfBody(const QString &type, int index) const
 {
-    const auto name = m_link.text("body targetlib_name %s b%02d",
-                                  ControllerLink::argument(type).constData(), index + 1);
+    const auto name = BodyReader(m_link).readTargetName(type, index);
     if (!name)
         m_link.log(QStringLiteral("Unable to get info targetlib ID of body"));
     return name.value_or(QString());

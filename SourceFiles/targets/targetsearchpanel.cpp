@@ -31,15 +31,14 @@ bool TargetSearchPanel::isRunning() const
     return m_run.isRunning() && m_pollTimer->isActive();
 }
 
-bool TargetSearchPanel::start()
+void TargetSearchPanel::showRunning()
 {
-    if (!m_run.canStart())
-        return false;
     m_widgets.start->setEnabled(false);
     m_widgets.stop->setEnabled(true);
-    applyStartRule();
-    applyDeselectRule();
-    setControlsEnabled(false);
+}
+
+void TargetSearchPanel::start()
+{
     stopTimers();
     QStringList inUse;
     const QTableWidget *table = m_widgets.targetTable;
@@ -57,7 +56,6 @@ bool TargetSearchPanel::start()
         m_widgets.start->setEnabled(true);
         m_trackedTimer->start(trackedIntervalMs);
     }
-    return true;
 }
 
 TargetSearchRun::Step TargetSearchPanel::poll()

@@ -28,8 +28,12 @@ public:
     /** True while this tab polls a search it started. */
     bool isRunning() const;
 
-    /** Starts a search when the controller can; false when nothing was touched. */
-    bool start();
+    /** Asks whether a search can start; logs why not. */
+    bool canStart() const { return m_run.canStart(); }
+    /** The start and stop buttons while a search runs. */
+    void showRunning();
+    /** Starts a search, or goes back to refreshing the tracked states when it cannot. */
+    void start();
     /** One step of a running search: moves the bar, and stops polling after the last step. */
     TargetSearchRun::Step poll();
     /** Stops the search on the controller and puts the bar back. */

@@ -3,14 +3,7 @@
 #include "targetlibrary.h"
 #include "targets/target.h"
 
-#include <QCoreApplication>
-
 namespace {
-
-QString translated(const char *text)
-{
-    return QCoreApplication::translate("BodyTypeAdministrationTab", text);
-}
 
 /** A fraction as whole percent, truncated from the decimal value: 0.29 is 29. */
 int wholePercent(double fraction)
@@ -25,18 +18,18 @@ int wholePercent(double fraction)
 bool TargetSearchRun::canStart() const
 {
     if (m_link.text("cal available targetlib") != QLatin1String("yes")) {
-        m_link.log(translated("Error: Unable to start target library calibration. "
-                              "Calibration type is not available"));
+        m_link.log(QStringLiteral("Error: Unable to start target library calibration. "
+                                  "Calibration type is not available"));
         return false;
     }
     const auto active = m_link.text("status active");
     if (!active) {
-        m_link.log(translated("Error: Unable to start target library calibration"));
+        m_link.log(QStringLiteral("Error: Unable to start target library calibration"));
         return false;
     }
     if (*active != QLatin1String("none") && *active != QLatin1String("err")) {
-        m_link.log(translated("Error: Unable to start target library calibration. "
-                              "Calibration is already active."));
+        m_link.log(QStringLiteral("Error: Unable to start target library calibration. "
+                                  "Calibration is already active."));
         return false;
     }
     return true;
@@ -46,12 +39,12 @@ bool TargetSearchRun::start(const QStringList &shortNamesInUse)
 {
     m_running = m_link.command("morvek2 cal targetlib start");
     if (!m_running) {
-        m_link.log(translated("Error: Unable to start target library calibration"));
+        m_link.log(QStringLiteral("Error: Unable to start target library calibration"));
         return false;
     }
-    m_link.log(translated("target library calibration started"));
+    m_link.log(QStringLiteral("target library calibration started"));
     for (const QString &shortName : shortNamesInUse)
-        m_link.log(translated("%1 already calibrated").arg(shortName));
+        m_link.log(QStringLiteral("%1 already calibrated").arg(shortName));
     return true;
 }
 
@@ -60,12 +53,12 @@ TargetSearchRun::Poll TargetSearchRun::poll()
     const auto step = m_link.text("status step_active");
     if (!step) {
         m_running = false;
-        m_link.log(translated("Error during target library calibration. Calibration aborted"));
+        m_link.log(QStringLiteral("Error during target library calibration. Calibration aborted"));
         return {Step::Aborted, std::nullopt};
     }
     if (!step->startsWith(QLatin1String("cal"))) {
         m_running = false;
-        m_link.log(translated("target library calibration stopped"));
+        m_link.log(QStringLiteral("target library calibration stopped"));
         return {Step::Ended, std::nullopt};
     }
     Poll result;
@@ -78,7 +71,7 @@ void TargetSearchRun::cancel()
 {
     m_running = false;
     m_link.command("morvek2 cal targetlib stop");
-    m_link.log(translated("target library calibration cancelled"));
+    m_link.log(QStringLiteral("target library calibration cancelled"));
 }
 
 int TargetSearchRun::countTracked(const Targetlibrary &library, const QString &type) const

@@ -12,10 +12,11 @@
 namespace {
 
 /** The item of a cell, made when it is not there yet. */
-QTableWidgetItem *itemAt(QTableWidget *table, int row, int column)
+QTableWidgetItem *itemAt(QTableWidget *table, int row, int column, ColumnSizingPause &pause)
 {
     QTableWidgetItem *item = table->item(row, column);
     if (!item) {
+        pause.begin();
         item = new QTableWidgetItem;
         table->setItem(row, column, item);
     }
@@ -23,24 +24,29 @@ QTableWidgetItem *itemAt(QTableWidget *table, int row, int column)
 }
 
 void setCell(QTableWidget *table, int row, int column, const QString &text, bool bold,
-             Qt::ItemFlags flags)
+             Qt::ItemFlags flags, ColumnSizingPause &pause)
 {
-    QTableWidgetItem *item = itemAt(table, row, column);
+    QTableWidgetItem *item = itemAt(table, row, column, pause);
+    const bool boldDiffers = item->font().bold() != bold;
+    if (item->text() != text || item->flags() != flags || boldDiffers)
+        pause.begin();
     if (item->text() != text)
         item->setText(text);
     if (item->flags() != flags)
         item->setFlags(flags);
-    if (item->font().bold() != bold) {
+    if (boldDiffers) {
         QFont font = item->font();
         font.setBold(bold);
         item->setFont(font);
     }
 }
 
-void setIcon(QTableWidgetItem *item, const QIcon &icon)
+void setIcon(QTableWidgetItem *item, const QIcon &icon, ColumnSizingPause &pause)
 {
-    if (item->icon().cacheKey() != icon.cacheKey())
-        item->setIcon(icon);
+    if (item->icon().cacheKey() == icon.cacheKey())
+        return;
+    pause.begin();
+    item->setIcon(icon);
 }
 
 int rowOf(const QTableWidget *table, const QString &targetId)
@@ -83,24 +89,27 @@ void TargetTableFiller::setUp(QTableWidget *table)
     table->setTabKeyNavigation(false);
 }
 
-QVector<const Target *> TargetTableFiller::inCategory(const QString &category) const
+QVector<const Target *> TargetTableFiller::inCategory(const QString &type,
+                                                      const QString &category) const
 {
+    if (category.isNull())
+        return all(type);
     const bool found = category == foundTargets();
     QVector<const Target *> listed;
     for (const Target *target : m_library.targets()) {
         const bool belongs =
                 found ? target->isTracked() : m_library.getGroupFromTid(target->id()) == category;
-        if (belongs && m_library.isOfType(*target, m_type))
+        if (belongs && m_library.isOfType(*target, type))
             listed.append(target);
     }
     return listed;
 }
 
-QVector<const Target *> TargetTableFiller::all() const
+QVector<const Target *> TargetTableFiller::all(const QString &type) const
 {
     QVector<const Target *> listed;
     for (const Target *target : m_library.targets()) {
-        if (m_library.isOfType(*target, m_type))
+        if (m_library.isOfType(*target, type))
             listed.append(target);
     }
     std::stable_partition(listed.begin(), listed.end(),
@@ -112,18 +121,20 @@ void TargetTableFiller::fill(QTableWidget *table, const QVector<const Target *> 
                              bool heading) const
 {
     const QString currentId = targetId(table, table->currentRow());
-    const ColumnSizingPause pause(table->horizontalHeader());
+    ColumnSizingPause pause(table->horizontalHeader());
     const bool hasHeading =
             heading && std::any_of(targets.begin(), targets.end(), [](const Target *target) {
                 return target->isTracked();
             });
     const int first = hasHeading ? 1 : 0;
     table->clearSpans();
+    if (table->rowCount() != targets.size() + first)
+        pause.begin();
     table->setRowCount(targets.size() + first);
     if (hasHeading)
-        fillHeading(table, 0);
+        fillHeading(table, 0, &pause);
     for (int i = 0; i < targets.size(); ++i)
-        fillRow(table, i + first, *targets.at(i));
+        fillRow(table, i + first, *targets.at(i), &pause);
     const int row = rowOf(table, currentId);
     if (row != table->currentRow())
         table->setCurrentCell(row, ShortNameColumn);
@@ -131,10 +142,10 @@ void TargetTableFiller::fill(QTableWidget *table, const QVector<const Target *> 
 
 void TargetTableFiller::refreshMarks(QTableWidget *table) const
 {
-    const ColumnSizingPause pause(table->horizontalHeader());
+    ColumnSizingPause pause(table->horizontalHeader());
     for (int row = 0; row < table->rowCount(); ++row) {
         if (const Target *target = m_library.target(targetId(table, row)))
-            fillRow(table, row, *target);
+            fillRow(table, row, *target, &pause);
     }
 }
 
@@ -157,23 +168,24 @@ QString TargetTableFiller::used(const Target &target) const
     return target.isCalibrated() ? usedText() : QString();
 }
 
-void TargetTableFiller::fillRow(QTableWidget *table, int row, const Target &target) const
+void TargetTableFiller::fillRow(QTableWidget *table, int row, const Target &target,
+                                ColumnSizingPause *pause) const
 {
     constexpr Qt::ItemFlags selectable = Qt::ItemIsSelectable | Qt::ItemIsEnabled;
     const bool found = target.isTracked();
-    setCell(table, row, IdColumn, target.id(), false, selectable);
-    setCell(table, row, ShortNameColumn, target.shortName(), found, selectable);
-    setCell(table, row, NameColumn, target.longName(), false, selectable);
-    setCell(table, row, UsedColumn, used(target), false, selectable);
-    setIcon(table->item(row, ShortNameColumn), found ? m_foundIcon : QIcon());
+    setCell(table, row, IdColumn, target.id(), false, selectable, *pause);
+    setCell(table, row, ShortNameColumn, target.shortName(), found, selectable, *pause);
+    setCell(table, row, NameColumn, target.longName(), false, selectable, *pause);
+    setCell(table, row, UsedColumn, used(target), false, selectable, *pause);
+    setIcon(table->item(row, ShortNameColumn), found ? m_foundIcon : QIcon(), *pause);
 }
 
-void TargetTableFiller::fillHeading(QTableWidget *table, int row) const
+void TargetTableFiller::fillHeading(QTableWidget *table, int row, ColumnSizingPause *pause) const
 {
     for (int column = 0; column < ColumnCount; ++column) {
         setCell(table, row, column, column == ShortNameColumn ? foundTargets() : QString(), true,
-                Qt::NoItemFlags);
+                Qt::NoItemFlags, *pause);
     }
-    setIcon(table->item(row, ShortNameColumn), QIcon());
+    setIcon(table->item(row, ShortNameColumn), QIcon(), *pause);
     table->setSpan(row, ShortNameColumn, 1, ColumnCount - ShortNameColumn);
 }

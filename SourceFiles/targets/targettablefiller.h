@@ -6,6 +6,7 @@
 #include <QString>
 #include <QVector>
 
+class ColumnSizingPause;
 class QTableWidget;
 class Target;
 class Targetlibrary;
@@ -23,13 +24,14 @@ public:
     static QString usedText();
 
     /**
-     * @param type the body type whose targets are listed
-     * @param customTargets identifiers of the targets whose calibration is a custom one
+     * @param library outlives the filler
+     * @param customTargets identifiers of the targets whose calibration is a custom one; outlives
+     * the filler
      * @param foundIcon marks the targets that the cameras see
      */
-    TargetTableFiller(const Targetlibrary &library, const QString &type,
-                      const QSet<QString> &customTargets, const QIcon &foundIcon)
-        : m_library(library), m_type(type), m_customTargets(customTargets), m_foundIcon(foundIcon)
+    TargetTableFiller(const Targetlibrary &library, const QSet<QString> &customTargets,
+                      const QIcon &foundIcon)
+        : m_library(library), m_customTargets(customTargets), m_foundIcon(foundIcon)
     {
     }
 
@@ -37,12 +39,11 @@ public:
     static void setUp(QTableWidget *table);
 
     /**
-     * The targets of a category in identifier order: those found by a search for foundTargets(),
-     * else those of the group of that name, the empty name being the targets without a group.
+     * The targets of a body type in a category, in identifier order: those found by a search for
+     * foundTargets(), else those of the group of that name, the empty name being the targets
+     * without a group. A null category is all targets of the type, the found ones first.
      */
-    QVector<const Target *> inCategory(const QString &category) const;
-    /** All targets of the type, the found ones first. */
-    QVector<const Target *> all() const;
+    QVector<const Target *> inCategory(const QString &type, const QString &category) const;
 
     /**
      * Lists `targets`; with `heading`, a heading row stands above the found ones. The current
@@ -58,12 +59,13 @@ public:
     static QString shortName(const QTableWidget *table, int row);
 
 private:
+    QVector<const Target *> all(const QString &type) const;
     QString used(const Target &target) const;
-    void fillRow(QTableWidget *table, int row, const Target &target) const;
-    void fillHeading(QTableWidget *table, int row) const;
+    void fillRow(QTableWidget *table, int row, const Target &target,
+                 ColumnSizingPause *pause) const;
+    void fillHeading(QTableWidget *table, int row, ColumnSizingPause *pause) const;
 
     const Targetlibrary &m_library;
-    QString m_type;
     const QSet<QString> &m_customTargets;
     QIcon m_foundIcon;
 };

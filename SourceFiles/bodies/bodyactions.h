@@ -1,0 +1,45 @@
+#pragma once
+
+#include "bodies/bodycommands.h"
+#include "bodies/bodyquestions.h"
+
+#include <QString>
+
+class BodyRegistry;
+
+/**
+ * Resetting, deleting and exchanging bodies from the question to the box that says what failed. The
+ * records are read again by the caller, as the outcome says. Owned by the tab, the parent of the
+ * boxes.
+ */
+class BodyActions {
+public:
+    enum class Outcome {
+        Left,   ///< nothing was sent, or the tab was deleted: there is nothing to read again
+        Failed, ///< not all was done
+        Done
+    };
+
+    /** The registry and the questions outlive the object. */
+    BodyActions(const ControllerLink &link, const BodyRegistry &registry,
+                const BodyQuestions &questions)
+        : m_commands(link), m_registry(registry), m_questions(questions)
+    {
+    }
+
+    /** Undoes the calibration of a body: back to its library target, or to its sensor's values. */
+    Outcome reset(const QString &type, int index) const;
+    /** Clears a body slot. */
+    Outcome clear(const QString &type, int index) const;
+    /** Exchanges two bodies without a question; the outcome is never Failed. */
+    Outcome exchange(const QString &type, int index, int otherIndex) const;
+
+private:
+    Outcome resetToLibrary(const QString &type, int index) const;
+    Outcome resetSensor(const QString &type, int index) const;
+    Outcome resetOutcome(const QString &type, int index, bool done) const;
+
+    BodyCommands m_commands;
+    const BodyRegistry &m_registry;
+    const BodyQuestions &m_questions;
+};

@@ -1,0 +1,124 @@
+#include "bodies/bodyquestions.h"
+
+#include "bodies/bodyregistry.h"
+#include "bodies/bodysnapshot.h"
+#include "bodynumber.h"
+
+using UserQuestion::Answer;
+
+QString BodyQuestions::about(const QString &text, const QString &type, int index) const
+{
+    return text.arg(m_registry.label(type), bodyNumber(index));
+}
+
+bool BodyQuestions::warn(const QString &text) const
+{
+    return UserQuestion::warning(m_parent, tr("Warning"), text);
+}
+
+Answer BodyQuestions::confirm(const QString &type, int index, const QString &text,
+                              const QString &informativeText) const
+{
+    const BodySnapshot asked(m_registry, type, index);
+    const Answer answer = UserQuestion::yesNo(m_parent, tr("MORVEK3"), text, informativeText);
+    if (answer != Answer::Accepted)
+        return answer;
+    return asked.isCurrent(m_registry) ? Answer::Accepted : Answer::Declined;
+}
+
+Answer BodyQuestions::confirmResetToLibrary(const QString &type, int index) const
+{
+    return confirm(type, index, about(tr("Reset %1 %2\nto Target-Library geometry?"), type, index));
+}
+
+Answer BodyQuestions::confirmSensorReset(const QString &type, int index,
+                                         const BodyCommands::SensorReset &reset) const
+{
+    const QString question = reset.hasStorage ? tr("Reset %1 %2\nto sensor stored values?")
+                             : reset.hasHandEye
+                                     ? tr("Reset %1 %2?\nHand eye calibration will be deleted!")
+                                     : tr("Reset %1 %2?");
+    return confirm(type, index, about(question, type, index));
+}
+
+Answer BodyQuestions::confirmDelete(const QString &type, int index) const
+{
+    const AdminBody &body = m_registry.body(type, index);
+    if (body.isReference) {
+        return confirm(
+                type, index,
+                about(tr("Delete geometry of %1 %2?\n"
+                         "If yes, the assignment as reference to other bodies will be deleted."),
+                      type, index));
+    }
+    if (!body.inertialSensor.isEmpty()) {
+        return confirm(
+                type, index,
+                tr("Delete assignment of sensor %1 and \ndelete geometry of %2 %3?")
+                        .arg(body.inertialSensor, m_registry.label(type), bodyNumber(index)));
+    }
+    return confirm(type, index, about(tr("Delete geometry of %1 %2?"), type, index));
+}
+
+Answer BodyQuestions::confirmReferenceDropped(const QString &type, int index) const
+{
+    return confirm(type, index,
+                   tr("Decreasing the number of standard bodies will disable the reference!\n\n"
+                      "Continue?"));
+}
+
+bool BodyQuestions::showInactiveReference() const
+{
+    return warn(tr("A de-activated body cannot be set as reference.\n"
+                   "Please activate this body before."));
+}
+
+bool BodyQuestions::showUnknownReset(const QString &type, int index) const
+{
+    return warn(about(tr("Unknown reset of %1 %2!"), type, index));
+}
+
+bool BodyQuestions::showResetFailed(const QString &type, int index) const
+{
+    return warn(about(tr("Reset of %1 %2 failed!"), type, index));
+}
+
+bool BodyQuestions::showDeleteFailed(const QString &type, int index,
+                                     BodyCommands::DeleteStep step) const
+{
+    QString detail;
+    switch (step) {
+    case BodyCommands::DeleteStep::Filter:
+        detail = tr("Unable to reset filter6d of %1 %2");
+        break;
+    case BodyCommands::DeleteStep::Sensor:
+        detail = tr("Unable to reset sensor of %1 %2");
+        break;
+    case BodyCommands::DeleteStep::Markers:
+        detail = tr("Unable to reset markers of %1 %2");
+        break;
+    case BodyCommands::DeleteStep::Description:
+        detail = tr("Unable to reset description of %1 %2");
+        break;
+    case BodyCommands::DeleteStep::Done:
+        return true;
+    }
+    return warn(about(detail, type, index) + QLatin1Char('\n')
+                + about(tr("Delete %1 %2 failed"), type, index));
+}
+
+bool BodyQuestions::showSwitchFailed(const QString &type, int index, int otherIndex) const
+{
+    return warn(tr("Switching %1 %2 and %3 failed!")
+                        .arg(m_registry.label(type), bodyNumber(index), bodyNumber(otherIndex)));
+}
+
+bool BodyQuestions::showFoundTargets(int count) const
+{
+    QString text = tr("%1 targets could be identified in library").arg(count);
+    if (count == 0)
+        text = tr("No targets could be identified in library");
+    else if (count == 1)
+        text = tr("One target could be identified in library");
+    return UserQuestion::information(m_parent, tr("MORVEK3"), text);
+}

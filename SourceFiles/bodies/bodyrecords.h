@@ -1,0 +1,169 @@
+#pragma once
+
+#include "bodies/bodycommands.h"
+#include "bodies/bodyreader.h"
+#include "bodies/bodyregistry.h"
+
+#include <QString>
+
+class QComboBox;
+class QTableWidget;
+
+/**
+ * The records of a tab's bodies and the operations on them that need neither a widget nor a
+ * question, under the names by which the tabs and the dialog know them. A base of the tab. What is
+ * not there reads as false, 0 or an empty text, and nothing is asked about it. Indexes are
+ * zero-based.
+ */
+class BodyRecords {
+public:
+    /** Stores a fresh record of the type and reads its description and filter availability. */
+    void registerBodyType(const QString &type);
+    /** Forgets a type; its widgets stay. Kept for a tab whose type goes; none does today. */
+    void unregisterBodyType(const QString &type) { bodytypes.remove(type); }
+    /** True while the type has a record. */
+    bool isBodyTypeRegistered(const QString &type) const { return bodytypes.contains(type); }
+    /** A combo box that belongs to the type; kept in the record only. */
+    void registerComboBox(const QString &type, QComboBox *box) { bodytypes[type].comboBox = box; }
+    /** The target table of the type, when it is not the one that all tabs have in common. */
+    void registerTableWidget_tl(const QString &type, QTableWidget *table)
+    {
+        bodytypes[type].tableWidget_tl = table;
+    }
+
+    /** The controller's description of the type. Kept for other tabs: boxes show typeLabel(). */
+    QString getBodyTypeDescription(const QString &type) const
+    {
+        return bodytypes.type(type).typedesc;
+    }
+    /** True when the controller offers 6DOF filters for the type. */
+    bool getBodyTypeFilter6dAvailable(const QString &type) const
+    {
+        return bodytypes.type(type).filter6dAvailable;
+    }
+    /** Bodies that an inertial sensor is assigned to, as counted last. */
+    int getNumberOfInertialSensors(const QString &type) const
+    {
+        return bodytypes.type(type).numInertialSensors;
+    }
+    /** Counts the bodies that an inertial sensor is assigned to. */
+    void updateNumberOfInertialSensors(const QString &type) { bodytypes.countSensors(type); }
+    /** Body slots, calibrated or not. */
+    int getNumberOfBodies(const QString &type) const { return bodytypes.type(type).bodies.size(); }
+    /** Bodies with a geometry. */
+    int getNumberOfCalibratedBodies(const QString &type) const
+    {
+        return bodytypes.calibratedBodies(type);
+    }
+
+    /** Reads one body into its record; logs each failed query and goes on. */
+    void updateBodyInfo(const QString &type, int index);
+    /** Reads the filters of one body into its record. */
+    void updateBodyFilter6dPreset(const QString &type, int index);
+    /** True when the body's inertial sensor is present; false, and logged, when unreadable. */
+    bool is_hybridbodycalibration_available(const QString &type, int index) const
+    {
+        return m_reader.isSensorPresent(type, index);
+    }
+
+    // The commands alone, without reading back: false, and logged, when the controller refused.
+
+    /** Switches a body on or off. */
+    bool morvek2_setBodyActive(const QString &type, int index, bool active)
+    {
+        return m_commands.setActive(type, index, active);
+    }
+    /** Names a body; a line break in the name is refused. */
+    bool morvek2_setBodyDescription(const QString &type, int index, const QString &text)
+    {
+        return m_commands.setDescription(type, index, text);
+    }
+    /** Makes a standard body the reference, the only kind that can be; false: no body at all. */
+    bool morvek2_setBodyIsReference(const QString &type, int index, bool reference)
+    {
+        return reference ? m_commands.setReference(type, index) : m_commands.clearReference();
+    }
+    /** Makes no body the reference. Kept for other tabs: deleting a body does the same. */
+    void resetReferenceTargetIfAny() { m_commands.resetReference(); }
+
+    // From the records, nothing is sent.
+
+    /** True when the controller tracks the body. */
+    bool isBodyActive(const QString &type, int index) const
+    {
+        return bodytypes.body(type, index).active;
+    }
+    /** True when the body has a geometry. */
+    bool isBodyCalibrated(const QString &type, int index) const
+    {
+        return bodytypes.body(type, index).calibrated;
+    }
+    /** True when the geometry was measured again. Kept for other tabs: the table fills from
+     * records.
+     */
+    bool isBodyRecalibrated(const QString &type, int index) const
+    {
+        return bodytypes.body(type, index).recalibrated;
+    }
+    /** True when the body's sensor has a hand-eye calibration. Kept as isBodyRecalibrated() is. */
+    bool hasBodyHandEye(const QString &type, int index) const
+    {
+        return bodytypes.body(type, index).has_handeye;
+    }
+    /** True when all other bodies are measured relative to this one. */
+    bool getBodyIsReference(const QString &type, int index) const
+    {
+        return bodytypes.body(type, index).isReference;
+    }
+    /** The same as getBodyIsReference(). Kept for callers that know it by this name. */
+    bool isBodyReference(const QString &type, int index) const
+    {
+        return getBodyIsReference(type, index);
+    }
+    /** The name that the operator gave. */
+    QString getBodyDescription(const QString &type, int index) const
+    {
+        return bodytypes.body(type, index).desc;
+    }
+    /** Short name of the library target that the body holds; empty when none. */
+    QString getBodyTargetlibName(const QString &type, int index) const
+    {
+        return bodytypes.body(type, index).tlibName;
+    }
+    /** How the body was calibrated, as the table shows it. */
+    QString getBodyCalibrationStatus(const QString &type, int index) const
+    {
+        return bodytypes.body(type, index).calibrationStatus;
+    }
+    /** Identifier of the assigned inertial sensor; empty when none. */
+    QString getBodyInertialSensor(const QString &type, int index) const
+    {
+        return bodytypes.body(type, index).inertialSensor;
+    }
+    /** The filters as one line. Kept as isBodyRecalibrated() is. */
+    QString getBodyFilter6dPreset(const QString &type, int index) const
+    {
+        return bodytypes.body(type, index).filter6dPreset;
+    }
+
+protected:
+    explicit BodyRecords(const ControllerLink &link)
+        : m_link(link), m_reader(link), m_commands(link)
+    {
+    }
+    ~BodyRecords() = default;
+
+    const ControllerLink &link() const { return m_link; }
+    const BodyReader &reader() const { return m_reader; }
+    const BodyCommands &commands() const { return m_commands; }
+
+    /** The type's description, or its word when the controller gave none. */
+    QString typeLabel(const QString &type) const { return bodytypes.label(type); }
+
+    BodyRegistry bodytypes;
+
+private:
+    ControllerLink m_link;
+    BodyReader m_reader;
+    BodyCommands m_commands;
+};

@@ -1,0 +1,201 @@
+#include "bodies/bodytableinput.h"
+
+#include "bodies/bodyregistry.h"
+#include "bodies/bodytablefiller.h"
+
+#include <QAbstractItemDelegate>
+#include <QKeyEvent>
+#include <QPointer>
+#include <QSpinBox>
+#include <QTableWidget>
+
+void BodyTableInput::watchTable(const QString &type)
+{
+    const AdminBodyType &record = m_registry.type(type);
+    QTableWidget *table = record.tableWidget;
+    // A name is changed by a double click and by nothing else.
+    table->setEditTriggers(QAbstractItemView::DoubleClicked);
+    table->setTabKeyNavigation(false);
+    table->installEventFilter(this);
+    const int nameColumn = record.columnOf(COLUMN_TYPE_NAME);
+    if (nameColumn < 0)
+        return;
+    QAbstractItemDelegate *delegate = table->itemDelegateForColumn(nameColumn);
+    connect(delegate ? delegate : table->itemDelegate(), &QAbstractItemDelegate::closeEditor, this,
+            [this, type] {
+                if (AdminBodyType *edited = m_registry.find(type))
+                    edited->tableWidgetColumnNameStartEdit = false;
+            });
+}
+
+void BodyTableInput::watchSpinBox(QSpinBox *spinBox)
+{
+    // A count that is being typed must not drop bodies with every digit.
+    spinBox->setKeyboardTracking(false);
+    // Nor may a wheel that happens to turn above it.
+    spinBox->setFocusPolicy(Qt::StrongFocus);
+    spinBox->installEventFilter(this);
+}
+
+void BodyTableInput::deliver(const std::function<void()> &gesture)
+{
+    if (m_isActing)
+        return;
+    QMetaObject::invokeMethod(
+            this,
+            [this, gesture] {
+                // Of two that arrived before the first was delivered, the second may arrive here
+                // while the first one's question is shown.
+                if (m_isActing)
+                    return;
+                const QPointer<QObject> self(this);
+                m_isActing = true;
+                gesture();
+                if (self)
+                    m_isActing = false;
+            },
+            Qt::QueuedConnection);
+}
+
+// Tables
+
+void BodyTableInput::cellClicked(QObject *sender, int row, int column)
+{
+    auto *table = qobject_cast<QTableWidget *>(sender);
+    const QString type = m_registry.typeOfTable(table);
+    if (type.isEmpty() || !table->isVisible())
+        return;
+    // The press that made another cell current has announced the body already.
+    const bool announced = m_announced == std::make_pair(type, row);
+    m_announced.reset();
+    const QTableWidgetItem *item = table->item(row, column);
+    if (item && item->flags().testFlag(Qt::ItemIsEnabled))
+        deliver([this, type, row, column] { press(type, row, column); });
+    if (!announced)
+        emit currentBodyChanged(type, row);
+}
+
+void BodyTableInput::press(const QString &type, int row, int column)
+{
+    const AdminBodyType &record = m_registry.type(type);
+    if (!record.isValidIndex(row) || column >= record.tableWidgetColumns.size())
+        return;
+    const QTableWidgetItem *item = record.tableWidget->item(row, column);
+    const bool live = item && item->data(BodyTableFiller::liveRole).toInt() == 1;
+    const COLUMN_TYPE kind = record.tableWidgetColumns.at(column);
+    if (kind == COLUMN_TYPE_FILTER)
+        emit filterPressed(type, row);
+    else if (kind == COLUMN_TYPE_DELETE && live)
+        emit deletePressed(type, row);
+    else if (kind == COLUMN_TYPE_RESET && live)
+        emit resetPressed(type, row);
+}
+
+void BodyTableInput::cellDoubleClicked(QObject *sender, int row, int column)
+{
+    auto *table = qobject_cast<QTableWidget *>(sender);
+    AdminBodyType *record = m_registry.find(m_registry.typeOfTable(table));
+    if (!record || !table->isVisible())
+        return;
+    if (column == record->columnOf(COLUMN_TYPE_NAME)) {
+        record->tableWidgetColumnNameStartEdit = true;
+    } else if (QTableWidgetItem *item = table->item(row, column)) {
+        item->setFlags(item->flags() & ~Qt::ItemIsEditable);
+    }
+}
+
+void BodyTableInput::itemChanged(QTableWidgetItem *item)
+{
+    if (m_filling > 0 || !item->tableWidget()->isVisible())
+        return;
+    const QString type = m_registry.typeOfTable(item->tableWidget());
+    AdminBodyType *record = m_registry.find(type);
+    const int row = item->row();
+    const int column = item->column();
+    if (!record || column >= record->tableWidgetColumns.size())
+        return;
+    const COLUMN_TYPE kind = record->tableWidgetColumns.at(column);
+    if (kind == COLUMN_TYPE_NAME && record->tableWidgetColumnNameStartEdit) {
+        record->tableWidgetColumnNameStartEdit = false;
+        deliver([this, type, row, name = item->text()] { emit nameEntered(type, row, name); });
+    } else if (kind == COLUMN_TYPE_ACTIVE || kind == COLUMN_TYPE_REFERENCE) {
+        // Mouse and space bar both come here and a click beside the check box does not.
+        deliver([this, type, row, column] { toggle(type, row, column); });
+    }
+}
+
+void BodyTableInput::toggle(const QString &type, int row, int column)
+{
+    const AdminBodyType &record = m_registry.type(type);
+    if (!record.isValidIndex(row))
+        return;
+    const QTableWidgetItem *item = record.tableWidget->item(row, column);
+    if (!item || !item->flags().testFlag(Qt::ItemIsUserCheckable))
+        return;
+    const bool checked = item->checkState() == Qt::Checked;
+    const bool isActive = record.tableWidgetColumns.at(column) == COLUMN_TYPE_ACTIVE;
+    const AdminBody &body = record.bodies.at(row);
+    // Toggled twice before it was delivered, a check box reads as before and nothing is wanted.
+    if (checked == (isActive ? body.active : body.isReference))
+        return;
+    const QPointer<QObject> self(this);
+    if (isActive)
+        emit activeToggled(type, row, checked);
+    else
+        emit referenceToggled(type, row, checked);
+    if (self)
+        emit bodyActedOn(type, row);
+}
+
+void BodyTableInput::currentItemChanged(QTableWidgetItem *current)
+{
+    if (!current || !current->tableWidget() || !current->tableWidget()->isVisible())
+        return;
+    const QString type = m_registry.typeOfTable(current->tableWidget());
+    if (type.isEmpty())
+        return;
+    m_announced = std::make_pair(type, current->row());
+    emit currentBodyChanged(type, current->row());
+}
+
+// Numbers of bodies
+
+void BodyTableInput::spinBoxChanged(QObject *sender)
+{
+    auto *spinBox = qobject_cast<QSpinBox *>(sender);
+    const QString type = m_registry.typeOfSpinBox(spinBox);
+    if (type.isEmpty() || !spinBox->isVisible())
+        return;
+    deliver([this, type] {
+        if (const QSpinBox *box = m_registry.type(type).spinBox)
+            emit countEntered(type, box->value());
+    });
+}
+
+// Keys and the wheel
+
+bool BodyTableInput::eventFilter(QObject *watched, QEvent *event)
+{
+    const auto *spinBox = qobject_cast<QSpinBox *>(watched);
+    if (spinBox && event->type() == QEvent::Wheel && !spinBox->hasFocus()) {
+        event->ignore();
+        return true;
+    }
+    auto *table = qobject_cast<QTableWidget *>(watched);
+    if (table && event->type() == QEvent::KeyPress
+        && pressesCell(table, static_cast<QKeyEvent *>(event)->key()))
+        return true;
+    return QObject::eventFilter(watched, event);
+}
+
+bool BodyTableInput::pressesCell(QTableWidget *table, int key)
+{
+    const QString type = m_registry.typeOfTable(table);
+    const QTableWidgetItem *item = table->currentItem();
+    const bool presses = key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space;
+    if (!presses || type.isEmpty() || !item || item->flags().testFlag(Qt::ItemIsUserCheckable))
+        return false;
+    // The keyboard presses the button cells as a click does.
+    deliver([this, type, row = item->row(), column = item->column()] { press(type, row, column); });
+    return true;
+}

@@ -1,0 +1,135 @@
+#include "targets/targetlistpanel.h"
+
+#include "bodies/tabwidgets.h"
+#include "targetlibrary.h"
+#include "targets/target.h"
+
+#include <QComboBox>
+#include <QSignalBlocker>
+#include <QTableWidget>
+
+TargetListPanel::TargetListPanel(const TargetAssignment &assignment, Targetlibrary *library,
+                                 const QIcon &foundIcon)
+    : m_assignment(assignment), m_library(library), m_filler(*library, m_customTargets, foundIcon)
+{
+}
+
+void TargetListPanel::setWidgets(const TabWidgets &widgets)
+{
+    m_type = widgets.type;
+    m_category = widgets.category;
+}
+
+void TargetListPanel::list(QTableWidget *table, const QString &type, const QString &category)
+{
+    const QVector<const Target *> targets = m_filler.inCategory(type, category);
+    QStringList ids;
+    for (const Target *target : targets)
+        ids.append(target->id());
+    m_assignment.readCustom(ids, &m_customTargets);
+    m_filler.fill(table, targets, category.isNull());
+}
+
+void TargetListPanel::refreshUsed(QTableWidget *table, const QString &type) const
+{
+    for (const Target *target : m_filler.inCategory(type, category()))
+        m_assignment.refreshUsed(target->id());
+    m_filler.refreshMarks(table);
+}
+
+void TargetListPanel::refreshTracked(const QString &type) const
+{
+    for (Target *target : m_library->targets()) {
+        if (m_library->isOfType(*target, type))
+            refreshTracked(target);
+    }
+}
+
+void TargetListPanel::refreshTracked(Target *target) const
+{
+    const bool wasTracked = target->isTracked();
+    m_assignment.refreshTracked(target);
+    // What is known of a target that was not listed may be old.
+    if (!wasTracked && target->isTracked())
+        m_assignment.refreshUsed(target->id());
+}
+
+void TargetListPanel::refreshTrackedRows(QTableWidget *table, int *tracked, int *alreadyUsed) const
+{
+    // The category of the found targets was listed from states that were read just before.
+    const bool statesKnown = category() == TargetTableFiller::foundTargets();
+    *tracked = 0;
+    *alreadyUsed = 0;
+    for (const QString &id : listedIds(table)) {
+        Target *target = m_library->target(id);
+        if (!target)
+            continue;
+        if (!statesKnown)
+            refreshTracked(target);
+        *tracked += target->isTracked() ? 1 : 0;
+        *alreadyUsed += target->isTracked() && target->isCalibrated() ? 1 : 0;
+    }
+    // Without a category filter the found targets move to the top as they are found.
+    if (category().isNull())
+        m_filler.fill(table, m_filler.inCategory(m_type, QString()), true);
+    else
+        m_filler.refreshMarks(table);
+}
+
+QStringList TargetListPanel::listedIds(const QTableWidget *table)
+{
+    QStringList ids;
+    for (int row = 0; row < table->rowCount(); ++row)
+        ids.append(TargetTableFiller::targetId(table, row));
+    return ids;
+}
+
+// Categories
+
+QString TargetListPanel::category() const
+{
+    if (!m_category)
+        return {};
+    // The category of the targets without a group has an empty name, which is not "no category".
+    const QString name = m_category->currentText();
+    return name.isNull() ? QStringLiteral("") : name;
+}
+
+bool TargetListPanel::showsFoundTargets() const
+{
+    return category().startsWith(TargetTableFiller::foundTargets());
+}
+
+void TargetListPanel::fillCategories() const
+{
+    QStringList groups;
+    for (const Target *target : m_filler.inCategory(m_type, QString())) {
+        const QString group = m_library->getGroupFromTid(target->id());
+        if (!groups.contains(group))
+            groups.append(group);
+    }
+    groups.sort(Qt::CaseSensitive);
+    groups.prepend(TargetTableFiller::foundTargets());
+    const QSignalBlocker silent(m_category);
+    m_category->insertItems(0, groups);
+    m_category->setCurrentIndex(0);
+}
+
+void TargetListPanel::selectCategory(const QString &name) const
+{
+    const int index = m_category->findText(name, Qt::MatchExactly | Qt::MatchCaseSensitive);
+    if (index != m_category->currentIndex())
+        m_category->setCurrentIndex(index);
+}
+
+void TargetListPanel::refreshUsedInCategory(const QString &name) const
+{
+    for (const Target *target : m_library->targets()) {
+        if (m_library->getGroupFromTid(target->id()) == name)
+            m_assignment.refreshUsed(target->id());
+    }
+    if (name == TargetTableFiller::foundTargets()) {
+        for (const Target *target : m_filler.inCategory(m_type, name))
+            m_assignment.refreshUsed(target->id());
+    }
+}
