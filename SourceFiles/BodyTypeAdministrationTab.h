@@ -148,7 +148,7 @@ public:
     void deleteBodyAndUpdateTlCalibratedOfTarget(const QString &type, int index);
     /** Reads whether a body holds the target; keeps what is known, and logs, on failure. */
     void updateTlCalibratedOfTarget(const QString &targetId) { m_assignment.refreshUsed(targetId); }
-    /** updateTlCalibratedOfTarget() for each identifier. */
+    /** updateTlCalibratedOfTarget() for each identifier. Kept for other tabs. */
     void updateTlCalibratedOfTargets(const QStringList &ids) { m_assignment.refreshUsed(ids); }
     /** Reads which of the listed targets are in use and shows it. */
     void updateCalStatusTablewidgetTl(const QString &type);

@@ -120,12 +120,12 @@ public:
     {
         return getBodyIsReference(type, index);
     }
-    /** The name that the operator gave. */
+    /** The name that the operator gave. Kept as isBodyRecalibrated() is. */
     QString getBodyDescription(const QString &type, int index) const
     {
         return bodytypes.body(type, index).desc;
     }
-    /** Short name of the library target that the body holds; empty when none. */
+    /** Short name of the body's target; empty when none. Kept as isBodyRecalibrated() is. */
     QString getBodyTargetlibName(const QString &type, int index) const
     {
         return bodytypes.body(type, index).tlibName;

@@ -44,7 +44,7 @@ public:
     void startTracking();
     /** How many targets of the tab's type the controller sees now; asks for each. */
     int countTracked(const Targetlibrary &library) const;
-    /** Shows the counts while the bar stands between its ends. */
+    /** Shows the counts while the bar is between its ends. */
     void showCounts(int found, int alreadyUsed);
     /** Bar, label and stop button as at the beginning; leaves a running search alone. */
     void reset();

@@ -18,7 +18,7 @@ public:
     /** What a poll found. */
     enum class Step {
         Searching, ///< goes on
-        Ended,     ///< the controller ended it by itself
+        Ended,     ///< the controller ended it unasked
         Aborted    ///< its state could not be read
     };
     struct Poll {

@@ -46,7 +46,7 @@ public:
     QVector<const Target *> inCategory(const QString &type, const QString &category) const;
 
     /**
-     * Lists `targets`; with `heading`, a heading row stands above the found ones. The current
+     * Lists `targets`; with `heading`, a heading row is above the found ones. The current
      * target stays current wherever its row moves.
      */
     void fill(QTableWidget *table, const QVector<const Target *> &targets, bool heading) const;
