@@ -1,5 +1,6 @@
 #include "BodyTypeAdministrationTab.h"
 
+#include "linkobserver.h"
 #include "support/modulerequests.h"
 #include "support/timerpause.h"
 #include "targetlibrary.h"
@@ -19,7 +20,7 @@ BodyTypeAdministrationTab::BodyTypeAdministrationTab(IOManager *manager, QWidget
                                                      const QString &moduleVersion,
                                                      Targetlibrary *library)
     : QWidget(parent),
-      BodyRecords(ControllerLink(manager, versions)),
+      BodyRecords(ControllerLink(manager, versions, LinkObserver::of(parent))),
       iom(manager),
       beVers(versions),
       m_module_version(moduleVersion),

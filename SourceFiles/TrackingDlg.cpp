@@ -1,8 +1,10 @@
 #include "TrackingDlg.h"
 
 #include "fixedangledlg.h"
+#include "linkobserver.h"
 #include "settings/trackingpreferences.h"
 #include "settings/trackingpulse.h"
+#include "waiting.h"
 #include "wheelguard.h"
 
 #include <QDomElement>
@@ -47,10 +49,12 @@ TrackingDlg::TrackingDlg(IOManager *iom, QWidget *parent, BackendVersions *beVer
       sConfigDir(TrackingPreferences::folderOf(moduleVersion)),
       m_module_version(std::move(moduleVersion)),
       m_icon_lock(QStringLiteral(":/lock.png")),
-      m_link(iom, beVers)
+      m_observer(new LinkObserver(this)),
+      m_link(iom, beVers, m_observer)
 {
     setupUi(this);
     WheelGuard::protect(this);
+    messageLine->follow(m_observer);
     layout()->setSizeConstraint(QLayout::SetFixedSize);
     loadSettingsFromXml();
     const bool isPocketunit = m_link.isPocketUnit();
@@ -74,6 +78,7 @@ int TrackingDlg::update_and_exec()
         return Rejected;
     }
     {
+        const Waiting waiting(m_observer, Waiting::For::Refresh, tr("Reading the settings ..."));
         const QScopedValueRollback<bool> filling(bUserAction, false);
         applyConfigLock();
         displayFixedAngleButton();
@@ -299,10 +304,13 @@ void TrackingDlg::on_pushButton_advanced_clicked()
 
 void TrackingDlg::on_pushButton_ok_clicked()
 {
-    if (m_changed)
-        saveSettings();
-    if (m_bTrackingPulseSettingsHasChanged)
-        sendInertialSettingsToAtc();
+    {
+        const Waiting waiting(m_observer, Waiting::For::Action, tr("Writing the settings ..."));
+        if (m_changed)
+            saveSettings();
+        if (m_bTrackingPulseSettingsHasChanged)
+            sendInertialSettingsToAtc();
+    }
     accept();
 }
 

@@ -13,6 +13,7 @@
 class BackendVersions;
 class BodySettingsDlg;
 class IOManager;
+class LinkObserver;
 class QDomElement;
 
 /**
@@ -134,5 +135,6 @@ private:
     bool m_bInertialAvailable = false;
     bool m_bTrackingPulseSettingsHasChanged = false;
 
+    LinkObserver *m_observer;
     ControllerLink m_link;
 };

@@ -7,12 +7,14 @@
 #include "bodyadminmessagereceiver.h"
 #include "fingertrackingadministration.h"
 #include "joywandadministration.h"
+#include "linkobserver.h"
 #include "mtadministration.h"
 #include "standardadministration.h"
 #include "support/filterdialogrun.h"
 #include "support/modulerequests.h"
 #include "support/moduleversion.h"
 #include "targetlibrary.h"
+#include "waiting.h"
 
 #include <QGuiApplication>
 #include <QKeyEvent>
@@ -34,11 +36,13 @@ BodyAdministrationDlg::BodyAdministrationDlg(IOManager *manager, QWidget *parent
       iom(manager),
       beVers(versions),
       m_parent(parent),
-      m_link(manager, versions),
+      m_observer(new LinkObserver(this)),
+      m_link(manager, versions, m_observer),
       ui(std::make_unique<Ui::BodyAdministrationDlg>()),
       tl(nullptr)
 {
     ui->setupUi(this);
+    ui->messageLine->follow(m_observer);
     tl = new Targetlibrary(iom, beVers, this);
     m_icon_lock = QIcon(QStringLiteral(":/lock.png"));
     createTabs();
@@ -125,13 +129,19 @@ void BodyAdministrationDlg::about_to_exit()
 
 void BodyAdministrationDlg::update_and_exec()
 {
+    prepare();
+    runModally();
+}
+
+void BodyAdministrationDlg::prepare()
+{
+    const Waiting waiting(m_observer, Waiting::For::Refresh, tr("Reading bodies ..."));
     update_config_locked();
     m_is_joywand_multiuser = m_joywandTab->is_multiuser_enabled();
     showLockState();
     ui->pushButton_calibration->setVisible(m_current_tab == MeasurementToolTab);
     applyButtonRules();
     refreshCurrentTab();
-    runModally();
 }
 
 void BodyAdministrationDlg::runModally()
@@ -183,7 +193,8 @@ void BodyAdministrationDlg::reject()
 void BodyAdministrationDlg::leave()
 {
     if (isCalTargetlibactive()) {
-        m_link.log(QStringLiteral("Unable to close dialog during calibration is running"));
+        m_link.log(QString::fromLatin1(QT_TRANSLATE_NOOP(
+                "MessageLine", "Unable to close dialog during calibration is running")));
         return;
     }
     for (BodyTypeAdministrationTab *tab : qAsConst(m_tabs))
@@ -221,6 +232,7 @@ BodyTypeAdministrationTab *BodyAdministrationDlg::currentTab() const
 
 void BodyAdministrationDlg::refreshCurrentTab()
 {
+    const Waiting waiting(m_observer, Waiting::For::Refresh, tr("Reading bodies ..."));
     BodyTypeAdministrationTab *tab = currentTab();
     tab->updateCalStatusTablewidgetTl(tab->mainBodyType());
     tab->update_tab();

@@ -11,6 +11,7 @@
 class BodyAdminMessageReceiver;
 class BodyTypeAdministrationTab;
 class JoywandAdministration;
+class LinkObserver;
 class Targetlibrary;
 
 namespace Ui {
@@ -78,12 +79,14 @@ private:
     void update_body_filter_button();
     void activateSelectDeselectButtons(const QString &type);
     bool hasCurrentBody() const;
+    void prepare();
     void runModally();
     void leave();
 
     IOManager *iom;
     BackendVersions *beVers;
     QWidget *m_parent;
+    LinkObserver *m_observer;
     ControllerLink m_link;
     std::unique_ptr<Ui::BodyAdministrationDlg> ui;
     Targetlibrary *tl;

@@ -4,6 +4,8 @@
 
 #include "editdelegate.h"
 #include "fixedangledlg.h"
+#include "linkobserver.h"
+#include "waiting.h"
 
 #include <QHeaderView>
 #include <QPointer>
@@ -21,11 +23,13 @@ BodySettingsDlg::BodySettingsDlg(IOManager *iom, QWidget *parent, BackendVersion
     : QDialog(parent),
       m_iom(iom),
       m_beVers(beVers),
-      m_link(iom, beVers),
+      m_observer(new LinkObserver(this)),
+      m_link(iom, beVers, m_observer),
       m_ui(std::make_unique<Ui::BodySettingsDlg>()),
       m_nameDelegate(new EditDelegate(this))
 {
     m_ui->setupUi(this);
+    m_ui->messageLine->follow(m_observer);
     setupTable();
     show_fixed_angle_button(true);
 }
@@ -64,12 +68,16 @@ int BodySettingsDlg::update_and_exec()
 
 void BodySettingsDlg::updateTable()
 {
+    const Waiting waiting(m_observer, Waiting::For::Refresh, tr("Reading names ..."));
     const auto count = m_link.count("body number_of_bodies standard");
     if (!count)
         m_link.log(QStringLiteral("Error: Unable to get number of standard bodies"));
     m_ui->tableWidget->setRowCount(qMax(0, count.value_or(0)));
-    for (int row = 0; row < m_ui->tableWidget->rowCount(); ++row)
+    const int rows = m_ui->tableWidget->rowCount();
+    for (int row = 0; row < rows; ++row) {
+        m_link.progress(row + 1, rows);
         fillRow(row);
+    }
 }
 
 void BodySettingsDlg::fillRow(int row)
@@ -110,6 +118,7 @@ QStringList BodySettingsDlg::get_current_body_names() const
 
 void BodySettingsDlg::saveBodySettings()
 {
+    const Waiting waiting(m_observer, Waiting::For::Action, tr("Writing names ..."));
     const QStringList names = get_current_body_names();
     for (int row = 0; row < names.size(); ++row) {
         const QTableWidgetItem *item = m_ui->tableWidget->item(row, NameColumn);

@@ -10,6 +10,7 @@
 class BackendVersions;
 class EditDelegate;
 class IOManager;
+class LinkObserver;
 
 namespace Ui {
 class BodySettingsDlg;
@@ -60,6 +61,7 @@ private:
 
     IOManager *m_iom;
     BackendVersions *m_beVers;
+    LinkObserver *m_observer;
     ControllerLink m_link;
     std::unique_ptr<Ui::BodySettingsDlg> m_ui;
     EditDelegate *m_nameDelegate; ///< owned as a child

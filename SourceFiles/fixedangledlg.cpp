@@ -4,6 +4,8 @@
 
 #include "angletablewidget.h"
 #include "helpdialog.h"
+#include "linkobserver.h"
+#include "waiting.h"
 
 #include <QHeaderView>
 #include <QMessageBox>
@@ -16,11 +18,13 @@
 
 FixedAngleDlg::FixedAngleDlg(IOManager *iom, QWidget *parent, BackendVersions *beVers)
     : QDialog(parent),
-      m_link(iom, beVers),
+      m_observer(new LinkObserver(this)),
+      m_link(iom, beVers, m_observer),
       m_ui(std::make_unique<Ui::FixedAngleDlg>()),
       m_table(new AngleTableWidget(beVers, this))
 {
     m_ui->setupUi(this);
+    m_ui->messageLine->follow(m_observer);
     m_table->setObjectName(QStringLiteral("tableWidget"));
     m_table->setAccessibleName(tr("Fixed angles of the standard bodies"));
     m_ui->verticalLayout->insertWidget(0, m_table);
@@ -32,6 +36,8 @@ FixedAngleDlg::~FixedAngleDlg() = default;
 int FixedAngleDlg::update_and_exec()
 {
     if (m_link.protocolAtLeast(1, 6)) {
+        const Waiting waiting(m_observer, Waiting::For::Refresh,
+                              tr("Reading the fixed angles ..."));
         QList<FixedAngleBody *> bodies;
         const auto release = qScopeGuard([&bodies] { qDeleteAll(bodies); });
         get_fixed_angle_info(bodies);
@@ -46,8 +52,11 @@ void FixedAngleDlg::get_fixed_angle_info(QList<FixedAngleBody *> &bodies) const
     const auto count = m_link.count("body number_of_bodies standard");
     if (!count)
         m_link.log(QStringLiteral("Error: Unable to check number of standard bodies"));
-    for (int number = 1; number <= count.value_or(0); ++number)
+    const int bodyCount = count.value_or(0);
+    for (int number = 1; number <= bodyCount; ++number) {
+        m_link.progress(number, bodyCount);
         bodies.append(new FixedAngleBody(readBody(number)));
+    }
 }
 
 FixedAngleBody FixedAngleDlg::readBody(int number) const
@@ -103,6 +112,7 @@ bool FixedAngleDlg::save_fix_angle_settings()
         if (!m_table->isUnread(row))
             bodies.append(*body);
     }
+    const Waiting waiting(m_observer, Waiting::For::Action, tr("Writing the fixed angles ..."));
     QStringList refused;
     for (const FixedAngleBody &body : qAsConst(bodies)) {
         if (!write(body))

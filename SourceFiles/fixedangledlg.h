@@ -11,6 +11,7 @@
 class AngleTableWidget;
 class BackendVersions;
 class IOManager;
+class LinkObserver;
 
 namespace Ui {
 class FixedAngleDlg;
@@ -55,6 +56,7 @@ private:
     bool write(const FixedAngleBody &body) const;
     void warn(const QString &text);
 
+    LinkObserver *m_observer;
     ControllerLink m_link;
     std::unique_ptr<Ui::FixedAngleDlg> m_ui;
     AngleTableWidget *m_table; ///< owned as a child

@@ -1,9 +1,10 @@
 #include "targetlibrary.h"
 
+#include "linkobserver.h"
 #include "targets/target.h"
 
 Targetlibrary::Targetlibrary(IOManager *manager, BackendVersions *versions, QObject *parent)
-    : QObject(parent), iom(manager), beVers(versions), m_link(iom, beVers)
+    : QObject(parent), iom(manager), beVers(versions), m_link(iom, beVers, LinkObserver::of(parent))
 {
     fillTargetMap();
     fillGroupOfTargetMap();

@@ -2,6 +2,7 @@
 
 #include "BackendVersions.h"
 #include "IOManager.h"
+#include "linkobserver.h"
 
 #include <array>
 #include <cmath>
@@ -45,6 +46,30 @@ __attribute__((format(printf, 1, 0))) QByteArray formatted(const char *format, v
     return line.toUtf8();
 }
 
+/** Lets the observer know when an operation is over: a host may delete its dialog meanwhile. */
+class ObservedOperation {
+public:
+    explicit ObservedOperation(const QPointer<LinkObserver> &observer) : m_observer(observer) {}
+    ~ObservedOperation()
+    {
+        if (m_observer)
+            emit m_observer->operationDone();
+    }
+    ObservedOperation(const ObservedOperation &) = delete;
+    ObservedOperation &operator=(const ObservedOperation &) = delete;
+
+    /** The result of a write. */
+    bool accepted(bool done) const
+    {
+        if (done && m_observer)
+            emit m_observer->writeAccepted();
+        return done;
+    }
+
+private:
+    const QPointer<LinkObserver> m_observer;
+};
+
 } // namespace
 
 // A va_list lives in the function that has the dots, so no other function can do this.
@@ -54,14 +79,16 @@ __attribute__((format(printf, 1, 0))) QByteArray formatted(const char *format, v
     const QByteArray line = formatted(format, arguments);                                          \
     va_end(arguments)
 
-ControllerLink::ControllerLink(IOManager *iom, const BackendVersions *versions)
-    : m_iom(iom), m_versions(versions)
+ControllerLink::ControllerLink(IOManager *iom, const BackendVersions *versions,
+                               LinkObserver *observer)
+    : m_iom(iom), m_versions(versions), m_observer(observer)
 {
 }
 
 std::optional<QString> ControllerLink::text(const char *format, ...) const
 {
     LINE_OF(format);
+    const ObservedOperation operation(m_observer);
     AnswerBuffer buffer{};
     if (!m_iom || line.isEmpty() || m_iom->get_string(buffer.data(), "%s", line.constData()) != 0)
         return std::nullopt;
@@ -78,6 +105,7 @@ std::optional<QString> ControllerLink::name(const char *format, ...) const
 std::optional<int> ControllerLink::integer(const char *format, ...) const
 {
     LINE_OF(format);
+    const ObservedOperation operation(m_observer);
     int value = 0;
     if (!m_iom || line.isEmpty() || m_iom->get_int(&value, "%s", line.constData()) != 0)
         return std::nullopt;
@@ -95,6 +123,7 @@ std::optional<int> ControllerLink::count(const char *format, ...) const
 std::optional<double> ControllerLink::real(const char *format, ...) const
 {
     LINE_OF(format);
+    const ObservedOperation operation(m_observer);
     double value = 0.0;
     if (!m_iom || line.isEmpty() || m_iom->get_double(&value, "%s", line.constData()) != 0
         || !std::isfinite(value))
@@ -105,6 +134,7 @@ std::optional<double> ControllerLink::real(const char *format, ...) const
 std::optional<bool> ControllerLink::flag(const char *format, ...) const
 {
     LINE_OF(format);
+    const ObservedOperation operation(m_observer);
     bool value = false;
     if (!m_iom || line.isEmpty() || m_iom->get_bool(&value, "%s", line.constData()) != 0)
         return std::nullopt;
@@ -120,24 +150,29 @@ bool ControllerLink::isYes(const char *format, ...) const
 bool ControllerLink::set(const char *format, ...) const
 {
     LINE_OF(format);
-    return m_iom && !line.isEmpty() && m_iom->set("%s", line.constData()) == 0;
+    const ObservedOperation operation(m_observer);
+    return operation.accepted(m_iom && !line.isEmpty() && m_iom->set("%s", line.constData()) == 0);
 }
 
 bool ControllerLink::command(const char *format, ...) const
 {
     LINE_OF(format);
+    const ObservedOperation operation(m_observer);
     AnswerBuffer buffer{};
     if (!m_iom || line.isEmpty() || m_iom->send_command(buffer.data(), line.constData()) != 0)
         return false;
     buffer.back() = '\0';
     // Bytes, not text: decoding would forgive a byte order mark.
-    return std::strcmp(buffer.data(), "morvek2 ok") == 0;
+    return operation.accepted(std::strcmp(buffer.data(), "morvek2 ok") == 0);
 }
 
 void ControllerLink::log(const QString &line) const
 {
+    const QPointer<LinkObserver> observer = m_observer;
     if (m_iom)
         m_iom->send_message("standard", "MORVEK3", messageKind, line.toUtf8().constData());
+    if (observer)
+        emit observer->lineLogged(line);
 }
 
 void ControllerLink::post(const char *channel, const QString &request) const
@@ -146,6 +181,12 @@ void ControllerLink::post(const char *channel, const QString &request) const
         m_iom->send_message(channel, "BodyAdministrationModule", messageKind,
                             request.toUtf8().constData());
     }
+}
+
+void ControllerLink::progress(int done, int total) const
+{
+    if (m_observer)
+        emit m_observer->progressed(done, total);
 }
 
 void ControllerLink::registerReceiver(const char *channel, MessageReceiver *receiver) const
@@ -172,7 +213,12 @@ bool ControllerLink::isPocketUnit() const
 
 bool ControllerLink::isConfigLocked() const
 {
-    return protocolAtLeast(1, 9) && text("config is_changeable") == QLatin1String("no");
+    const QPointer<LinkObserver> observer = m_observer;
+    const bool locked =
+            protocolAtLeast(1, 9) && text("config is_changeable") == QLatin1String("no");
+    if (observer)
+        emit observer->lockRead(locked);
+    return locked;
 }
 
 QByteArray ControllerLink::argument(const QString &text)

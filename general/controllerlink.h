@@ -1,27 +1,32 @@
 #pragma once
 
 #include <QByteArray>
+#include <QPointer>
 #include <QString>
 
 #include <optional>
 
 class BackendVersions;
 class IOManager;
+class LinkObserver;
 class MessageReceiver;
 
 /**
  * The module's only way to the controller, its message log and the other modules.
  *
  * A small value that refers to the host's two objects, which outlive it; either may be null, then
- * every read and write fails, the protocol counts as the oldest and no message is sent. Formats are
+ * every read and write fails, the protocol counts as the oldest and no message is sent. What it
+ * does is emitted by the observer of its dialog, if there is one; the dialog may be deleted while
+ * an operation runs. Formats are
  * checked at compile time. Numbers are formatted in the C locale, text travels as UTF-8. A line
  * that holds a line break or an unpaired double quote is refused and never reaches the controller;
  * pass text from the user through argument(), which turns a NUL, too, into a refused line.
  */
 class ControllerLink {
 public:
-    /** Either may be null. */
-    ControllerLink(IOManager *iom, const BackendVersions *versions);
+    /** Any may be null; the observer may be deleted at any time. */
+    ControllerLink(IOManager *iom, const BackendVersions *versions,
+                   LinkObserver *observer = nullptr);
 
     /**
      * The answer as text, with a replacement sign for each line break and control sign; nothing
@@ -57,6 +62,9 @@ public:
     /** Sends a request of the body administration to the module that listens on `channel`. */
     void post(const char *channel, const QString &request) const;
 
+    /** Lets the observer know that of `total` things number `done` is being read. */
+    void progress(int done, int total) const;
+
     /** From now on `receiver` gets the messages of `channel`; it has to be withdrawn again. */
     void registerReceiver(const char *channel, MessageReceiver *receiver) const;
     /** Withdraws `receiver` from `channel`; nothing when it is not registered. */
@@ -79,4 +87,5 @@ public:
 private:
     IOManager *m_iom;
     const BackendVersions *m_versions;
+    QPointer<LinkObserver> m_observer;
 };

@@ -5,6 +5,8 @@
 #include "bodynumber.h"
 #include "filterhelp.h"
 #include "filterreader.h"
+#include "linkobserver.h"
+#include "waiting.h"
 #include "wheelguard.h"
 
 #include <QScopedValueRollback>
@@ -31,10 +33,16 @@ int indexOf(const QComboBox *box, const std::optional<QString> &id)
 } // namespace
 
 FilterDialog::FilterDialog(IOManager *iom, QWidget *parent, BackendVersions *beVers)
-    : QDialog(parent), ui(std::make_unique<Ui::FilterDialog>()), iom(iom), beVers(beVers)
+    : QDialog(parent),
+      ui(std::make_unique<Ui::FilterDialog>()),
+      iom(iom),
+      beVers(beVers),
+      m_observer(new LinkObserver(this))
 {
+    const Waiting waiting(m_observer, Waiting::For::Refresh, tr("Reading the filter ..."));
     ui->setupUi(this);
     WheelGuard::protect(this);
+    ui->messageLine->follow(m_observer);
     if (parent)
         setWindowIcon(parent->windowIcon());
     setup_combobox_preset_info();
@@ -50,6 +58,13 @@ FilterDialog::~FilterDialog()
 
 int FilterDialog::update_and_exec(int bodyType, int bodyIndex)
 {
+    prepare(bodyType, bodyIndex);
+    return exec();
+}
+
+void FilterDialog::prepare(int bodyType, int bodyIndex)
+{
+    const Waiting waiting(m_observer, Waiting::For::Refresh, tr("Reading the filter ..."));
     bUserAction = false;
     const QString type = typeWord(bodyType);
     const bool available = !type.isEmpty() && reader().isAvailable(type);
@@ -57,14 +72,13 @@ int FilterDialog::update_and_exec(int bodyType, int bodyIndex)
     if (!available || bIsConfigLocked) {
         clearBodies();
         enableDialog(false, bodyType);
-        return exec();
+        return;
     }
     enableDialog(true, standardType);
     update_comboBox_body(bodyType, bodyIndex);
     update_checkbox_active();
     updateFilterValues();
     bUserAction = true;
-    return exec();
 }
 
 void FilterDialog::clearBodies()
@@ -325,6 +339,7 @@ void FilterDialog::update_comboBox_mode()
 void FilterDialog::done(int result)
 {
     if (bUserAction) {
+        const Waiting waiting(m_observer, Waiting::For::Action, tr("Writing the filter ..."));
         // Closing by key or button need not take the focus away first.
         ui->doubleSpinBox_strength->interpretText();
         on_doubleSpinBox_strength_editingFinished();
@@ -338,6 +353,7 @@ void FilterDialog::on_comboBox_body_currentIndexChanged(int)
 {
     if (!bUserAction)
         return;
+    const Waiting waiting(m_observer, Waiting::For::Refresh, tr("Reading the filter ..."));
     update_checkbox_active();
     updateFilterValues();
 }
@@ -351,6 +367,7 @@ void FilterDialog::on_checkBox_active_stateChanged(int state)
         update_checkbox_active();
         return;
     }
+    const Waiting waiting(m_observer, Waiting::For::Action, tr("Writing the filter ..."));
     if (!link().set("body filter6d_enabled %s %s", ControllerLink::argument(body).constData(),
                     state == Qt::Checked ? "yes" : "no"))
         link().log(QStringLiteral("Error: Unable to activate/deactivate filter 6d for body %1")
@@ -364,6 +381,7 @@ void FilterDialog::on_comboBox_preset_currentIndexChanged(int index)
     if (!bUserAction || index < 0 || body.isEmpty())
         return;
     const QString preset = ui->comboBox_preset->itemData(index).toString();
+    const Waiting waiting(m_observer, Waiting::For::Action, tr("Writing the filter ..."));
     if (!link().set("body filter6d_preset %s %s", ControllerLink::argument(body).constData(),
                     ControllerLink::argument(preset).constData()))
         link().log(QStringLiteral("Error: Unable to set filter 6d preset for body %1").arg(body));
@@ -422,7 +440,7 @@ void FilterDialog::on_pushButton_exit_clicked()
 
 ControllerLink FilterDialog::link() const
 {
-    return ControllerLink(iom, beVers);
+    return ControllerLink(iom, beVers, m_observer);
 }
 
 FilterReader FilterDialog::reader() const

@@ -13,6 +13,8 @@
 #include <memory>
 #include <optional>
 
+class LinkObserver;
+
 namespace Ui {
 class FilterDialog;
 }
@@ -99,6 +101,7 @@ private slots:
     void on_pushButton_exit_clicked();
 
 private:
+    void prepare(int bodyType, int bodyIndex);
     void clearBodies();
     static QString identifier(const QString &type, int index);
     void addBody(const QString &type, int index);
@@ -115,6 +118,7 @@ private:
     std::unique_ptr<Ui::FilterDialog> ui;
     IOManager *iom;
     BackendVersions *beVers;
+    LinkObserver *m_observer;
     bool bUserAction = false; ///< false while the dialog fills its own widgets
     QMap<QString, bool> mapIsTargetInertial;
     QList<PresetInfo *> listPresets; ///< owned

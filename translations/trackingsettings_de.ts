@@ -82,6 +82,10 @@
         <source>E&amp;xit</source>
         <translation>S&amp;chließen</translation>
     </message>
+    <message>
+        <source>Reading bodies ...</source>
+        <translation>Körper werden gelesen ...</translation>
+    </message>
 </context>
 <context>
     <name>BodySettingsDlg</name>
@@ -140,6 +144,14 @@
     <message>
         <source>not calibrated</source>
         <translation>nicht kalibriert</translation>
+    </message>
+    <message>
+        <source>Reading names ...</source>
+        <translation>Namen werden gelesen ...</translation>
+    </message>
+    <message>
+        <source>Writing names ...</source>
+        <translation>Namen werden geschrieben ...</translation>
     </message>
 </context>
 <context>
@@ -366,6 +378,14 @@ die Geometrie von %2 %3 löschen?</translation>
     <message>
         <source>Joywand body %1</source>
         <translation>Joywand %1</translation>
+    </message>
+    <message>
+        <source>Reading the filter ...</source>
+        <translation>Filter wird gelesen ...</translation>
+    </message>
+    <message>
+        <source>Writing the filter ...</source>
+        <translation>Filter wird geschrieben ...</translation>
     </message>
 </context>
 <context>
@@ -602,6 +622,14 @@ Richtungswechseln über. Mit 0 ms wird nichts vorhergesagt; ein negativer Wert l
         <extracomment>%1 is a list of body numbers and names, for example &quot;b02 Head, b03 Chair&quot;</extracomment>
         <translation>Der Controller hat die festen Winkel von %1 abgelehnt.</translation>
     </message>
+    <message>
+        <source>Reading the fixed angles ...</source>
+        <translation>Feste Winkel werden gelesen ...</translation>
+    </message>
+    <message>
+        <source>Writing the fixed angles ...</source>
+        <translation>Feste Winkel werden geschrieben ...</translation>
+    </message>
 </context>
 <context>
     <name>HelpDialog</name>
@@ -806,6 +834,21 @@ Richtungswechseln über. Mit 0 ms wird nichts vorhergesagt; ein negativer Wert l
     <message>
         <source>Sto&amp;p</source>
         <translation>Sto&amp;pp</translation>
+    </message>
+</context>
+<context>
+    <name>MessageLine</name>
+    <message>
+        <source>Unable to close dialog during calibration is running</source>
+        <translation>Das Fenster kann während einer laufenden Kalibrierung nicht geschlossen werden</translation>
+    </message>
+    <message>
+        <source>The configuration is locked</source>
+        <translation>Die Konfiguration ist gesperrt</translation>
+    </message>
+    <message>
+        <source>What went wrong last, or what is waited for</source>
+        <translation>Was zuletzt misslang oder worauf gewartet wird</translation>
     </message>
 </context>
 <context>
@@ -1307,6 +1350,14 @@ befestigen Sie das Target vor der Kalibrierung am Gerät)</translation>
         <source>Single Markers</source>
         <translation>Einzelmarker</translation>
     </message>
+    <message>
+        <source>Reading the settings ...</source>
+        <translation>Einstellungen werden gelesen ...</translation>
+    </message>
+    <message>
+        <source>Writing the settings ...</source>
+        <translation>Einstellungen werden geschrieben ...</translation>
+    </message>
 </context>
 <context>
     <name>TrackingSettingBodyAdminModule</name>
@@ -1338,6 +1389,13 @@ befestigen Sie das Target vor der Kalibrierung am Gerät)</translation>
     <message>
         <source>Settings of all bodies</source>
         <translation>Einstellungen aller Körper</translation>
+    </message>
+</context>
+<context>
+    <name>Waiting</name>
+    <message>
+        <source>%1, %2 of %3</source>
+        <translation>%1, %2 von %3</translation>
     </message>
 </context>
 </TS>
