@@ -15,11 +15,13 @@
 #include "support/moduleversion.h"
 #include "targetlibrary.h"
 #include "waiting.h"
+#include "wheelguard.h"
 
-#include <QGuiApplication>
 #include <QKeyEvent>
+#include <QLayout>
 #include <QPointer>
 #include <QScreen>
+#include <QStyle>
 
 namespace {
 
@@ -27,6 +29,19 @@ enum TabKey { StandardTab = 0, JoywandTab = 1, HandsTab = 2, MeasurementToolTab 
 
 /** The compact system offers measurement tools from the version after this one. */
 const VersionInfo lastCompactWithoutTools(2, 9, 3);
+
+/** Lets the layouts of a window that is not shown yet measure what was filled into it. */
+void measureAgain(QWidget *widget)
+{
+    for (QObject *child : widget->children()) {
+        if (child->isWidgetType())
+            measureAgain(static_cast<QWidget *>(child));
+    }
+    if (QLayout *layout = widget->layout()) {
+        layout->invalidate();
+        layout->activate();
+    }
+}
 
 } // namespace
 
@@ -52,25 +67,42 @@ BodyAdministrationDlg::BodyAdministrationDlg(IOManager *manager, QWidget *parent
     m_is_bodycal_module_available = false;
     m_is_bodyadjustment_module_available = false;
     m_is_joywand_multiuser = false;
-    resizeToFont();
+    chainTabOrder();
+    WheelGuard::protect(this);
+    setWindowFlag(Qt::WindowMaximizeButtonHint);
+    setSizeGripEnabled(true);
 }
 
 BodyAdministrationDlg::~BodyAdministrationDlg() = default;
 
-void BodyAdministrationDlg::resizeToFont()
+void BodyAdministrationDlg::fitToContents()
 {
-    // Wide enough for the names beside all other columns, at any scale and within the screen.
-    constexpr int characters = 205;
-    constexpr int lines = 36;
-    constexpr int fewestLines = 28;
-    const QSize wanted(fontMetrics().averageCharWidth() * characters,
-                       fontMetrics().lineSpacing() * lines);
-    const QScreen *screen = QGuiApplication::primaryScreen();
-    setWindowFlag(Qt::WindowMaximizeButtonHint);
-    setSizeGripEnabled(true);
-    const QSize available = screen ? screen->availableSize() : wanted;
-    const int lowest = fontMetrics().lineSpacing() * fewestLines;
-    resize(wanted.boundedTo(available.expandedTo(QSize(0, lowest))));
+    // The size that the user chose last stays.
+    if (testAttribute(Qt::WA_Resized))
+        return;
+    measureAgain(this);
+    const QWidget *beside = m_parent ? m_parent->window() : this;
+    const QScreen *screen = beside->screen();
+    const int titleBar = style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, this);
+    // The pages scroll where the screen is too small, so that the buttons stay in it.
+    const QSize room =
+            screen ? screen->availableSize() - QSize(titleBar, 2 * titleBar) : sizeHint();
+    resize(sizeHint().boundedTo(room));
+}
+
+void BodyAdministrationDlg::chainTabOrder()
+{
+    QWidget *last = ui->tabWidget;
+    for (QWidget *next = nextInFocusChain(); next != this; next = next->nextInFocusChain()) {
+        if (ui->tabWidget->isAncestorOf(next))
+            last = next;
+    }
+    for (QPushButton *button :
+         {ui->pushButton_filter, ui->pushButton_calibration, ui->pushButton_hybridCalibration,
+          ui->pushButton_body_adjustment, ui->pushButton_exit}) {
+        setTabOrder(last, button);
+        last = button;
+    }
 }
 
 void BodyAdministrationDlg::createTabs()
@@ -142,6 +174,7 @@ void BodyAdministrationDlg::prepare()
     ui->pushButton_calibration->setVisible(m_current_tab == MeasurementToolTab);
     applyButtonRules();
     refreshCurrentTab();
+    fitToContents();
 }
 
 void BodyAdministrationDlg::runModally()
@@ -210,10 +243,13 @@ bool BodyAdministrationDlg::isCalTargetlibactive() const
 
 void BodyAdministrationDlg::keyPressEvent(QKeyEvent *event)
 {
-    // Enter ends the editing of a field and must not press a button of the page besides. A button
-    // that has the focus takes the key before it comes here.
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         event->accept();
+        // Enter ends the editing of a field and must not press a button besides; only the button
+        // that has the focus is meant.
+        if (auto *button = qobject_cast<QPushButton *>(focusWidget());
+            button && !event->isAutoRepeat())
+            button->click();
         return;
     }
     if (event->key() != Qt::Key_F8) {

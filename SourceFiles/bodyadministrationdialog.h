@@ -63,7 +63,8 @@ private slots:
 
 private:
     void createTabs();
-    void resizeToFont();
+    void fitToContents();
+    void chainTabOrder();
     void addPages();
     void initMessageReceiver();
     bool is_config_locked() const;

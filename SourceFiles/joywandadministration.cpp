@@ -24,6 +24,8 @@ JoywandAdministration::JoywandAdministration(IOManager *manager, QWidget *parent
       m_editDelegate(new EditDelegate(this))
 {
     ui->setupUi(this);
+    // The dialog has a button of that text and access key, too; two keys of one name press none.
+    ui->pushButton_filter->setShortcut(QKeySequence());
     setWhatsThis(tr("Administration of Joywands"));
     TabWidgets widgets = commonTabWidgets(*ui);
     widgets.type = joywandType;

@@ -27,6 +27,8 @@ StandardAdministration::StandardAdministration(IOManager *manager, QWidget *pare
       editDelegate(new EditDelegate(this))
 {
     ui->setupUi(this);
+    // The dialog has a button of that text and access key, too; two keys of one name press none.
+    ui->pushButton_filter->setShortcut(QKeySequence());
     setWhatsThis(tr("Administration of standard bodies"));
     TabWidgets widgets = commonTabWidgets(*ui);
     widgets.type = standardType;
