@@ -27,6 +27,7 @@ FixedAngleDlg::FixedAngleDlg(IOManager *iom, QWidget *parent, BackendVersions *b
     m_ui->messageLine->follow(m_observer);
     m_table->setObjectName(QStringLiteral("tableWidget"));
     m_table->setAccessibleName(tr("Fixed angles of the standard bodies"));
+    m_table->setWhatsThis(tr("Adjust the fixed angles of the standard bodies"));
     m_ui->verticalLayout->insertWidget(0, m_table);
     setTabOrder(m_table, m_ui->pushButton_help);
 }

@@ -44,7 +44,7 @@
     </message>
     <message>
         <source>Fi&amp;lter</source>
-        <translation>Fi&amp;lter</translation>
+        <translation>&amp;Filter</translation>
     </message>
     <message>
         <source>Calibrate the selected body</source>
@@ -64,7 +64,7 @@
     </message>
     <message>
         <source>&amp;Hybrid Body Calibration</source>
-        <translation>&amp;Hybridkörper kalibrieren</translation>
+        <translation>Hybridkörper &amp;kalibrieren</translation>
     </message>
     <message>
         <source>Adjust the coordinate system of the selected body</source>
@@ -80,7 +80,7 @@
     </message>
     <message>
         <source>E&amp;xit</source>
-        <translation>S&amp;chließen</translation>
+        <translation>Sc&amp;hließen</translation>
     </message>
     <message>
         <source>Reading bodies ...</source>
@@ -152,6 +152,10 @@
     <message>
         <source>Writing names ...</source>
         <translation>Namen werden geschrieben ...</translation>
+    </message>
+    <message>
+        <source>Names of the standard bodies</source>
+        <translation>Namen der Standardkörper</translation>
     </message>
 </context>
 <context>
@@ -387,6 +391,18 @@ die Geometrie von %2 %3 löschen?</translation>
         <source>Writing the filter ...</source>
         <translation>Filter wird geschrieben ...</translation>
     </message>
+    <message>
+        <source>Switch the 6DOF filter of the body on or off</source>
+        <translation>6DOF-Filter des Körpers ein- oder ausschalten</translation>
+    </message>
+    <message>
+        <source>Adjust how far ahead the filter predicts</source>
+        <translation>Einstellen, wie weit der Filter vorhersagt</translation>
+    </message>
+    <message>
+        <source>Explain the filter settings</source>
+        <translation>Filtereinstellungen erklären</translation>
+    </message>
 </context>
 <context>
     <name>FilterHelp</name>
@@ -459,6 +475,10 @@ Richtungswechseln über. Mit 0 ms wird nichts vorhergesagt; ein negativer Wert l
     <message>
         <source>E&amp;xit</source>
         <translation>S&amp;chließen</translation>
+    </message>
+    <message>
+        <source>Close dialog</source>
+        <translation>Fenster schließen</translation>
     </message>
 </context>
 <context>
@@ -578,6 +598,14 @@ Richtungswechseln über. Mit 0 ms wird nichts vorhergesagt; ein negativer Wert l
         <source>Sto&amp;p</source>
         <translation>Sto&amp;pp</translation>
     </message>
+    <message>
+        <source>Raise the number of hands to add one</source>
+        <translation>Anzahl der Hände erhöhen, um eine hinzuzufügen</translation>
+    </message>
+    <message>
+        <source>Start a search to list targets</source>
+        <translation>Suche starten, um Targets aufzulisten</translation>
+    </message>
 </context>
 <context>
     <name>FixedAngleDlg</name>
@@ -629,6 +657,10 @@ Richtungswechseln über. Mit 0 ms wird nichts vorhergesagt; ein negativer Wert l
     <message>
         <source>Writing the fixed angles ...</source>
         <translation>Feste Winkel werden geschrieben ...</translation>
+    </message>
+    <message>
+        <source>Adjust the fixed angles of the standard bodies</source>
+        <translation>Feste Winkel der Standardkörper einstellen</translation>
     </message>
 </context>
 <context>
@@ -688,6 +720,10 @@ Richtungswechseln über. Mit 0 ms wird nichts vorhergesagt; ein negativer Wert l
     <message>
         <source>The body table: a ticked angle is fixed to the number beside it, a grey row cannot be changed.</source>
         <translation>Die Körpertabelle: Ein angehakter Winkel ist auf die Zahl daneben festgelegt, eine graue Zeile lässt sich nicht ändern.</translation>
+    </message>
+    <message>
+        <source>Close dialog</source>
+        <translation>Fenster schließen</translation>
     </message>
 </context>
 <context>
@@ -769,7 +805,7 @@ Richtungswechseln über. Mit 0 ms wird nichts vorhergesagt; ein negativer Wert l
     </message>
     <message>
         <source>Fi&amp;lter</source>
-        <translation>Fi&amp;lter</translation>
+        <translation>&amp;Filter</translation>
     </message>
     <message>
         <source>Open custom body calibration</source>
@@ -834,6 +870,14 @@ Richtungswechseln über. Mit 0 ms wird nichts vorhergesagt; ein negativer Wert l
     <message>
         <source>Sto&amp;p</source>
         <translation>Sto&amp;pp</translation>
+    </message>
+    <message>
+        <source>Raise the number of joywands to add one</source>
+        <translation>Anzahl der Joywands erhöhen, um einen hinzuzufügen</translation>
+    </message>
+    <message>
+        <source>Start a search to list targets</source>
+        <translation>Suche starten, um Targets aufzulisten</translation>
     </message>
 </context>
 <context>
@@ -994,7 +1038,7 @@ Die Zuordnung zum Messwerkzeug wird dann ebenfalls gelöscht.</translation>
     </message>
     <message>
         <source>c&amp;ategory</source>
-        <translation>K&amp;ategorie</translation>
+        <translation>Kate&amp;gorie</translation>
     </message>
     <message>
         <source>Filter target groups</source>
@@ -1035,6 +1079,18 @@ Die Zuordnung zum Messwerkzeug wird dann ebenfalls gelöscht.</translation>
     <message>
         <source>Sto&amp;p</source>
         <translation>Sto&amp;pp</translation>
+    </message>
+    <message>
+        <source>Raise the number of Measurement Tools to add one</source>
+        <translation>Anzahl der Messwerkzeuge erhöhen, um eines hinzuzufügen</translation>
+    </message>
+    <message>
+        <source>Raise the number of references to add one</source>
+        <translation>Anzahl der Referenzen erhöhen, um eine hinzuzufügen</translation>
+    </message>
+    <message>
+        <source>Start a search to list targets</source>
+        <translation>Suche starten, um Targets aufzulisten</translation>
     </message>
 </context>
 <context>
@@ -1174,7 +1230,7 @@ befestigen Sie das Target vor der Kalibrierung am Gerät)</translation>
     </message>
     <message>
         <source>Fi&amp;lter</source>
-        <translation>Fi&amp;lter</translation>
+        <translation>&amp;Filter</translation>
     </message>
     <message>
         <source>Open custom body calibration</source>
@@ -1202,7 +1258,7 @@ befestigen Sie das Target vor der Kalibrierung am Gerät)</translation>
     </message>
     <message>
         <source>c&amp;ategory</source>
-        <translation>K&amp;ategorie</translation>
+        <translation>Kate&amp;gorie</translation>
     </message>
     <message>
         <source>Filter target groups</source>
@@ -1243,6 +1299,14 @@ befestigen Sie das Target vor der Kalibrierung am Gerät)</translation>
     <message>
         <source>Sto&amp;p</source>
         <translation>Sto&amp;pp</translation>
+    </message>
+    <message>
+        <source>Raise the number of bodies to add one</source>
+        <translation>Anzahl der Körper erhöhen, um einen hinzuzufügen</translation>
+    </message>
+    <message>
+        <source>Start a search to list targets</source>
+        <translation>Suche starten, um Targets aufzulisten</translation>
     </message>
 </context>
 <context>
@@ -1338,6 +1402,30 @@ befestigen Sie das Target vor der Kalibrierung am Gerät)</translation>
     <message>
         <source>Cancel</source>
         <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>Open the fixed angles of the standard bodies</source>
+        <translation>Feste Winkel der Standardkörper öffnen</translation>
+    </message>
+    <message>
+        <source>Track bodies with an inertial sensor with the frequency of the cameras</source>
+        <translation>Körper mit Inertialsensor mit der Frequenz der Kameras verfolgen</translation>
+    </message>
+    <message>
+        <source>Track with the frequency of an inertial sensor</source>
+        <translation>Mit der Frequenz eines Inertialsensors verfolgen</translation>
+    </message>
+    <message>
+        <source>Track with a frequency of your own</source>
+        <translation>Mit einer eigenen Frequenz verfolgen</translation>
+    </message>
+    <message>
+        <source>Adjust the tracking frequency</source>
+        <translation>Trackingfrequenz einstellen</translation>
+    </message>
+    <message>
+        <source>Select the inertial sensor that gives the frequency</source>
+        <translation>Inertialsensor wählen, der die Frequenz vorgibt</translation>
     </message>
 </context>
 <context>

@@ -79,8 +79,10 @@ void BodyReader::readBodies(BodyRegistry &registry, const QString &type, int fir
     const int count = readCount(type);
     if (AdminBodyType *record = registry.find(type))
         record->bodies.resize(count);
-    for (int index = first; registry.hasBody(type, index); ++index)
+    for (int index = first; registry.hasBody(type, index); ++index) {
+        m_link.progress(index + 1, count);
         readBody(*registry.find(type), type, index);
+    }
     registry.countSensors(type);
 }
 
