@@ -45,7 +45,7 @@ public:
 
     /** Title of the tab's page. */
     virtual QString getTabTitle() = 0;
-    /** True when the controller offers what the tab administers. */
+    /** True when the controller offers it. Kept for a host of tabs; the dialog shows every tab. */
     virtual bool isAvailable() = 0;
     /** True when the type has 6DOF filters and the current body a geometry to filter. */
     virtual bool is_filter6d_possible();

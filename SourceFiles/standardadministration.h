@@ -50,6 +50,7 @@ private slots:
 
 private:
     void setup_standard_table();
+    /** Kept for a caller that resizes columns; setting the table up sizes them already. */
     void set_table_column_size();
     void update_standard_table();
     void update_label_error();

@@ -59,7 +59,10 @@ protected:
         return Drive::find<QTableWidget>(page(window), "tableWidget_targetlibrary");
     }
     /** The page; other pages and the dialog have widgets of the same names. */
-    static QWidget *page(QWidget *window) { return bodies(window)->parentWidget(); }
+    static QWidget *page(QWidget *window)
+    {
+        return Drive::find<QWidget>(window, "StandardAdministrationClass");
+    }
     static BodyState body(const TestHost &host, int index)
     {
         return host.state().bodyTypes["standard"].bodies.value(index);
