@@ -56,7 +56,7 @@ public:
     {
         return !m_is_config_locked && isBodyCalibrated(current_btype, current_bid);
     }
-    /** True when the current body carries a sensor that is present; asks the controller. */
+    /** True when the current body carries a sensor that is present; queries the controller. */
     virtual bool is_hybridbodycalibration_possible();
     /** Current row of the tab's body table; -1 when none. */
     virtual int getCurrentBodyindex() = 0;
@@ -87,9 +87,9 @@ public:
     }
     /** Exchanges two bodies (protocol 1.11). False when the controller did not. */
     virtual bool switchBody(const QString &type, int index, int otherIndex);
-    /** Largest number of bodies, asked of the controller; a default, and logged, on failure. */
+    /** Largest number of bodies, as the controller answers; a default, and logged, on failure. */
     virtual int morvek2_getMaxNumberOfBodies(const QString &type) = 0;
-    /** Tells the controller the number of bodies; false, and logged, when it refused. */
+    /** Sets the controller's number of bodies; false, and logged, when it refused. */
     virtual bool morvek2_setNumberOfBodies(const QString &type, int count) = 0;
     /** Fills the item of a custom column; the item is new. */
     virtual void updateTableWidgetCell(const QString &, int, int, QTableWidgetItem *) {}
@@ -108,10 +108,10 @@ public:
     void updateBodyTypeInfo(const QString &type);
     /** Shows the number of bodies; with `readMaximum` the limit is read first. */
     void updateBodyTypeSpinBox(const QString &type, bool readMaximum);
-    /** Fills the table from the records; asks only whether the sensors warm up. */
+    /** Fills the table from the records; its one query is whether the sensors warm up. */
     void updateTableWidget(const QString &type);
 
-    /** Tells the controller the count and reads it back; asks before the reference is dropped. */
+    /** Sets the controller's count and reads it back; asks before the reference is dropped. */
     void setNumberOfBodies(const QString &type, int count);
     /** Makes the body the reference or none; refuses, with a box, a body that is not active. */
     void setBodyReference(const QString &type, int index, bool reference);
@@ -159,7 +159,7 @@ public:
     {
         m_targets.refreshTrackedRows(table, &tracked, &calibrated);
     }
-    /** Tells the operator how many targets were found; the tab may be gone afterwards. */
+    /** Shows the operator how many targets were found; the tab may be gone afterwards. */
     void showMessageFoundTargets_tl(int count) { m_questions.showFoundTargets(count); }
     /** Asks whether a named body may be overwritten; true without asking for one without name. */
     bool overwriteBodyCalibration(const QString &name) { return m_flow.confirmOverwrite(name); }
@@ -245,7 +245,7 @@ protected:
         m_search.reset();
         rowChosen();
     }
-    /** Hides the dialog and asks the calibration module to calibrate the current body. */
+    /** Hides the dialog and requests the current body's calibration from the other module. */
     void requestBodyCalibration();
     /** Edits the filters of one body in a dialog; false when the tab was deleted meanwhile. */
     bool openFilterDialog(int bodyType, int index)

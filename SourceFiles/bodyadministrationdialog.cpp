@@ -245,8 +245,8 @@ void BodyAdministrationDlg::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         event->accept();
-        // Enter ends the editing of a field and must not press a button besides; only the button
-        // that has the focus is meant.
+        // Enter ends the editing of a field and must not press a button besides; Enter presses
+        // only the button that has the focus.
         if (auto *button = qobject_cast<QPushButton *>(focusWidget());
             button && !event->isAutoRepeat())
             button->click();

@@ -39,7 +39,7 @@ public:
     void about_to_exit();
 
 public slots:
-    /** Reads everything anew and shows the dialog modally; returns when it is closed or hidden. */
+    /** Reads everything again and shows the dialog modally; returns when it is closed or hidden. */
     void update_and_exec();
     /** Closes the dialog; while the controller searches or calibrates it logs so and stays. */
     void reject() override;

@@ -122,7 +122,7 @@ void BodySettingsDlg::saveBodySettings()
     const QStringList names = get_current_body_names();
     for (int row = 0; row < names.size(); ++row) {
         const QTableWidgetItem *item = m_ui->tableWidget->item(row, NameColumn);
-        // A name that could not be read must not be replaced by the blank that stands for it.
+        // A name that could not be read must not be replaced by the blank shown in its place.
         if (names.at(row).isEmpty() && item && item->data(unreadRole).toBool())
             continue;
         // Without the quotes the line would end before its value.

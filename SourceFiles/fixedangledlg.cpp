@@ -109,7 +109,7 @@ bool FixedAngleDlg::save_fix_angle_settings()
             warn(tr("There is invalid data."));
             return false;
         }
-        // What was never read must not be replaced by the zeros that stand for it.
+        // Angles that were never read must not be replaced by the zeros shown in their place.
         if (!m_table->isUnread(row))
             bodies.append(*body);
     }

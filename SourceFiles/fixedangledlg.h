@@ -36,7 +36,7 @@ public:
     void get_fixed_angle_info(QList<FixedAngleBody *> &bodies) const;
     /**
      * Writes every row. False when a row does not hold three numbers, then nothing is written, or
-     * when the controller refused a row; a box tells the user either.
+     * when the controller refused a row; a box says which.
      */
     bool save_fix_angle_settings();
 

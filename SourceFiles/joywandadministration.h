@@ -30,9 +30,9 @@ public:
     void updateTableWidgetCell(const QString &type, int index, int column,
                                QTableWidgetItem *item) override;
 
-    /** Asks whether several devices serve several users; false when it cannot be asked. */
+    /** Queries whether several devices serve several users; false when the query fails. */
     bool is_multiuser_enabled() const;
-    /** Asks whether each device has a head target; false when it cannot be asked. */
+    /** Queries whether each device has a head target; false when the query fails. */
     bool is_header_enabled() const;
 
 public slots:

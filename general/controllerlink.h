@@ -40,8 +40,8 @@ public:
     /** The answer as a whole number; nothing when the query failed. */
     std::optional<int> integer(const char *format, ...) const __attribute__((format(printf, 2, 3)));
     /**
-     * A number of things, 0 to 9999. Any other answer is garbage and counts as a failed query: it
-     * must not keep the program busy.
+     * A number of things, 0 to 9999. Any other answer counts as a failed query: a
+     * disturbed answer must not make a window build millions of rows.
      */
     std::optional<int> count(const char *format, ...) const __attribute__((format(printf, 2, 3)));
     /** The answer as a finite number; nothing when the query failed. */
@@ -74,7 +74,7 @@ public:
     bool protocolAtLeast(int major, int minor) const;
     /** True when the controller is the compact all-in-one system. */
     bool isPocketUnit() const;
-    /** True when the configuration cannot be changed (asked from protocol 1.9 on). */
+    /** True when the configuration cannot be changed (queried from protocol 1.9 on). */
     bool isConfigLocked() const;
 
     /** `text` as it goes into a command line for "%s". */

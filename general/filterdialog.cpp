@@ -83,7 +83,7 @@ void FilterDialog::prepare(int bodyType, int bodyIndex)
 
 void FilterDialog::clearBodies()
 {
-    // Only a dialog that was open before has something to show of a body.
+    // A dialog that opens for the first time shows no body yet, so there is nothing to clear.
     if (ui->comboBox_body->count() == 0)
         return;
     mapIsTargetInertial.clear();

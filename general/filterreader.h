@@ -8,7 +8,7 @@
 #include <optional>
 
 /**
- * Reads what the controller tells about the 6DOF filter: what it offers, and what a body has set.
+ * Reads the controller's 6DOF filter: what it offers, and what is set for a body.
  *
  * A value without widgets. A failed query puts one line into the message log, except on controllers
  * from before the filter: that they do not know the queries is no failure. A body is named by its
@@ -33,11 +33,11 @@ public:
     /** True for a preset whose strength, prediction and mode the user sets. */
     static bool isCustomPreset(const QString &preset);
 
-    /** True when the controller offers the filter for bodies of `type`; asked from 1.12 on. */
+    /** True when the controller offers the filter for bodies of `type`; queried from 1.12 on. */
     bool isAvailable(const QString &type) const;
     /** The presets that the controller offers; the ones that cannot be read are left out. */
     QVector<Choice> presets() const;
-    /** The presets that the controller offers for `body`, which it tells from 1.21 on. */
+    /** The presets that the controller offers for `body`, which it answers from 1.21 on. */
     QVector<Choice> presetsOf(const QString &body) const;
     /** As presets(), for modes. */
     QVector<Choice> modes() const;

@@ -27,7 +27,7 @@ signals:
     void writeAccepted();
     /** A line went to the message log. */
     void lineLogged(const QString &line);
-    /** It was asked whether the configuration can be changed. */
+    /** The link has queried whether the configuration can be changed. */
     void lockRead(bool locked);
     /** Of `total` things, `done` are being or have been read. */
     void progressed(int done, int total);

@@ -17,7 +17,7 @@ namespace {
 constexpr int longestHistory = 10;
 constexpr int gap = 4;
 
-/** The message log also tells how a search goes on; only these beginnings mean a failure. */
+/** The message log also reports how a search goes on; only these beginnings mean a failure. */
 bool isFailure(const QString &line)
 {
     for (const char *beginning : {"Error", "Unable to", "Could not", "TrackingSettings:"}) {

@@ -6,7 +6,7 @@ class QWidget;
 
 /**
  * Keeps the wheel from changing a combo box or a spin box that has no keyboard focus: turned above
- * one by chance, it would change, and often send, a value that nobody meant.
+ * one by chance, it would change, and often send, a value that the operator did not choose.
  *
  * Owned by the widget it guards. The wheel goes on to whatever scrolls around the box.
  */

@@ -35,7 +35,7 @@ class CommandTable {
 public:
     struct Match {
         const CommandEntry *entry = nullptr; ///< null when the line is unknown
-        QStringList arguments;               ///< what stood for the placeholders, in order
+        QStringList arguments;               ///< what the placeholders took, in order
     };
 
     static const CommandTable &instance();

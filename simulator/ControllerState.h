@@ -94,7 +94,7 @@ struct FilterModeState {
 struct SearchState {
     bool active = false;
     int elapsedTicks = 0;
-    int durationTicks = 10; ///< polls of 600 ms until the step ends by itself
+    int durationTicks = 10; ///< polls of 600 ms until the step ends
     bool available = true;
     bool failsToStart = false;
 };

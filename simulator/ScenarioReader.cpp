@@ -7,7 +7,7 @@
 
 namespace {
 
-/** A value as it stands in the file, cut to a readable length. */
+/** A value as the file spells it, cut to a readable length. */
 QString shown(const QJsonValue &value)
 {
     constexpr int longest = 60;

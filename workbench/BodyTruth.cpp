@@ -139,7 +139,7 @@ bool toolReference(const ControllerState &state, const QString &type, int index,
     return !reference.isEmpty();
 }
 
-/** A column, and the protocol version from which a controller tells what stands in it. */
+/** A column, and the protocol version from which a controller answers what it shows. */
 struct Column {
     const char *title;
     VersionInfo since;

@@ -11,7 +11,7 @@ namespace BodyTruth {
  * The text or check mark of a cell.
  *
  * @param column title of the column
- * @param text   "checked"/"unchecked" for a check box; what stands there otherwise
+ * @param text   "checked"/"unchecked" for a check box; otherwise the text of the cell
  * @return false when nothing can be said about this column, or a controller so old does not tell
  */
 bool cell(const ControllerState &state, const QString &bodyType, int index, const QString &column,

@@ -34,7 +34,7 @@ bool Explorer::takeLine(Script::Line *line)
     if (m_waiting.isEmpty())
         return false;
     line->words = m_waiting.takeFirst();
-    // The scenario stands in the first line.
+    // The first line names the scenario.
     line->number = m_done.isEmpty() ? 2 : m_done.last().number + 1;
     m_done << *line;
     const QString problem = save();

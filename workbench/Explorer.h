@@ -17,7 +17,7 @@ public:
     /**
      * @param scenario name for the script's first line
      * @param steps how many actions; at least 1
-     * @param file is written anew with each line
+     * @param file is written again with each line
      */
     Explorer(const ScriptContext &context, quint32 seed, const QString &scenario, int steps,
              const QString &file);

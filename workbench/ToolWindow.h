@@ -22,7 +22,7 @@ public:
     TranscriptDock *transcript() const { return m_transcript; }
     StallMeter *stalls() const { return m_stalls; }
 
-    /** Adds a dock that tells what to try and plays it on demand. */
+    /** Adds a dock that says what to try and plays it on demand. */
     void showDemonstration(const Script &script, const ScriptContext &context);
 
 private:

@@ -154,7 +154,7 @@ bool WorkbenchProgram::startRecording(QString *error)
         if (!Recording::load(m_options.replayFile, &recording, error))
             return false;
         m_replayer = std::make_unique<Replayer>(m_session->io(), recording);
-        // What follows the first difference means nothing.
+        // After the first difference module and recording match no more: the replay ends.
         QObject::connect(
                 m_replayer.get(), &Replayer::differed, qApp,
                 [] { QApplication::exit(statusFailed); }, Qt::QueuedConnection);

@@ -8,7 +8,7 @@
 
 namespace {
 
-/** The text that tells the user how a body was calibrated. */
+/** The text that shows the user how a body was calibrated. */
 QString calibrationText(const AdminBody &body)
 {
     if (!body.calibrated)

@@ -33,7 +33,7 @@ public:
 
     /** True when the controller has inertial sensors and their warm-up does not run. */
     bool isWarmupRuleMet() const;
-    /** True when the body's inertial sensor is present; false when it cannot be asked. */
+    /** True when the body's inertial sensor is present; false when the query fails. */
     bool isSensorPresent(const QString &type, int index) const;
     /** True when the 6DOF filter of all standard bodies or joywand devices is switched off. */
     bool isGlobalFilterOff(const QString &type) const;

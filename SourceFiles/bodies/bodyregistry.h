@@ -10,8 +10,8 @@ class QObject;
 
 /**
  * The body types that a tab registered, by their names: the picture of the controller's bodies as
- * it was read last, and which widget shows which type. A plain value that asks and sends nothing.
- * What is not there reads as a record of default values.
+ * it was read last, and which widget shows which type. A plain value that queries and sends
+ * nothing. What is not there reads as a record of default values.
  */
 class BodyRegistry {
 public:

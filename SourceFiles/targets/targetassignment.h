@@ -10,7 +10,7 @@ class Target;
 class Targetlibrary;
 
 /**
- * What is sent and asked about library targets: assigning and freeing them, their
+ * Every command and query about library targets: assigning and freeing them, their
  * used, custom and tracked states. Without widgets. Failures are logged; the next body or target
  * follows.
  */

@@ -42,7 +42,7 @@ public:
     void showIdle();
     /** From now on the tracked states are refreshed. */
     void startTracking();
-    /** How many targets of the tab's type the controller sees now; asks for each. */
+    /** How many targets of the tab's type the controller sees now; one query each. */
     int countTracked(const Targetlibrary &library) const;
     /** Shows the counts while the bar is between its ends. */
     void showCounts(int found, int alreadyUsed);
@@ -63,7 +63,7 @@ public:
     void applyDeselectRule();
 
 private:
-    /** Column whose text tells whether there is something to deselect. */
+    /** Column whose text shows whether there is something to deselect. */
     static constexpr int deselectColumn = 4;
 
     void applyControls();

@@ -39,7 +39,7 @@ public:
     /** The user stops the search. */
     void cancel();
 
-    /** How many library targets of the type the controller sees now; asks for each. */
+    /** How many library targets of the type the controller sees now; one query each. */
     int countTracked(const Targetlibrary &library, const QString &type) const;
 
 private:

@@ -1,5 +1,6 @@
 """Reads from the sources what the module shows on the screen and writes into the message log."""
 
+import functools
 import pathlib
 import re
 import xml.etree.ElementTree as ElementTree
@@ -87,11 +88,14 @@ def module_sources():
                 yield path
 
 
+@functools.lru_cache(maxsize=None)
 def module_literals():
     """The literals of the module with the file each one is in."""
-    for path in module_sources():
-        for literal in literals(path.read_text(encoding="utf-8")):
-            yield path, literal
+    return [
+        (path, literal)
+        for path in module_sources()
+        for literal in literals(path.read_text(encoding="utf-8"))
+    ]
 
 
 def form_texts():
@@ -135,6 +139,7 @@ def german_texts():
     return {shown(text) for texts in catalogue("de").values() for text in texts}
 
 
+@functools.lru_cache(maxsize=None)
 def log_lines():
     return sorted({shown_line(literal) for _, literal in module_literals() if literal.is_log_line()})
 

@@ -217,7 +217,7 @@ void tst_TargetSearch::endsByItself()
         QCOMPARE(names.contains(current().targets.at(1)), !current().hasCategories);
         host.clear();
         robot().expectBox(boxTitle, twoFound, Box::Ok, [&] {
-            // The result is told before the page is ready for the next search.
+            // The box with the result comes before the page is ready for the next search.
             QCOMPARE(bar(shown), 100);
             QCOMPARE(result(shown), QString());
             QVERIFY(!isEnabled(shown, "pushButton_start"));

@@ -3,7 +3,7 @@
 
 Q_DECLARE_METATYPE(VersionInfo)
 
-/** Version triples and what a host tells about its controller. */
+/** Version triples and what a host says about its controller. */
 class tst_BackendVersions : public DialogTest {
     Q_OBJECT
 

@@ -10,7 +10,7 @@ Q_DECLARE_METATYPE(VersionInfo)
 
 namespace {
 
-/** Keeps what it was told. */
+/** Keeps the messages it received. */
 class Listener : public MessageReceiver {
 public:
     int transmit_message(int kind, const char *sender, const char *text) override

@@ -15,7 +15,7 @@ namespace {
 
 using Operation = TranscriptEntry::Operation;
 
-/** Keeps what it is told, and can withdraw itself while it is told. */
+/** Keeps the messages it receives, and can withdraw itself while one is delivered. */
 class Listener : public MessageReceiver {
 public:
     int transmit_message(int kind, const char *sender, const char *text) override
