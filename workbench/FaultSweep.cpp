@@ -72,6 +72,8 @@ bool FaultSweep::playDisturbed(int operation, const SweepFault &fault, QString *
                                           QString::fromUtf8(entry.line), fault.name, one, again);
         m_violations << text;
         m_byFault[index] << text;
+        if (m_found)
+            m_found(text);
     }
     return true;
 }

@@ -31,6 +31,8 @@ public:
 
     /** Is called with the way to repeat a run before it begins. */
     void setWatch(const std::function<void(const QString &)> &watch) { m_watch = watch; }
+    /** Is called with each violation when it is found. */
+    void setFound(const std::function<void(const QString &)> &found) { m_found = found; }
     /** False with *error when the script does not succeed undisturbed. */
     bool run(QString *error);
     /** Each with the command that repeats it. */
@@ -50,6 +52,7 @@ private:
     PlayStage *m_stage;
     SweepPlan m_plan;
     std::function<void(const QString &)> m_watch;
+    std::function<void(const QString &)> m_found;
     QVector<SweepStep> m_undisturbed;
     int m_operations = 0;
     int m_runs = 0;

@@ -5,6 +5,7 @@
 #include "MainWindow.h"
 #include "MessageLogDock.h"
 #include "TimerHold.h"
+#include "ToolWindow.h"
 #include "WidgetFinder.h"
 #include "WorkbenchSession.h"
 
@@ -20,6 +21,8 @@ PlayStage::PlayStage(WorkbenchSession *session, MainWindow *window, const QStrin
       m_rules(rules),
       m_initial(session->state())
 {
+    // Nobody looks at the panels meanwhile, and painting them takes most of the time.
+    window->toolWindow()->hide();
 }
 
 PlayStage::~PlayStage() = default;

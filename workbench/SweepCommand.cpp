@@ -24,14 +24,12 @@ int SweepCommand::run(const Script &script, PlayStage *stage, const SweepPlan &p
 {
     FaultSweep sweep(script, stage, plan);
     sweep.setWatch(watch);
+    sweep.setFound([](const QString &violation) { QTextStream(stdout) << violation << '\n'; });
     QString error;
     if (!sweep.run(&error))
         return complain(QStringLiteral("--sweep: expected the script to succeed undisturbed: %1")
                                 .arg(error));
-    QTextStream out(stdout);
-    for (const QString &violation : sweep.violations())
-        out << violation << '\n';
-    out << sweep.summary() << '\n';
+    QTextStream(stdout) << sweep.summary() << '\n';
     if (!junitFile.isEmpty()) {
         JUnitReport report(script.name);
         sweep.report(&report);
