@@ -180,7 +180,7 @@ QVector<CommandEntry> joywandCommands()
 {
     return {
             {Access::Get, "joywand number_of_devices", 0, 1, false, "number of devices",
-             "FilterDialog", count<joywandWord>},
+             "FilterReader", count<joywandWord>},
             {Access::Set, "joywand number_of_devices VALUE", 0, 1, true,
              "adds or drops devices at the end, and their head targets", "BodyCommands",
              setCount<joywandWord>},
