@@ -7,7 +7,7 @@ cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/.."
 if [[ $# -gt 0 ]]; then
     files=("$@")
 else
-    mapfile -t files < <(find SourceFiles general simulator workbench -name '*.cpp' | sort)
+    mapfile -t files < <(find SourceFiles general simulator userinput workbench -name '*.cpp' | sort)
 fi
 cmake --preset dev >/dev/null
 # The headers that the build generates have to exist.

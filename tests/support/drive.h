@@ -8,7 +8,10 @@
 class QComboBox;
 class QTableWidget;
 
-/** Real user input on widgets found by object name. A widget that is missing fails the test. */
+/**
+ * User input on widgets found by object name and on cells. A widget or cell that is missing, or
+ * that a user could not work, fails the test.
+ */
 namespace Drive {
 
 /** The descendant of that object name; a missing one ends the test program. */
@@ -38,10 +41,7 @@ QString cell(const QTableWidget *table, int row, int column);
 QStringList row(const QTableWidget *table, int row);
 QStringList column(const QTableWidget *table, int column);
 
-/**
- * Stops the named timers of `root` from firing by themselves: from now on tick() lets one interval
- * of such a timer pass.
- */
+/** Holds the polling timers below `root`: from now on tick() lets one interval of one pass. */
 void holdTimers(QObject *root);
 /** Fires the running timer of that object name once; false when it is not active. */
 bool tick(QObject *root, const char *timerName);

@@ -61,14 +61,21 @@ QVector<int> TimerHold::tick()
     QVector<int> fired;
     for (const QPointer<QTimer> &timer : qAsConst(due)) {
         // One timer's work may stop or delete the next.
-        if (!timer || !timer->isActive())
-            continue;
-        fired.append(timer->interval());
-        QTimerEvent event(timer->timerId());
-        m_firing = true;
-        QCoreApplication::sendEvent(timer, &event);
+        const int intervalMs = timer ? timer->interval() : 0;
+        if (timer && fire(timer))
+            fired.append(intervalMs);
     }
     return fired;
+}
+
+bool TimerHold::fire(QTimer *timer)
+{
+    if (!timer->isActive() || !isHeld(timer))
+        return false;
+    QTimerEvent event(timer->timerId());
+    m_firing = true;
+    QCoreApplication::sendEvent(timer, &event);
+    return true;
 }
 
 bool TimerHold::eventFilter(QObject *watched, QEvent *event)

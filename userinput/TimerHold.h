@@ -6,8 +6,9 @@
 class QTimer;
 
 /**
- * Keeps slow timers from firing by themselves, so that scripts run the same each time: they fire
- * when tick() says so. Works on the polling timers of the module's dialogs; short ones stay alive.
+ * Keeps slow timers from firing with the clock, so that scripts and tests run the same each time:
+ * they fire when tick() or fire() says so. Meant for the polling timers of dialogs; timers of less
+ * than half a second stay alive.
  */
 class TimerHold : public QObject {
     Q_OBJECT
@@ -24,6 +25,12 @@ public:
      * @return the intervals in ms of the timers that fired
      */
     QVector<int> tick();
+    /**
+     * Lets one interval of one timer pass.
+     *
+     * @return false when the timer is not running or not held; nothing fires then
+     */
+    bool fire(QTimer *timer);
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
