@@ -23,12 +23,20 @@ protected:
     static constexpr const char *handsPage = "FingertrackingAdministrationClass";
     static constexpr const char *toolsPage = "MtAdministrationClass";
 
-    static ControllerState studio(const QString &protocol = QStringLiteral("1.24"))
-    {
-        ControllerState state = TestHost::scenario(QStringLiteral("studio"));
-        state.protocol = protocol;
-        return state;
-    }
+    /** The columns of the table of standard bodies. */
+    enum Column {
+        IdColumn,
+        ActiveColumn,
+        ReferenceColumn,
+        NameColumn,
+        ModelColumn,
+        DeviceIdColumn,
+        CalibrationColumn,
+        FilterColumn,
+        DeleteColumn,
+        ResetColumn
+    };
+    using Acts = std::function<void(QWidget *window, QTableWidget *bodies)>;
 
     /** Opens the dialog, lets `drive` work it, and returns when it is closed or hidden. */
     void open(BodyAdministrationDlg *dialog, const std::function<void(QWidget *)> &drive)
@@ -36,6 +44,29 @@ protected:
         robot().expectDialog(QStringLiteral("BodyAdministrationDlg"), drive);
         dialog->update_and_exec();
         robot().verify();
+    }
+
+    /** Opens a dialog over `host`; `drive` acts on the standard bodies with an empty transcript. */
+    void open(TestHost &host, const Acts &drive)
+    {
+        BodyAdministrationDlg dialog(&host.io, &host.mainWindow, &host.versions);
+        expectStandardPage(host, drive);
+        dialog.update_and_exec();
+    }
+
+    /** As above, with a dialog that a box's `meanwhile` deletes with deletion(). */
+    void openDeletable(TestHost &host, const Acts &drive)
+    {
+        m_dialog = new BodyAdministrationDlg(&host.io, &host.mainWindow, &host.versions);
+        expectStandardPage(host, drive);
+        m_dialog->update_and_exec();
+        const bool gone = m_dialog.isNull();
+        delete m_dialog;
+        QVERIFY2(gone, "the dialog was not deleted while its box was shown");
+    }
+    std::function<void()> deletion()
+    {
+        return [this] { delete m_dialog; };
     }
 
     /** Opens a dialog over `host` at the page of that form. */
@@ -56,6 +87,25 @@ protected:
     static QWidget *page(QWidget *window, const char *form)
     {
         return Drive::find<QWidget>(window, form);
+    }
+
+    static QTableWidget *bodies(QWidget *window)
+    {
+        return Drive::find<QTableWidget>(window, "tableWidget_standard");
+    }
+    /** The standard page; other pages and the dialog have widgets of the same names. */
+    static QWidget *page(QWidget *window) { return bodies(window)->parentWidget(); }
+    static QTableWidget *targets(QWidget *window)
+    {
+        return Drive::find<QTableWidget>(page(window), "tableWidget_targetlibrary");
+    }
+    static QVector<BodyState> &bodies(ControllerState &state, const char *type)
+    {
+        return state.bodyTypes[QString::fromLatin1(type)].bodies;
+    }
+    static BodyState body(const TestHost &host, int index)
+    {
+        return host.state().bodyTypes["standard"].bodies.value(index);
     }
 
     static QStringList titles(QWidget *window)
@@ -79,14 +129,22 @@ protected:
         return Drive::find<QTableWidget>(root, name);
     }
 
-    static bool isEnabled(QWidget *root, const char *name)
+    static bool isLive(const QTableWidget *table, int row, int column)
     {
-        return Drive::find<QWidget>(root, name)->isEnabled();
+        return table->item(row, column)->data(Qt::UserRole + 1).toInt() == 1;
     }
 
-    static bool isVisible(QWidget *root, const char *name)
+    /** Clicks a cell and lets what it triggers happen. */
+    static void press(QTableWidget *table, int row, int column)
     {
-        return Drive::find<QWidget>(root, name)->isVisible();
+        Drive::clickCell(table, row, column);
+        Drive::settle();
+    }
+    /** Clicks the check box of a cell and lets what it triggers happen. */
+    static void toggle(QTableWidget *table, int row, int column)
+    {
+        Drive::toggleCell(table, row, column);
+        Drive::settle();
     }
 
     static QString label(QWidget *root, const char *name)
@@ -118,5 +176,18 @@ protected:
         QStringList lines = host.writes();
         lines.removeAll(QStringLiteral("morvek2 targetlib check_custom_calibration"));
         return lines;
+    }
+
+    QPointer<BodyAdministrationDlg> m_dialog;
+
+private:
+    void expectStandardPage(TestHost &host, const Acts &drive)
+    {
+        robot().expectDialog(QStringLiteral("BodyAdministrationDlg"),
+                             [&host, drive](QWidget *window) {
+                                 Drive::settle();
+                                 host.clear();
+                                 drive(window, bodies(window));
+                             });
     }
 };

@@ -19,23 +19,6 @@ protected:
     const QString moduleVersion = QStringLiteral("v3.0.6");
     const QByteArray showAutoRestart = "<AUTO_RESTART_MEA_AFTER_SYNC_LOST HIDE=\"false\"/>";
 
-    /** A studio with two standard bodies, the first one calibrated, without any fixed angle. */
-    static ControllerState twoBodies(const QString &protocol = QStringLiteral("1.24"))
-    {
-        ControllerState state = TestHost::scenario(QStringLiteral("studio"));
-        state.protocol = protocol;
-        state.trackingReference.clear();
-        QVector<BodyState> bodies(2);
-        bodies[0].description = QStringLiteral("Head");
-        bodies[0].calibrated = true;
-        bodies[0].markers = 5;
-        bodies[1].description = QStringLiteral("Chair");
-        bodies[1].active = false;
-        state.bodyTypes[QStringLiteral("standard")].bodies = bodies;
-        state.autoRestart = false;
-        return state;
-    }
-
     /** Puts a preferences file with these elements where the dialog looks for it. */
     static void writePreferences(const QByteArray &children)
     {
@@ -60,16 +43,6 @@ protected:
     {
         QApplication::setActiveWindow(dialog);
         QTest::keyClick(dialog, letter, Qt::AltModifier);
-    }
-
-    static bool isEnabled(QWidget *dialog, const char *name)
-    {
-        return Drive::find<QWidget>(dialog, name)->isEnabled();
-    }
-
-    static bool isVisible(QWidget *dialog, const char *name)
-    {
-        return Drive::find<QWidget>(dialog, name)->isVisible();
     }
 
     /** Opens the dialog, lets `drive` work it, and returns when it is closed. */

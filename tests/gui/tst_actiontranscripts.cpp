@@ -1,5 +1,5 @@
 #include "BodyTypeAdministrationTab.h"
-#include "standardpagetest.h"
+#include "administrationfixture.h"
 
 #include <QComboBox>
 
@@ -45,7 +45,7 @@ QStringList clearing(const QString &protocol, int row, bool withSensor)
 } // namespace
 
 /** The whole transcript of each action on a standard body, from every version that changes it. */
-class tst_ActionTranscripts : public StandardPageTest {
+class tst_ActionTranscripts : public AdministrationFixture {
     Q_OBJECT
 
 private slots:
@@ -135,7 +135,7 @@ void tst_ActionTranscripts::assigns()
     QFETCH(QString, protocol);
     QFETCH(int, row);
     QFETCH(QString, asked);
-    TestHost host(studioOfProtocol(protocol));
+    TestHost host(studio(protocol));
     open(host, [&](QWidget *window, QTableWidget *bodies) {
         press(bodies, row, IdColumn);
         Drive::choose(Drive::find<QComboBox>(page(window), "comboBox_filter"), "Cross Target");
@@ -183,7 +183,7 @@ void tst_ActionTranscripts::deleteOrDeselect(bool byButton)
     QFETCH(int, row);
     QFETCH(QString, sensor);
     QFETCH(QString, target);
-    TestHost host(studioOfProtocol(protocol));
+    TestHost host(studio(protocol));
     const bool sensorKnown = !sensor.isEmpty() && minorOf(protocol) >= 12;
     const bool isReference = row == 2 && minorOf(protocol) >= 24;
     QString asked = QStringLiteral("Delete geometry of Standard body 0%1?").arg(row + 1);
@@ -299,7 +299,7 @@ void tst_ActionTranscripts::resets()
     QFETCH(QString, asked);
     QFETCH(QStringList, lines);
     QFETCH(QString, sensor);
-    TestHost host(studioOfProtocol(protocol));
+    TestHost host(studio(protocol));
     open(host, [&](QWidget *window, QTableWidget *bodies) {
         press(bodies, row, IdColumn);
         host.clear();

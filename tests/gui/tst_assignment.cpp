@@ -1,4 +1,4 @@
-#include "standardpagetest.h"
+#include "administrationfixture.h"
 
 #include <QComboBox>
 
@@ -14,7 +14,7 @@ const QString bends =
 } // namespace
 
 /** Assigning a library target to a standard body and taking it away. */
-class tst_Assignment : public StandardPageTest {
+class tst_Assignment : public AdministrationFixture {
     Q_OBJECT
 
 private slots:

@@ -1,5 +1,5 @@
 #include "BodyTypeAdministrationTab.h"
-#include "standardpagetest.h"
+#include "administrationfixture.h"
 
 namespace {
 
@@ -11,7 +11,7 @@ const QString defaultC3 = QStringLiteral("morvek2 set inertial sensor_default ve
 } // namespace
 
 /** Resetting and moving bodies: every question, command and failure. */
-class tst_BodyActions : public StandardPageTest {
+class tst_BodyActions : public AdministrationFixture {
     Q_OBJECT
 
 private slots:
@@ -319,7 +319,7 @@ void tst_BodyActions::movesBody()
     QFETCH(int, row);
     QFETCH(int, target);
     QFETCH(QString, command);
-    TestHost host(studioOfProtocol(protocol));
+    TestHost host(studio(protocol));
     const QString name = body(host, row).description;
     open(host, [&](QWidget *window, QTableWidget *bodies) {
         press(bodies, row, IdColumn);
@@ -357,7 +357,7 @@ void tst_BodyActions::failedMove()
 
 void tst_BodyActions::oldProtocolMovesNothing()
 {
-    TestHost host(studioOfProtocol(QStringLiteral("1.10")));
+    TestHost host(studio(QStringLiteral("1.10")));
     open(host, [&](QWidget *window, QTableWidget *bodies) {
         press(bodies, 2, IdColumn);
         Drive::click(window, "pushButton_up");

@@ -1,5 +1,5 @@
 #include "BodyTypeAdministrationTab.h"
-#include "standardpagetest.h"
+#include "administrationfixture.h"
 
 #include <QComboBox>
 
@@ -12,7 +12,7 @@ const QString failure = QStringLiteral("Warning");
 } // namespace
 
 /** Deleting bodies: every question, command and failure. */
-class tst_BodyDeletion : public StandardPageTest {
+class tst_BodyDeletion : public AdministrationFixture {
     Q_OBJECT
 
 private slots:
@@ -73,7 +73,7 @@ void tst_BodyDeletion::deletes()
     QFETCH(int, row);
     QFETCH(QString, asked);
     QFETCH(QStringList, writes);
-    TestHost host(studioOfProtocol(protocol));
+    TestHost host(studio(protocol));
     open(host, [&](QWidget *, QTableWidget *bodies) {
         robot().expectBox(question, asked, QMessageBox::Yes);
         press(bodies, row, DeleteColumn);

@@ -1,9 +1,9 @@
-#include "standardpagetest.h"
+#include "administrationfixture.h"
 
 #include <QLineEdit>
 
-/** The table of bodies: what editing it sends to the controller and what is shown afterwards. */
-class tst_BodyEditing : public StandardPageTest {
+/** The table of bodies: what editing it tells the controller and what is shown afterwards. */
+class tst_BodyEditing : public AdministrationFixture {
     Q_OBJECT
 
 private slots:
@@ -108,7 +108,7 @@ void tst_BodyEditing::refusedActivenessShowsController()
 
 void tst_BodyEditing::oldProtocolWritesNoActiveness()
 {
-    TestHost host(studioOfProtocol(QStringLiteral("1.10")));
+    TestHost host(studio(QStringLiteral("1.10")));
     open(host, [&](QWidget *, QTableWidget *bodies) {
         QCOMPARE(bodies->item(1, ActiveColumn)->checkState(), Qt::Unchecked);
         toggle(bodies, 1, ActiveColumn);
@@ -526,7 +526,7 @@ void tst_BodyEditing::inactiveBodyBoxSurvivesDeletion()
 
 void tst_BodyEditing::oldProtocolWritesNoReference()
 {
-    TestHost host(studioOfProtocol(QStringLiteral("1.23")));
+    TestHost host(studio(QStringLiteral("1.23")));
     open(host, [&](QWidget *, QTableWidget *bodies) {
         toggle(bodies, 0, ReferenceColumn);
         QCOMPARE(host.writes(), QStringList());

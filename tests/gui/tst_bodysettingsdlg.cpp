@@ -14,22 +14,6 @@ namespace {
 
 enum Column { Id, Name, State };
 
-/** Two standard bodies, the first one calibrated. */
-ControllerState twoBodies(const QString &protocol = QStringLiteral("1.24"))
-{
-    ControllerState state = TestHost::scenario(QStringLiteral("studio"));
-    state.protocol = protocol;
-    state.trackingReference.clear();
-    QVector<BodyState> bodies(2);
-    bodies[0].description = QStringLiteral("Head");
-    bodies[0].calibrated = true;
-    bodies[0].markers = 5;
-    bodies[1].description = QStringLiteral("Left hand");
-    bodies[1].active = false;
-    state.bodyTypes[QStringLiteral("standard")].bodies = bodies;
-    return state;
-}
-
 QTableWidget *tableOf(QWidget *dialog)
 {
     return Drive::find<QTableWidget>(dialog, "tableWidget");

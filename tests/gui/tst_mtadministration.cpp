@@ -20,11 +20,6 @@ const QStringList clearFirst{"body number_of_marker measurementtool_reference b0
                              "measurementtool reference_of_tool b01 none",
                              "measurementtool reference_of_tool b02 none"};
 
-QVector<BodyState> &bodies(ControllerState &state, const char *type)
-{
-    return state.bodyTypes[QString::fromLatin1(type)].bodies;
-}
-
 /** Four tools, two of them on the first reference; four references, two of them in use. */
 ControllerState fullState()
 {

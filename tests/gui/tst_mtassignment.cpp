@@ -6,11 +6,6 @@ namespace {
 
 constexpr int idColumn = 0;
 
-QVector<BodyState> &bodies(ControllerState &state, const char *type)
-{
-    return state.bodyTypes[QString::fromLatin1(type)].bodies;
-}
-
 } // namespace
 
 /** What an operator assigns on the page of the measurement tools, and what stays selected. */

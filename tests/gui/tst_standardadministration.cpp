@@ -1,5 +1,5 @@
+#include "administrationfixture.h"
 #include "standardadministration.h"
-#include "standardpagetest.h"
 #include "targetlibrary.h"
 
 #include <QComboBox>
@@ -22,7 +22,7 @@ void announceConfiguration(TestHost &host)
 } // namespace
 
 /** What is particular to the page of the standard bodies. */
-class tst_StandardAdministration : public StandardPageTest {
+class tst_StandardAdministration : public AdministrationFixture {
     Q_OBJECT
 
 private slots:

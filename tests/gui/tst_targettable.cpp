@@ -1,5 +1,5 @@
 #include "BodyTypeAdministrationTab.h"
-#include "standardpagetest.h"
+#include "administrationfixture.h"
 
 #include <QComboBox>
 #include <QHeaderView>
@@ -12,7 +12,7 @@ const QString found = QStringLiteral("- Found Targets -");
 } // namespace
 
 /** The target table of the standard bodies: set-up, categories, marks and failing queries. */
-class tst_TargetTable : public StandardPageTest {
+class tst_TargetTable : public AdministrationFixture {
     Q_OBJECT
 
 private slots:

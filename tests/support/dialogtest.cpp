@@ -2,10 +2,6 @@
 
 #include <clocale>
 
-#if defined(__SANITIZE_ADDRESS__)
-#include <sanitizer/lsan_interface.h>
-#endif
-
 namespace {
 
 QStringList expectedWarnings;
@@ -37,16 +33,6 @@ void handleMessage(QtMsgType type, const QMessageLogContext &context, const QStr
 
 } // namespace
 
-std::unique_ptr<QApplication> makeTestApplication(int &argc, char **argv)
-{
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-#if defined(__SANITIZE_ADDRESS__)
-    // The offscreen platform never gives back the screen that it makes here.
-    const __lsan::ScopedDisabler platformOnly;
-#endif
-    return std::make_unique<QApplication>(argc, argv);
-}
-
 DialogTest::DialogTest() = default;
 DialogTest::~DialogTest() = default;
 
@@ -76,6 +62,16 @@ void DialogTest::cleanup()
 QString DialogTest::home() const
 {
     return m_home->path();
+}
+
+bool DialogTest::isEnabled(QWidget *root, const char *objectName)
+{
+    return Drive::find<QWidget>(root, objectName)->isEnabled();
+}
+
+bool DialogTest::isVisible(QWidget *root, const char *objectName)
+{
+    return Drive::find<QWidget>(root, objectName)->isVisible();
 }
 
 void DialogTest::expectWarning(const QString &beginning)

@@ -3,8 +3,8 @@
 #include "dialogrobot.h"
 #include "drive.h"
 #include "testhost.h"
+#include "testprogram.h"
 
-#include <QApplication>
 #include <QLocale>
 #include <QObject>
 #include <QStringList>
@@ -36,6 +36,8 @@ protected:
     DialogRobot &robot() { return *m_robot; }
     /** The folder that $HOME names during this test function. */
     QString home() const;
+    static bool isEnabled(QWidget *root, const char *objectName);
+    static bool isVisible(QWidget *root, const char *objectName);
     /** A Qt warning that begins so is expected in this test function. */
     void expectWarning(const QString &beginning);
 
@@ -43,15 +45,3 @@ private:
     std::unique_ptr<DialogRobot> m_robot;
     std::unique_ptr<QTemporaryDir> m_home;
 };
-
-/** The application of a test program, on the offscreen platform. */
-std::unique_ptr<QApplication> makeTestApplication(int &argc, char **argv);
-
-/** The main() of a test program of one test class. */
-#define TRACKING_TEST_MAIN(Class)                                                                  \
-    int main(int argc, char **argv)                                                                \
-    {                                                                                              \
-        const auto application = makeTestApplication(argc, argv);                                  \
-        Class test;                                                                                \
-        return QTest::qExec(&test, argc, argv);                                                    \
-    }

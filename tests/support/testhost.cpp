@@ -128,3 +128,32 @@ void TestHost::fault(const QString &rule)
     if (!io.faults()->add(rule, &error))
         QTest::qFail(qPrintable(rule + QStringLiteral(": ") + error), __FILE__, __LINE__);
 }
+
+ControllerState studio(const QString &protocol)
+{
+    ControllerState state = TestHost::scenario(QStringLiteral("studio"));
+    state.protocol = protocol;
+    return state;
+}
+
+ControllerState studio(const std::function<void(ControllerState &)> &change)
+{
+    ControllerState state = studio();
+    change(state);
+    return state;
+}
+
+ControllerState twoBodies(const QString &protocol)
+{
+    ControllerState state = studio(protocol);
+    state.trackingReference.clear();
+    QVector<BodyState> bodies(2);
+    bodies[0].description = QStringLiteral("Head");
+    bodies[0].calibrated = true;
+    bodies[0].markers = 5;
+    bodies[1].description = QStringLiteral("Left hand");
+    bodies[1].active = false;
+    state.bodyTypes[QStringLiteral("standard")].bodies = bodies;
+    state.autoRestart = false;
+    return state;
+}

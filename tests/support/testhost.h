@@ -45,3 +45,13 @@ public:
     BackendVersions versions;
     QWidget mainWindow;
 };
+
+/** The everyday system of scenarios/studio.json, at a protocol. */
+ControllerState studio(const QString &protocol = QStringLiteral("1.24"));
+/** The everyday system with one thing changed. */
+ControllerState studio(const std::function<void(ControllerState &)> &change);
+/**
+ * The everyday system with two standard bodies only: "Head", calibrated, and "Left hand", neither
+ * calibrated nor active; nothing is fixed, marked or restarted.
+ */
+ControllerState twoBodies(const QString &protocol = QStringLiteral("1.24"));

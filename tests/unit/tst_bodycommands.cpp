@@ -12,13 +12,6 @@ const char *const plainSensor = "vendorone mini 'B12'";
 const char *const calibratedSensor = "vendorone mini 'A7'";
 const char *const storingSensor = "vendortwo core 'C3'";
 
-ControllerState studio(const QString &protocol = QStringLiteral("1.24"))
-{
-    ControllerState state = TestHost::scenario(QStringLiteral("studio"));
-    state.protocol = protocol;
-    return state;
-}
-
 /** All bodies of a type as the module knows them. */
 AdminBodyType known(TestHost &host, const QString &type)
 {

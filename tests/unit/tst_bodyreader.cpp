@@ -4,13 +4,6 @@
 
 namespace {
 
-ControllerState studio(const QString &protocol = QStringLiteral("1.24"))
-{
-    ControllerState state = TestHost::scenario(QStringLiteral("studio"));
-    state.protocol = protocol;
-    return state;
-}
-
 /** A record with `count` bodies that all hold old values, so that a kept field shows. */
 AdminBodyType oldRecord(int count, bool filterAvailable = true)
 {
