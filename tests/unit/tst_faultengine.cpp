@@ -1,4 +1,5 @@
 #include "FaultEngine.h"
+#include "testprogram.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -294,5 +295,5 @@ void tst_FaultEngine::changesAreTold()
     QCOMPARE(changes.count(), 6);
 }
 
-QTEST_APPLESS_MAIN(tst_FaultEngine)
+TRACKING_TEST_GUILESS_MAIN(tst_FaultEngine)
 #include "tst_faultengine.moc"

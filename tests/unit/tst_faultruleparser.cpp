@@ -1,4 +1,5 @@
 #include "FaultRuleParser.h"
+#include "testprogram.h"
 
 #include <QTest>
 
@@ -275,5 +276,5 @@ void tst_FaultRuleParser::wrongRuleLeavesTheOldOne()
     QCOMPARE(rule.pattern, QStringLiteral("body*"));
 }
 
-QTEST_APPLESS_MAIN(tst_FaultRuleParser)
+TRACKING_TEST_GUILESS_MAIN(tst_FaultRuleParser)
 #include "tst_faultruleparser.moc"

@@ -1,5 +1,6 @@
 #include "ControllerRules.h"
 #include "ScenarioFile.h"
+#include "testprogram.h"
 
 #include <QDir>
 #include <QFile>
@@ -455,5 +456,5 @@ void tst_ScenarioFile::everyMemberSurvives()
     QVERIFY2(tried >= 15, qPrintable(QString::number(tried)));
 }
 
-QTEST_GUILESS_MAIN(tst_ScenarioFile)
+TRACKING_TEST_GUILESS_MAIN(tst_ScenarioFile)
 #include "tst_scenariofile.moc"

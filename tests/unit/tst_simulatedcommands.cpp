@@ -2,6 +2,7 @@
 #include "CommandTable.h"
 #include "ScenarioFile.h"
 #include "SimulatedController.h"
+#include "testprogram.h"
 
 #include <QDirIterator>
 #include <QFile>
@@ -371,5 +372,5 @@ void tst_SimulatedCommands::usersSendTheCommand()
     }
 }
 
-QTEST_GUILESS_MAIN(tst_SimulatedCommands)
+TRACKING_TEST_GUILESS_MAIN(tst_SimulatedCommands)
 #include "tst_simulatedcommands.moc"

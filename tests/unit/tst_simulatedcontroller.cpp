@@ -1,5 +1,6 @@
 #include "ScenarioFile.h"
 #include "SimulatedController.h"
+#include "testprogram.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -583,5 +584,5 @@ void tst_SimulatedController::setStateIsSeen()
     QCOMPARE(get("body desc standard b01"), QByteArray("Behind your back"));
 }
 
-QTEST_GUILESS_MAIN(tst_SimulatedController)
+TRACKING_TEST_GUILESS_MAIN(tst_SimulatedController)
 #include "tst_simulatedcontroller.moc"

@@ -3,6 +3,7 @@
 #include "ScenarioFile.h"
 #include "SimulatedController.h"
 #include "SimulatedIOManager.h"
+#include "testprogram.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -618,5 +619,5 @@ void tst_SimulatedIOManager::receiversMayLeaveWhileTheyListen()
     QCOMPARE(staying.heard.size(), 2);
 }
 
-QTEST_GUILESS_MAIN(tst_SimulatedIOManager)
+TRACKING_TEST_GUILESS_MAIN(tst_SimulatedIOManager)
 #include "tst_simulatediomanager.moc"

@@ -1,5 +1,6 @@
 #include "Script.h"
 #include "ScriptCommand.h"
+#include "testprogram.h"
 
 #include <QtTest>
 
@@ -180,5 +181,5 @@ void tst_Script::everyCommandIsFoundByItsName()
     QCOMPARE(names.size(), all.size());
 }
 
-QTEST_GUILESS_MAIN(tst_Script)
+TRACKING_TEST_GUILESS_MAIN(tst_Script)
 #include "tst_script.moc"

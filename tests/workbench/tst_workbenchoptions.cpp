@@ -1,4 +1,5 @@
 #include "WorkbenchOptions.h"
+#include "testprogram.h"
 
 #include <QtTest>
 
@@ -201,5 +202,5 @@ void tst_WorkbenchOptions::helpNamesEveryOption()
         QVERIFY2(help.contains(QLatin1String(option)), option);
 }
 
-QTEST_GUILESS_MAIN(tst_WorkbenchOptions)
+TRACKING_TEST_GUILESS_MAIN(tst_WorkbenchOptions)
 #include "tst_workbenchoptions.moc"

@@ -1,5 +1,6 @@
 #include "Recording.h"
 #include "ScenarioLocator.h"
+#include "testprogram.h"
 
 #include <QDir>
 #include <QFile>
@@ -407,5 +408,5 @@ void tst_WorkbenchProgram::preferencesOfTheUserAreLeftAlone()
     QVERIFY(!QFile::exists(m_dir->filePath(QStringLiteral(".QOR"))));
 }
 
-QTEST_GUILESS_MAIN(tst_WorkbenchProgram)
+TRACKING_TEST_GUILESS_MAIN(tst_WorkbenchProgram)
 #include "tst_workbenchprogram.moc"
