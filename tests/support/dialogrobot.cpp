@@ -19,6 +19,13 @@ QString textOf(const QMessageBox *box)
                    : box->text() + QLatin1Char('\n') + box->informativeText();
 }
 
+/** Whether Enter in front of a question declines it, as it must when it was meant for a field. */
+bool declinesByDefault(const QMessageBox *box)
+{
+    const QMessageBox::StandardButton preset = box->standardButton(box->defaultButton());
+    return preset == QMessageBox::No || preset == QMessageBox::Cancel;
+}
+
 } // namespace
 
 QString DialogRobot::Expectation::described() const
@@ -107,6 +114,8 @@ void DialogRobot::serveBox(QMessageBox *box)
     const bool expected = !m_expected.isEmpty() && m_expected.head().isBox
                           && m_expected.head().name == box->windowTitle()
                           && m_expected.head().text == text;
+    if (box->buttons().size() > 1 && !declinesByDefault(box))
+        fail(QStringLiteral("the default button of \"%1\" does not decline").arg(text));
     QAbstractButton *button = nullptr;
     const QPointer<QMessageBox> guard(box);
     if (expected) {

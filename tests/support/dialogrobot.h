@@ -15,7 +15,7 @@ class QDialog;
 /**
  * Plays the user in front of modal windows. Expectations are served in the order in which they were
  * added. A message box that is not expected is closed and fails the test; one that never comes
- * fails it in verify().
+ * fails it in verify(). A question whose default button accepts it fails the test, too.
  */
 class DialogRobot : public QObject {
     Q_OBJECT
@@ -27,7 +27,7 @@ public:
     /** The next box has this title and text (text, then informative text after a newline if any).
      */
     void expectBox(const QString &title, const QString &text, QMessageBox::StandardButton answer);
-    /** The next box as above; `meanwhile` runs while it stands, before it is answered. */
+    /** The next box as above; `meanwhile` runs while it is shown, before it is answered. */
     void expectBox(const QString &title, const QString &text, QMessageBox::StandardButton answer,
                    std::function<void()> meanwhile);
     /**
