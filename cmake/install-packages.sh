@@ -1,6 +1,6 @@
 #!/bin/bash
 # Installs what a command of this project needs and the machine lacks.
-# Usage: install-packages.sh run|test
+# Usage: install-packages.sh PURPOSE, one of those in packages.txt
 set -euo pipefail
 
 purpose=$1

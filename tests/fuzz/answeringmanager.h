@@ -1,0 +1,38 @@
+#pragma once
+
+#include "IOManager.h"
+
+#include <QByteArray>
+#include <QList>
+
+#include <cstdarg>
+
+/**
+ * Answers every operation with the next line of some text, whatever was asked. A line that begins
+ * with "!" is a failed operation, and so is everything after the last line. A command line that no
+ * host could send ends the process.
+ */
+class AnsweringManager final : public IOManager {
+public:
+    explicit AnsweringManager(const QByteArray &answers) : m_answers(answers.split('\n')) {}
+
+    int send_command(char *answer, const char *command) override;
+    int get_string(char *out, const char *format, ...) override
+            __attribute__((format(printf, 3, 4)));
+    int get_int(int *out, const char *format, ...) override __attribute__((format(printf, 3, 4)));
+    int get_double(double *out, const char *format, ...) override
+            __attribute__((format(printf, 3, 4)));
+    int get_bool(bool *out, const char *format, ...) override __attribute__((format(printf, 3, 4)));
+    int set(const char *format, ...) override __attribute__((format(printf, 2, 3)));
+    void send_message(const char *, const char *, int, const char *) override {}
+    void register_receiver(const char *, MessageReceiver *) override {}
+    void unregister_receiver(const char *, MessageReceiver *) override {}
+
+private:
+    /** Checks the line that was asked; false when it fails, else *answer holds its answer. */
+    bool next(const char *format, va_list arguments, QByteArray *answer);
+    bool nextFor(const QByteArray &line, QByteArray *answer);
+
+    QList<QByteArray> m_answers;
+    int m_next = 0;
+};

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QByteArray>
+
+/**
+ * The readers of the project, each given any bytes. A target returns when it has coped with them;
+ * what it must not do ends the process: a sanitizer's finding, or expect() with something false.
+ */
+namespace FuzzTargets {
+
+using Target = void (*)(const QByteArray &input);
+
+/** Answers to the reader of the target library: one a line, a line that begins with ! fails. */
+void library(const QByteArray &input);
+/** Answers to the reader of bodies. */
+void bodies(const QByteArray &input);
+/** Answers about inertial sensors while one is reset. */
+void sensors(const QByteArray &input);
+/** Answers to the filter dialog. */
+void filters(const QByteArray &input);
+/** The preferences file of the tracking settings. */
+void preferences(const QByteArray &input);
+/** What is entered as a fixed angle. */
+void angles(const QByteArray &input);
+/** A scenario file. */
+void scenario(const QByteArray &input);
+/** A script of the workbench. */
+void script(const QByteArray &input);
+/** A recorded transcript. */
+void recording(const QByteArray &input);
+/** Fault rules, one a line. */
+void faultrule(const QByteArray &input);
+
+/** The target of that name; null when there is none. */
+Target byName(const QByteArray &name);
+
+/** Ends the process when `isTrue` is false. */
+void expect(bool isTrue, const char *what);
+
+} // namespace FuzzTargets
