@@ -1,4 +1,5 @@
 #include "bodies/bodysnapshot.h"
+#include "testprogram.h"
 
 #include <QtTest>
 
@@ -84,5 +85,5 @@ void tst_BodySnapshot::isNeverCurrentForNoBody()
     QVERIFY(!BodySnapshot(registry, standard, 2).isCurrent(registry));
 }
 
-QTEST_GUILESS_MAIN(tst_BodySnapshot)
+TRACKING_TEST_GUILESS_MAIN(tst_BodySnapshot)
 #include "tst_bodysnapshot.moc"
