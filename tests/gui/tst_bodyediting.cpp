@@ -2,7 +2,7 @@
 
 #include <QLineEdit>
 
-/** The table of bodies: what editing it tells the controller and what is shown afterwards. */
+/** The table of bodies: what editing it sends to the controller and what is shown afterwards. */
 class tst_BodyEditing : public AdministrationFixture {
     Q_OBJECT
 
