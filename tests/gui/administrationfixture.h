@@ -94,7 +94,7 @@ protected:
         return Drive::find<QTableWidget>(window, "tableWidget_standard");
     }
     /** The standard page; other pages and the dialog have widgets of the same names. */
-    static QWidget *page(QWidget *window) { return bodies(window)->parentWidget(); }
+    static QWidget *page(QWidget *window) { return page(window, standardPage); }
     static QTableWidget *targets(QWidget *window)
     {
         return Drive::find<QTableWidget>(page(window), "tableWidget_targetlibrary");
