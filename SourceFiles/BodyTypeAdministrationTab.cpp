@@ -92,11 +92,12 @@ void BodyTypeAdministrationTab::updateBodyTypeInfo(const QString &type)
 
 void BodyTypeAdministrationTab::updateBodyTypeSpinBox(const QString &type, bool readMaximum)
 {
-    QSpinBox *spinBox = bodytypes.type(type).spinBox;
-    if (!spinBox)
+    if (!bodytypes.type(type).spinBox)
         return;
-    const int limit = readMaximum ? morvek2_getMaxNumberOfBodies(type) : spinBox->maximum();
-    BodyTableFiller::showCount(spinBox, getNumberOfBodies(type), limit);
+    if (readMaximum)
+        bodytypes.setLimit(type, morvek2_getMaxNumberOfBodies(type));
+    BodyTableFiller::showCount(bodytypes.type(type));
+    m_search.setUsable(bodytypes.type(type).spinBox, bodytypes.type(type).isCountRead);
 }
 
 void BodyTypeAdministrationTab::updateTableWidget(const QString &type)
@@ -105,11 +106,20 @@ void BodyTypeAdministrationTab::updateTableWidget(const QString &type)
     if (!bodytypes.type(type).tableWidget)
         return;
     const FillGuard filling = m_input.startFilling();
-    const BodyTableFiller filler(m_tableIcons, warmupRuleMet, m_is_config_locked);
+    const BodyTableFiller filler(m_tableIcons, warmupRuleMet,
+                                 BodyTableFiller::Allowed::by(link(), m_is_config_locked));
     filler.fill(type, bodytypes.type(type),
                 [this](const QString &cellType, int row, int column, QTableWidgetItem *item) {
                     updateTableWidgetCell(cellType, row, column, item);
                 });
+}
+
+void BodyTypeAdministrationTab::readMissing(bool isLibraryNew)
+{
+    for (const QString &type : readMissingOfTypes())
+        BodyTableFiller::showFilterColumn(bodytypes.type(type));
+    if (isLibraryNew && tabWidgets().category)
+        m_targets.renewCategories();
 }
 
 void BodyTypeAdministrationTab::refreshBody(const QString &type, int index)
@@ -220,8 +230,8 @@ void BodyTypeAdministrationTab::setNumberOfBodies(const QString &type, int count
     checkForReferenceDisabeledAndResetIfNec(count, asked, type);
     if (!self || count == asked)
         return;
-    morvek2_setNumberOfBodies(type, count);
-    reader().readBodies(bodytypes, type, asked);
+    const int accepted = morvek2_setNumberOfBodies(type, count) ? count : asked;
+    reader().readBodies(bodytypes, type, asked, accepted);
     updateBodyTypeSpinBox(type, false);
     if (current_btype == type)
         current_bid = qMin(current_bid, getNumberOfBodies(type) - 1);
@@ -283,8 +293,7 @@ bool BodyTypeAdministrationTab::refreshAfter(const QString &type, int index,
 
 bool BodyTypeAdministrationTab::switchBody(const QString &type, int index, int otherIndex)
 {
-    if (!link().protocolAtLeast(1, 11)
-        || m_actions.exchange(type, index, otherIndex) != BodyActions::Outcome::Done)
+    if (m_actions.exchange(type, index, otherIndex) != BodyActions::Outcome::Done)
         return false;
     updateBodyInfo(type, index);
     refreshBody(type, otherIndex);

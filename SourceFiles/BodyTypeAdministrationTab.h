@@ -102,6 +102,8 @@ public:
     void registerTableWidget(const QString &type, QTableWidget *table,
                              const QVector<COLUMN_TYPE> &columns, const QString &idFormat);
 
+    /** Asks again what could not be read when the tab was made; and shows what is known since. */
+    void readMissing(bool isLibraryNew);
     /** Reads all registered types and fills their tables; a failed query is logged. */
     void updateBodyTypesInfo();
     /** Reads the count and all bodies of the type; the table stays as it is. */

@@ -169,12 +169,20 @@ void BodyAdministrationDlg::prepare()
 {
     const Waiting waiting(m_observer, Waiting::For::Refresh, tr("Reading bodies ..."));
     update_config_locked();
+    readMissing();
     m_is_joywand_multiuser = m_joywandTab->is_multiuser_enabled();
     showLockState();
     ui->pushButton_calibration->setVisible(m_current_tab == MeasurementToolTab);
     applyButtonRules();
     refreshCurrentTab();
     fitToContents();
+}
+
+void BodyAdministrationDlg::readMissing()
+{
+    const bool isLibraryNew = tl->readMissing();
+    for (BodyTypeAdministrationTab *tab : qAsConst(m_tabs))
+        tab->readMissing(isLibraryNew);
 }
 
 void BodyAdministrationDlg::runModally()
@@ -238,6 +246,8 @@ void BodyAdministrationDlg::leave()
 bool BodyAdministrationDlg::isCalTargetlibactive() const
 {
     const auto active = m_link.text("status active");
+    if (!active)
+        m_link.log(QStringLiteral("Error: Unable to get state of calibration"));
     return active && *active != QLatin1String("none");
 }
 

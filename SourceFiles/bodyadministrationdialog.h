@@ -81,6 +81,7 @@ private:
     void activateSelectDeselectButtons(const QString &type);
     bool hasCurrentBody() const;
     void prepare();
+    void readMissing();
     void runModally();
     void leave();
 

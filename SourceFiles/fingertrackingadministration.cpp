@@ -140,7 +140,7 @@ void FingertrackingAdministration::update_tab()
 
 int FingertrackingAdministration::morvek2_getMaxNumberOfBodies(const QString &type)
 {
-    return type == handsType ? reader().readMaximum(type) : 0;
+    return type == handsType ? reader().readMaximum(bodytypes, type) : 0;
 }
 
 bool FingertrackingAdministration::morvek2_setNumberOfBodies(const QString &type, int count)

@@ -159,7 +159,7 @@ void JoywandAdministration::updateTableWidgetCell(const QString &type, int index
 
 int JoywandAdministration::morvek2_getMaxNumberOfBodies(const QString &type)
 {
-    return reader().readMaximum(type);
+    return reader().readMaximum(bodytypes, type);
 }
 
 bool JoywandAdministration::morvek2_setNumberOfBodies(const QString &type, int count)

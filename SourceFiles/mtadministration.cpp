@@ -133,7 +133,7 @@ void MtAdministration::displayErrorMessage(bool unavailable)
 
 int MtAdministration::morvek2_getMaxNumberOfBodies(const QString &type)
 {
-    return reader().readMaximum(type);
+    return reader().readMaximum(bodytypes, type);
 }
 
 bool MtAdministration::morvek2_setNumberOfBodies(const QString &type, int count)

@@ -142,7 +142,7 @@ void StandardAdministration::updateTableWidgetCell(const QString &type, int inde
 
 int StandardAdministration::morvek2_getMaxNumberOfBodies(const QString &type)
 {
-    return type == standardType ? reader().readMaximum(type) : 0;
+    return type == standardType ? reader().readMaximum(bodytypes, type) : 0;
 }
 
 bool StandardAdministration::morvek2_setNumberOfBodies(const QString &type, int count)

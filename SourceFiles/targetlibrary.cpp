@@ -3,6 +3,8 @@
 #include "linkobserver.h"
 #include "targets/target.h"
 
+#include <utility>
+
 Targetlibrary::Targetlibrary(IOManager *manager, BackendVersions *versions, QObject *parent)
     : QObject(parent), iom(manager), beVers(versions), m_link(iom, beVers, LinkObserver::of(parent))
 {
@@ -11,10 +13,37 @@ Targetlibrary::Targetlibrary(IOManager *manager, BackendVersions *versions, QObj
     updateTargetMapWithgroups();
 }
 
+int Targetlibrary::missing() const
+{
+    return (m_isTargetCountUnread ? 1 : 0) + (m_isGroupCountUnread ? 1 : 0) + m_unreadTargets.size()
+           + m_unreadGroups.size() + m_unreadMembers.size();
+}
+
+bool Targetlibrary::readMissing()
+{
+    const int missingBefore = missing();
+    const int known = map_targets.size() + map_groupOfTarget.size();
+    if (missingBefore == 0)
+        return false;
+    if (m_isTargetCountUnread)
+        fillTargetMap();
+    for (const int number : std::exchange(m_unreadTargets, {}))
+        readTarget(number);
+    if (m_isGroupCountUnread)
+        fillGroupOfTargetMap();
+    for (const UnreadGroup &group : std::exchange(m_unreadGroups, {}))
+        readGroup(group);
+    for (const UnreadMember &member : std::exchange(m_unreadMembers, {}))
+        readMember(member);
+    updateTargetMapWithgroups();
+    return missing() != missingBefore || map_targets.size() + map_groupOfTarget.size() != known;
+}
+
 void Targetlibrary::fillTargetMap()
 {
-    const int count = m_link.count("targetlib number_of_targets").value_or(0);
-    for (int number = 1; number <= count; ++number)
+    const auto count = m_link.count("targetlib number_of_targets");
+    m_isTargetCountUnread = !count;
+    for (int number = 1; number <= count.value_or(0); ++number)
         readTarget(number);
 }
 
@@ -25,6 +54,7 @@ void Targetlibrary::readTarget(int number)
     const auto name = m_link.text("targetlib target_name %s", tidWord.constData());
     if (!name) {
         m_link.log(QStringLiteral("Error: Unable to get target name"));
+        m_unreadTargets.append(number);
         return;
     }
     const QString calibrated = m_link.text("targetlib target_status_calibrated t%02d", number)
@@ -43,21 +73,37 @@ void Targetlibrary::readTarget(int number)
 
 void Targetlibrary::fillGroupOfTargetMap()
 {
-    const int groups = m_link.count("targetlib number_of_groups").value_or(0);
-    for (int group = 1; group <= groups; ++group) {
-        const auto name = m_link.text("targetlib group_name g%02d", group);
+    const auto groups = m_link.count("targetlib number_of_groups");
+    m_isGroupCountUnread = !groups;
+    for (int number = 1; number <= groups.value_or(0); ++number)
+        readGroup({number, QString()});
+}
+
+void Targetlibrary::readGroup(UnreadGroup group)
+{
+    if (group.name.isNull()) {
+        const auto name = m_link.text("targetlib group_name g%02d", group.number);
         if (!name) {
             m_link.log(QStringLiteral("Error: Unable to get group name"));
-            continue;
+            m_unreadGroups.append(group);
+            return;
         }
-        const int members =
-                m_link.count("targetlib number_of_group_members g%02d", group).value_or(0);
-        for (int member = 1; member <= members; ++member) {
-            const auto tid = m_link.text("targetlib group_member g%02d m%02d", group, member);
-            if (tid)
-                map_groupOfTarget.insert(ControllerLink::withoutDoubleQuotes(*tid), *name);
-        }
+        group.name = *name;
     }
+    const auto members = m_link.count("targetlib number_of_group_members g%02d", group.number);
+    if (!members)
+        m_unreadGroups.append(group);
+    for (int member = 1; member <= members.value_or(0); ++member)
+        readMember({group.number, member, group.name});
+}
+
+void Targetlibrary::readMember(const UnreadMember &member)
+{
+    const auto tid = m_link.text("targetlib group_member g%02d m%02d", member.group, member.member);
+    if (tid)
+        map_groupOfTarget.insert(ControllerLink::withoutDoubleQuotes(*tid), member.groupName);
+    else
+        m_unreadMembers.append(member);
 }
 
 void Targetlibrary::updateTargetMapWithgroups()

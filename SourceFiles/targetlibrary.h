@@ -5,6 +5,7 @@
 #include <QMap>
 #include <QObject>
 #include <QString>
+#include <QVector>
 
 class Target;
 
@@ -18,6 +19,10 @@ class Targetlibrary : public QObject {
 
 public:
     Targetlibrary(IOManager *iom, BackendVersions *beVers, QObject *parent = nullptr);
+
+    /** Asks again what could not be read; nothing is asked when all was. True when more is known.
+     */
+    bool readMissing();
 
     /** All targets by identifier, in ascending order of its text. */
     const QMap<QString, Target *> &targets() const { return map_targets; }
@@ -35,14 +40,34 @@ public:
     bool isOfType(const Target &target, const QString &type) const;
 
 private:
+    /** A group whose name, or whose number of members, could not be read. */
+    struct UnreadGroup {
+        int number;
+        QString name; ///< null while it is what could not be read
+    };
+    /** A member of a group that could not be read. */
+    struct UnreadMember {
+        int group;
+        int member;
+        QString groupName;
+    };
+
     void fillTargetMap();
     void fillGroupOfTargetMap();
     void updateTargetMapWithgroups();
     void readTarget(int number);
+    void readGroup(UnreadGroup group);
+    void readMember(const UnreadMember &member);
+    int missing() const;
 
     QMap<QString, Target *> map_targets;
     IOManager *iom;
     BackendVersions *beVers;
     QMap<QString, QString> map_groupOfTarget;
     ControllerLink m_link;
+    bool m_isTargetCountUnread = false;
+    bool m_isGroupCountUnread = false;
+    QVector<int> m_unreadTargets; ///< one-based numbers of those without a name
+    QVector<UnreadGroup> m_unreadGroups;
+    QVector<UnreadMember> m_unreadMembers;
 };

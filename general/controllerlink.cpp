@@ -175,6 +175,12 @@ void ControllerLink::log(const QString &line) const
         emit observer->lineLogged(line);
 }
 
+void ControllerLink::notice(const QString &line) const
+{
+    if (m_observer)
+        emit m_observer->lineLogged(line);
+}
+
 void ControllerLink::post(const char *channel, const QString &request) const
 {
     if (m_iom) {
@@ -214,8 +220,13 @@ bool ControllerLink::isPocketUnit() const
 bool ControllerLink::isConfigLocked() const
 {
     const QPointer<LinkObserver> observer = m_observer;
-    const bool locked =
-            protocolAtLeast(1, 9) && text("config is_changeable") == QLatin1String("no");
+    bool locked = false;
+    if (protocolAtLeast(1, 9)) {
+        const auto changeable = text("config is_changeable");
+        if (!changeable)
+            log(QStringLiteral("Error: Unable to get lock state of the configuration"));
+        locked = changeable == QLatin1String("no");
+    }
     if (observer)
         emit observer->lockRead(locked);
     return locked;

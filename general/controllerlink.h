@@ -59,6 +59,8 @@ public:
 
     /** Puts one line into the host's message log. */
     void log(const QString &line) const;
+    /** Says one line to the operator in the dialog alone, where a log line would be too much. */
+    void notice(const QString &line) const;
     /** Sends a request of the body administration to the module that listens on `channel`. */
     void post(const char *channel, const QString &request) const;
 

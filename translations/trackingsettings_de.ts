@@ -883,6 +883,10 @@ Richtungswechseln über. Mit 0 ms wird nichts vorhergesagt; ein negativer Wert l
 <context>
     <name>MessageLine</name>
     <message>
+        <source>Unable to move bodies: this controller is too old for it</source>
+        <translation>Körper lassen sich nicht verschieben: diese Steuerung ist zu alt dafür</translation>
+    </message>
+    <message>
         <source>Unable to close dialog during calibration is running</source>
         <translation>Das Fenster kann während einer laufenden Kalibrierung nicht geschlossen werden</translation>
     </message>

@@ -5,6 +5,8 @@
 #include <QString>
 #include <QVector>
 
+#include <optional>
+
 class QComboBox;
 class QSpinBox;
 class QTableWidget;
@@ -23,6 +25,12 @@ struct AdminBodyType {
     QString typedesc; ///< the controller's description of the type
     bool filter6dAvailable = false;
     int numInertialSensors = 0; ///< bodies of the type that carry an inertial sensor
+
+    std::optional<int> limit; ///< largest number of bodies: the controller's, or a default
+    bool isLimitRead = false; ///< the limit is the controller's
+    bool isCountRead = false; ///< the number of bodies is the controller's, or one it accepted
+    bool isDescriptionMissing = false; ///< the description was asked and could not be read
+    bool isFilterMissing = false;      ///< so was the availability of the 6DOF filter
 
     /** True when there is a body of that zero-based index. */
     bool isValidIndex(int index) const { return index >= 0 && index < bodies.size(); }

@@ -57,7 +57,8 @@ Outcome BodyActions::clear(const QString &type, int index) const
 
 Outcome BodyActions::exchange(const QString &type, int index, int otherIndex) const
 {
-    if (!m_registry.hasBody(type, index) || !m_registry.hasBody(type, otherIndex))
+    if (!m_registry.hasBody(type, index) || !m_registry.hasBody(type, otherIndex)
+        || !m_commands.canSwitchBodies())
         return Outcome::Left;
     if (m_commands.switchBodies(type, index, otherIndex))
         return Outcome::Done;

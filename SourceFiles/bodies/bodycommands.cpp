@@ -279,6 +279,16 @@ bool BodyCommands::clearToolReference(const QString &label, int index,
     return done;
 }
 
+bool BodyCommands::canSwitchBodies() const
+{
+    const bool can = m_link.protocolAtLeast(1, 11);
+    if (!can) {
+        m_link.notice(QString::fromLatin1(QT_TRANSLATE_NOOP(
+                "MessageLine", "Unable to move bodies: this controller is too old for it")));
+    }
+    return can;
+}
+
 bool BodyCommands::switchBodies(const QString &type, int index, int otherIndex) const
 {
     const QByteArray word = ControllerLink::argument(type);

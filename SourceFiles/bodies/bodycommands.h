@@ -57,6 +57,8 @@ public:
     /** Clears a reference of measurement tools and takes it from the tools measured against it. */
     bool clearToolReference(const QString &label, int index, const QVector<int> &tools) const;
 
+    /** False, and said to the operator, with a controller too old to exchange bodies. */
+    bool canSwitchBodies() const;
     /** Exchanges two bodies of a type. */
     bool switchBodies(const QString &type, int index, int otherIndex) const;
 

@@ -45,107 +45,155 @@ void BodyReader::log(const QString &line, const QString &type, int index) const
 
 void BodyReader::readType(AdminBodyType &record, const QString &type) const
 {
+    record.isDescriptionMissing = m_link.protocolAtLeast(0, 3);
+    record.isFilterMissing = m_link.protocolAtLeast(1, 12);
+    readMissing(record, type);
+}
+
+bool BodyReader::readMissing(AdminBodyType &record, const QString &type) const
+{
     const QByteArray word = ControllerLink::argument(type);
-    if (m_link.protocolAtLeast(0, 3)) {
-        if (const auto answer = m_link.text("body type_desc %s", word.constData()))
+    bool isMoreKnown = false;
+    if (record.isDescriptionMissing) {
+        if (const auto answer = m_link.text("body type_desc %s", word.constData())) {
             record.typedesc = ControllerLink::withoutDoubleQuotes(*answer);
-        else
+            record.isDescriptionMissing = false;
+            isMoreKnown = true;
+        } else {
             m_link.log(QStringLiteral("Error: Unable to get description of bodytype %1").arg(type));
+        }
     }
-    if (m_link.protocolAtLeast(1, 12)) {
-        const auto answer = m_link.text("filter6d available %s", word.constData());
-        record.filter6dAvailable = answer == QLatin1String("yes");
-        if (!answer) {
+    if (record.isFilterMissing) {
+        if (const auto answer = m_link.text("filter6d available %s", word.constData())) {
+            record.filter6dAvailable = *answer == QLatin1String("yes");
+            record.isFilterMissing = false;
+            isMoreKnown = true;
+        } else {
             m_link.log(
                     QStringLiteral("Error: Unable to get availability of filter6d for bodytype %1")
                             .arg(type));
         }
     }
+    return isMoreKnown;
 }
 
-int BodyReader::readCount(const QString &type) const
+std::optional<int> BodyReader::readCount(const BodyRegistry &registry, const QString &type) const
 {
     const auto count =
             m_link.count("body number_of_bodies %s", ControllerLink::argument(type).constData());
-    if (!count)
-        m_link.log(QStringLiteral("Error: Unable to get number of %1 bodies").arg(type));
-    return count.value_or(0);
+    const AdminBodyType &record = registry.type(type);
+    if (count && (!record.isLimitRead || *count <= *record.limit))
+        return count;
+    m_link.log(QStringLiteral("Error: Unable to get number of %1 bodies").arg(type));
+    return std::nullopt;
 }
 
-void BodyReader::readBodies(BodyRegistry &registry, const QString &type, int first) const
+void BodyReader::readBodies(BodyRegistry &registry, const QString &type, int first,
+                            std::optional<int> accepted) const
 {
     if (!registry.contains(type))
         return;
-    const int count = readCount(type);
-    if (AdminBodyType *record = registry.find(type))
-        record->bodies.resize(count);
-    for (int index = first; registry.hasBody(type, index); ++index) {
-        m_link.progress(index + 1, count);
-        readBody(*registry.find(type), type, index);
+    const std::optional<int> read = readCount(registry, type);
+    const std::optional<int> count = read ? read : accepted;
+    if (AdminBodyType *record = registry.find(type)) {
+        const int known = qMin(record->bodies.size(), count.value_or(0));
+        record->isCountRead = count.has_value();
+        record->bodies.resize(count.value_or(0));
+        const int answered = readSweep(registry, type, first);
+        record = registry.find(type);
+        // Bodies that never answered are not there: a garbled count made them up.
+        if (record && answered < record->bodies.size())
+            record->bodies.resize(qMax(known, answered));
     }
     registry.countSensors(type);
 }
 
-void BodyReader::readBody(AdminBodyType &record, const QString &type, int index) const
+int BodyReader::readSweep(BodyRegistry &registry, const QString &type, int first) const
+{
+    constexpr int patience = 8;
+    int silent = 0;
+    int index = first;
+    for (; registry.hasBody(type, index) && silent < patience; ++index) {
+        m_link.progress(index + 1, registry.type(type).bodies.size());
+        silent = readBody(*registry.find(type), type, index) ? 0 : silent + 1;
+    }
+    if (silent < patience || !registry.hasBody(type, index))
+        return index;
+    m_link.log(QStringLiteral("Error: Unable to get further %1 bodies").arg(type));
+    return index - patience;
+}
+
+bool BodyReader::readBody(AdminBodyType &record, const QString &type, int index) const
 {
     if (!record.isValidIndex(index))
-        return;
+        return false;
     // A copy: the host may run its event loop in any query, and bodies may be dropped meanwhile.
     AdminBody body = record.bodies.at(index);
     const QByteArray word = ControllerLink::argument(type);
+    bool isAnswered = false;
     if (!m_link.protocolAtLeast(0, 16)) {
         body.desc.clear();
     } else if (const auto answer = m_link.text("body desc %s b%02d", word.constData(), index + 1)) {
         body.desc = *answer;
+        isAnswered = true;
     } else {
         log(QStringLiteral("Error: Unable to get description of body %1 b%2 "), type, index);
     }
-    readCalibration(body, type, index);
+    isAnswered = readCalibration(body, type, index) || isAnswered;
     readSensor(body, type, index);
     body.calibrationStatus = calibrationText(body);
     if (record.filter6dAvailable)
         readFilter(body, type, index);
     // Only standard bodies carry the mark, yet the question belongs to reading a body of any type.
-    const bool named = m_link.protocolAtLeast(1, 24) && isReference(index);
-    body.isReference = named && type == QLatin1String("standard");
+    if (!m_link.protocolAtLeast(1, 24))
+        body.isReference = false;
+    else if (const auto isNamed = isReference(index))
+        body.isReference = *isNamed && type == QLatin1String("standard");
     if (record.isValidIndex(index))
         record.bodies[index] = body;
+    return isAnswered;
 }
 
-void BodyReader::readCalibration(AdminBody &body, const QString &type, int index) const
+bool BodyReader::readCalibration(AdminBody &body, const QString &type, int index) const
 {
     const QByteArray word = ControllerLink::argument(type);
     const int number = index + 1;
     const bool knowsLibrary = m_link.protocolAtLeast(1, 11);
+    const bool knowsCalibration = m_link.protocolAtLeast(0, 3);
+    bool isAnswered = !knowsCalibration;
+    // The answer "yes" as true; a failed query is logged and leaves the flag as it was.
+    const auto take = [&](const std::optional<QString> &answer, bool *flag, const QString &error) {
+        if (answer)
+            *flag = *answer == QLatin1String("yes");
+        else
+            log(error, type, index);
+        isAnswered = isAnswered || answer;
+    };
     if (!knowsLibrary) {
         body.tlibName.clear();
         body.active = false;
+        body.recalibrated = false;
     } else {
-        if (const auto name = m_link.text("body targetlib_name %s b%02d", word.constData(), number))
+        const auto name = m_link.name("body targetlib_name %s b%02d", word.constData(), number);
+        if (name)
             body.tlibName = *name == QLatin1String("none") ? QString() : *name;
         else
             log(QStringLiteral("Error: Unable to get targetlib name of body %1 b%2"), type, index);
-        if (const auto active = m_link.text("body active %s b%02d", word.constData(), number))
-            body.active = *active == QLatin1String("yes");
-        else
-            log(QStringLiteral("Error: Unable to get activeness of body %1 b%2"), type, index);
+        isAnswered = isAnswered || name;
+        take(m_link.text("body active %s b%02d", word.constData(), number), &body.active,
+             QStringLiteral("Error: Unable to get activeness of body %1 b%2"));
     }
-    if (!m_link.protocolAtLeast(0, 3)) {
+    if (!knowsCalibration)
         body.calibrated = false;
-    } else if (const auto calibrated =
-                       m_link.text("body calibrated %s b%02d", word.constData(), number)) {
-        body.calibrated = *calibrated == QLatin1String("yes");
-    } else {
-        log(QStringLiteral("Error: Unable to get calibration state of body %1 b%2"), type, index);
+    else
+        take(m_link.text("body calibrated %s b%02d", word.constData(), number), &body.calibrated,
+             QStringLiteral("Error: Unable to get calibration state of body %1 b%2"));
+    if (knowsLibrary) {
+        take(m_link.text("body recalibrated %s b%02d", word.constData(), number),
+             &body.recalibrated,
+             QStringLiteral("Error: Unable to get recalibrated state of body %1 b%2"));
     }
-    if (!knowsLibrary) {
-        body.recalibrated = false;
-    } else if (const auto again =
-                       m_link.text("body recalibrated %s b%02d", word.constData(), number)) {
-        body.recalibrated = *again == QLatin1String("yes");
-    } else {
-        log(QStringLiteral("Error: Unable to get recalibrated state of body %1 b%2"), type, index);
-    }
+    return isAnswered;
 }
 
 void BodyReader::readSensor(AdminBody &body, const QString &type, int index) const
@@ -154,7 +202,7 @@ void BodyReader::readSensor(AdminBody &body, const QString &type, int index) con
     body.inertialSensor.clear();
     if (!m_link.protocolAtLeast(1, 12))
         return;
-    const auto sensor = m_link.text("body inertial_sensor %s b%02d",
+    const auto sensor = m_link.name("body inertial_sensor %s b%02d",
                                     ControllerLink::argument(type).constData(), index + 1);
     if (!sensor) {
         log(QStringLiteral("Error: Unable to get inertial sensor of body %1 b%2"), type, index);
@@ -163,7 +211,7 @@ void BodyReader::readSensor(AdminBody &body, const QString &type, int index) con
     if (*sensor == QLatin1String("none"))
         return;
     body.inertialSensor = *sensor;
-    const auto handEye = m_link.text("inertial sensor_handeye %s",
+    const auto handEye = m_link.name("inertial sensor_handeye %s",
                                      ControllerLink::argument(*sensor).constData());
     if (!handEye) {
         m_link.log(QStringLiteral("Error: Unable to get handeye status of sensor %1").arg(*sensor));
@@ -172,12 +220,12 @@ void BodyReader::readSensor(AdminBody &body, const QString &type, int index) con
     body.has_handeye = *handEye != QLatin1String("none");
 }
 
-bool BodyReader::isReference(int index) const
+std::optional<bool> BodyReader::isReference(int index) const
 {
-    const auto answer = m_link.text("tracking reference");
+    const auto answer = m_link.name("tracking reference");
     if (!answer) {
         m_link.log(QStringLiteral("Error: Unable to info body reference"));
-        return false;
+        return std::nullopt;
     }
     if (*answer == QLatin1String("none"))
         return false;
@@ -228,7 +276,7 @@ bool BodyReader::isSensorPresent(const QString &type, int index) const
         m_link.log(QStringLiteral("Error: Unable to get availability of inertial sensors"));
     if (!available.value_or(false))
         return false;
-    const auto sensor = m_link.text("body inertial_sensor %s b%02d",
+    const auto sensor = m_link.name("body inertial_sensor %s b%02d",
                                     ControllerLink::argument(type).constData(), index + 1);
     if (!sensor) {
         log(QStringLiteral("Error: Unable to get inertial sensor of body %1 b%2"), type, index);
@@ -256,38 +304,50 @@ bool BodyReader::isGlobalFilterOff(const QString &type) const
     return state == QLatin1String("no");
 }
 
-int BodyReader::readMaximum(const QString &type) const
+int BodyReader::readMaximum(BodyRegistry &registry, const QString &type) const
 {
     const bool hands = type == QLatin1String("fingertracking");
     const QString error =
             hands ? QStringLiteral("Error: Unable to get max number of %1 hand bodies")
                   : QStringLiteral("Error: Unable to get max number of %1 bodies");
     constexpr int usualDefault = 4;
+    std::optional<int> read;
+    int limit = usualDefault;
     for (const Maximum &maximum : maxima) {
         if (type != maximum.type)
             continue;
-        const auto read = m_link.count("%s", maximum.query);
-        if (!read)
-            m_link.log(error.arg(type));
-        return read.value_or(maximum.defaultCount);
+        read = m_link.count("%s", maximum.query);
+        limit = read.value_or(maximum.defaultCount);
     }
-    m_link.log(error.arg(type));
-    return usualDefault;
+    if (!read)
+        m_link.log(error.arg(type));
+    if (AdminBodyType *record = registry.find(type))
+        record->isLimitRead = read.has_value();
+    return limit;
 }
 
 int BodyReader::readHolderCount(const QString &type) const
 {
     const bool standard = type == QLatin1String("standard");
-    return m_link
-            .count("%s",
-                   standard ? "standard number_of_bodies" : "measurementtool number_of_references")
-            .value_or(0);
+    const auto count = m_link.count("%s", standard ? "standard number_of_bodies"
+                                                   : "measurementtool number_of_references");
+    if (!count)
+        m_link.log(QStringLiteral("Error: Unable to get number of %1 bodies").arg(type));
+    return count.value_or(0);
 }
 
 std::optional<QString> BodyReader::readTargetName(const QString &type, int index) const
 {
-    return m_link.text("body targetlib_name %s b%02d", ControllerLink::argument(type).constData(),
+    return m_link.name("body targetlib_name %s b%02d", ControllerLink::argument(type).constData(),
                        index + 1);
+}
+
+std::optional<QString> BodyReader::readHolder(const QString &type, int index) const
+{
+    const auto name = readTargetName(type, index);
+    if (!name)
+        log(QStringLiteral("Error: Unable to get targetlib name of body %1 b%2"), type, index);
+    return name;
 }
 
 QString BodyReader::readSensorModel(const QString &sensor) const
@@ -315,7 +375,7 @@ std::optional<int> BodyReader::readReferenceOfTool(int index) const
 
 QString BodyReader::readDevice(int index) const
 {
-    const auto answer = m_link.text("joywand device b%2.2d", index + 1);
+    const auto answer = m_link.name("joywand device b%2.2d", index + 1);
     if (!answer) {
         m_link.log(QStringLiteral("Error: Unable to get device of joywand b%1")
                            .arg(bodyNumber(index)));
@@ -327,9 +387,13 @@ std::optional<QString> BodyReader::readDeviceModel(const QString &device) const
 {
     if (!m_link.protocolAtLeast(1, 3))
         return std::nullopt;
-    const QString key = device.section(QLatin1Char(' '), 1, 2);
-    const auto model =
-            m_link.text("qorwpan device_model_desc %s", ControllerLink::argument(key).constData());
+    const QString key = device.section(QLatin1Char(' '), 1, 2).trimmed();
+    std::optional<QString> model;
+    // Without its words the question would be about nothing.
+    if (!key.isEmpty()) {
+        model = m_link.text("qorwpan device_model_desc %s",
+                            ControllerLink::argument(key).constData());
+    }
     if (model)
         return ControllerLink::withoutDoubleQuotes(*model);
     // Word 1 is in both places: a habit of the log that its readers know.

@@ -22,12 +22,18 @@ public:
 
     /** Reads the description of the type and whether it offers the 6DOF filter. */
     void readType(AdminBodyType &record, const QString &type) const;
-    /** Number of bodies of the type; 0 when it cannot be read. */
-    int readCount(const QString &type) const;
-    /** Reads the count of the type and, from the zero-based `first` on, its bodies. */
-    void readBodies(BodyRegistry &registry, const QString &type, int first = 0) const;
-    /** Re-reads every field of one body. */
-    void readBody(AdminBodyType &record, const QString &type, int index) const;
+    /** Reads again what readType() could not read; true when something is known now that was not.
+     */
+    bool readMissing(AdminBodyType &record, const QString &type) const;
+    /**
+     * Reads the count of the type and, from the zero-based `first` on, its bodies. A count above
+     * the limit that the controller gave counts as unreadable. A count that cannot be read becomes
+     * `accepted`, or 0. After eight bodies in a row of which nothing can be read, reading ends.
+     */
+    void readBodies(BodyRegistry &registry, const QString &type, int first = 0,
+                    std::optional<int> accepted = std::nullopt) const;
+    /** Re-reads every field of one body; false when every question about it failed. */
+    bool readBody(AdminBodyType &record, const QString &type, int index) const;
     /** Re-builds the summary of one body's 6DOF filter. */
     void readFilterSummary(AdminBodyType &record, const QString &type, int index) const;
 
@@ -37,13 +43,15 @@ public:
     bool isSensorPresent(const QString &type, int index) const;
     /** True when the 6DOF filter of all standard bodies or joywand devices is switched off. */
     bool isGlobalFilterOff(const QString &type) const;
-    /** Largest number of bodies of the type; a default when it cannot be read. */
-    int readMaximum(const QString &type) const;
+    /** Largest number of bodies of the type, put into its record too; else a default. */
+    int readMaximum(BodyRegistry &registry, const QString &type) const;
 
-    /** Number of standard bodies or of tool references; 0, unlogged, when it cannot be read. */
+    /** Number of standard bodies or of tool references; 0 when it cannot be read. */
     int readHolderCount(const QString &type) const;
     /** Short name of the body's target, or "none"; nothing, unlogged, when it cannot be read. */
     std::optional<QString> readTargetName(const QString &type, int index) const;
+    /** As readTargetName(), of a body that readHolderCount() counted; a failure is logged. */
+    std::optional<QString> readHolder(const QString &type, int index) const;
 
     // What the columns of single tabs show.
 
@@ -57,10 +65,12 @@ public:
     std::optional<QString> readDeviceModel(const QString &device) const;
 
 private:
-    void readCalibration(AdminBody &body, const QString &type, int index) const;
+    std::optional<int> readCount(const BodyRegistry &registry, const QString &type) const;
+    int readSweep(BodyRegistry &registry, const QString &type, int first) const;
+    bool readCalibration(AdminBody &body, const QString &type, int index) const;
     void readSensor(AdminBody &body, const QString &type, int index) const;
     void readFilter(AdminBody &body, const QString &type, int index) const;
-    bool isReference(int index) const;
+    std::optional<bool> isReference(int index) const;
     void log(const QString &line, const QString &type, int index) const;
 
     ControllerLink m_link;

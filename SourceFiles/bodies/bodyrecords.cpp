@@ -1,10 +1,23 @@
 #include "bodies/bodyrecords.h"
 
+#include <algorithm>
+
 void BodyRecords::registerBodyType(const QString &type)
 {
     AdminBodyType fresh;
     m_reader.readType(fresh, type);
     bodytypes.insert(type, fresh);
+}
+
+QStringList BodyRecords::readMissingOfTypes()
+{
+    QStringList types = bodytypes.names();
+    const auto nothingNew = [this](const QString &type) {
+        AdminBodyType *record = bodytypes.find(type);
+        return !record || !m_reader.readMissing(*record, type);
+    };
+    types.erase(std::remove_if(types.begin(), types.end(), nothingNew), types.end());
+    return types;
 }
 
 void BodyRecords::updateBodyInfo(const QString &type, int index)

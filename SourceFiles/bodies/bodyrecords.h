@@ -19,6 +19,8 @@ class BodyRecords {
 public:
     /** Stores a fresh record of the type and reads its description and filter availability. */
     void registerBodyType(const QString &type);
+    /** Asks again what could not be read of the types; the types of which more is known now. */
+    QStringList readMissingOfTypes();
     /** Forgets a type; its widgets stay. Kept for a tab whose type goes; none does today. */
     void unregisterBodyType(const QString &type) { bodytypes.remove(type); }
     /** True while the type has a record. */

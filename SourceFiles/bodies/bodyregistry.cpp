@@ -40,6 +40,12 @@ const AdminBody &BodyRegistry::body(const QString &typeName, int index) const
     return record.isValidIndex(index) ? record.bodies.at(index) : unknown;
 }
 
+void BodyRegistry::setLimit(const QString &typeName, int limit)
+{
+    if (AdminBodyType *record = find(typeName))
+        record->limit = limit;
+}
+
 int BodyRegistry::calibratedBodies(const QString &typeName) const
 {
     const QVector<AdminBody> &bodies = type(typeName).bodies;

@@ -34,6 +34,8 @@ public:
     /** True when the type is registered and has a body of that zero-based index. */
     bool hasBody(const QString &type, int index) const;
 
+    /** The largest number of bodies that the type may have. */
+    void setLimit(const QString &type, int limit);
     /** Bodies of the type with a geometry. */
     int calibratedBodies(const QString &type) const;
     /** Counts the bodies of the type that carry an inertial sensor into its record. */

@@ -1,5 +1,6 @@
 #include "bodies/bodytablefiller.h"
 
+#include "controllerlink.h"
 #include "support/columnsizingpause.h"
 
 #include <QCoreApplication>
@@ -53,6 +54,12 @@ BodyTableIcons::BodyTableIcons(const QIcon &okIcon, const QIcon &notCalibratedIc
 {
 }
 
+BodyTableFiller::Allowed BodyTableFiller::Allowed::by(const ControllerLink &link, bool locked)
+{
+    return {!locked, !locked && link.protocolAtLeast(0, 16), !locked && link.protocolAtLeast(1, 11),
+            !locked && link.protocolAtLeast(1, 24)};
+}
+
 void BodyTableFiller::setUp(QTableWidget *table, const BodyColumns &columns)
 {
     table->setColumnCount(columns.size());
@@ -79,11 +86,26 @@ void BodyTableFiller::sizeColumns(QTableWidget *table, const BodyColumns &column
     }
 }
 
-void BodyTableFiller::showCount(QSpinBox *spinBox, int count, int limit)
+void BodyTableFiller::showFilterColumn(const AdminBodyType &record)
 {
+    const int column = record.columnOf(COLUMN_TYPE_FILTER);
+    if (record.tableWidget && column >= 0)
+        record.tableWidget->setColumnHidden(column, !record.filter6dAvailable);
+}
+
+void BodyTableFiller::showCount(const AdminBodyType &record)
+{
+    QSpinBox *spinBox = record.spinBox;
+    const int count = record.bodies.size();
     const QSignalBlocker silent(spinBox);
+    // An unread count must not read as "no bodies".
+    const QString unread = record.isCountRead ? QString() : QStringLiteral("-");
+    if (spinBox->specialValueText() != unread)
+        spinBox->setSpecialValueText(unread);
     // A limit that could not be read must not make the box show fewer bodies than there are.
-    spinBox->setRange(0, qMax(limit, count));
+    const int maximum = qMax(record.limit.value_or(spinBox->maximum()), count);
+    if (spinBox->minimum() != 0 || spinBox->maximum() != maximum)
+        spinBox->setRange(0, maximum);
     spinBox->setValue(count);
 }
 
@@ -128,11 +150,11 @@ QTableWidgetItem BodyTableFiller::cell(COLUMN_TYPE kind, const AdminBodyType &re
         item.setText(record.tableWidgetColumnIdFormat.arg(row + 1));
         break;
     case COLUMN_TYPE_ACTIVE:
-        return checkCell(body, body.active);
+        return checkCell(body, body.active, m_allowed.activity);
     case COLUMN_TYPE_REFERENCE:
-        return checkCell(body, body.isReference);
+        return checkCell(body, body.isReference, m_allowed.reference);
     case COLUMN_TYPE_NAME:
-        item.setFlags(m_locked ? shown : shown | Qt::ItemIsEditable);
+        item.setFlags(m_allowed.names ? shown | Qt::ItemIsEditable : shown);
         item.setText(body.desc);
         break;
     case COLUMN_TYPE_CALIBRATED:
@@ -155,13 +177,14 @@ QTableWidgetItem BodyTableFiller::cell(COLUMN_TYPE kind, const AdminBodyType &re
     return item;
 }
 
-QTableWidgetItem BodyTableFiller::checkCell(const AdminBody &body, bool checked) const
+QTableWidgetItem BodyTableFiller::checkCell(const AdminBody &body, bool checked,
+                                            bool checkable) const
 {
     QTableWidgetItem item;
     item.setFlags(shown);
     if (!body.calibrated && !body.active)
         return item;
-    if (!m_locked)
+    if (checkable)
         item.setFlags(shown | Qt::ItemIsUserCheckable);
     item.setCheckState(checked ? Qt::Checked : Qt::Unchecked);
     return item;
@@ -185,7 +208,7 @@ QTableWidgetItem BodyTableFiller::buttonCell(bool live, const QIcon &icon,
                                              const QIcon &disabledIcon,
                                              const QString &accessibleText) const
 {
-    const bool acts = live && !m_locked;
+    const bool acts = live && m_allowed.actions;
     QTableWidgetItem item;
     item.setFlags(shown);
     item.setIcon(acts ? icon : disabledIcon);

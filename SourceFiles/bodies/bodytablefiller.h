@@ -9,6 +9,7 @@
 
 #include <functional>
 
+class ControllerLink;
 class QSpinBox;
 
 /** The status and button icons of the body tables; disabled variants are made once. */
@@ -43,20 +44,31 @@ public:
     /** Every column as wide as its contents but those that take what is left. */
     static void sizeColumns(QTableWidget *table, const BodyColumns &columns);
 
-    /** Shows a number of bodies; a `limit` below it is raised to it. The box emits nothing. */
-    static void showCount(QSpinBox *spinBox, int count, int limit);
+    /** Shows or hides the filter column, if there is one, as the type has the 6DOF filter or not.
+     */
+    static void showFilterColumn(const AdminBodyType &record);
+    /** Shows the number of bodies in the record's spin box, which emits nothing. */
+    static void showCount(const AdminBodyType &record);
     /**
      * Makes a row current again after a fill, or the last one when the table became shorter; in the
      * current column when none is given.
      */
     static void restoreRow(QTableWidget *table, int row, int column = -1);
 
-    /**
-     * @param warmupRuleMet inertial sensors are there and their warm-up does not run
-     * @param locked        the configuration cannot be changed: nothing is editable or live
-     */
-    BodyTableFiller(const BodyTableIcons &icons, bool warmupRuleMet, bool locked)
-        : m_icons(icons), m_warmupRuleMet(warmupRuleMet), m_locked(locked)
+    /** What the operator may do; a cell that would lead to nothing is shown, but not editable. */
+    struct Allowed {
+        bool actions = true; ///< false while the configuration is locked; then nothing is editable
+        bool names = true;   ///< this and the next two: the controller knows the command
+        bool activity = true;
+        bool reference = true;
+
+        /** What a controller of that protocol takes; nothing while the configuration is locked. */
+        static Allowed by(const ControllerLink &link, bool locked);
+    };
+
+    /** @param warmupRuleMet inertial sensors are there and their warm-up does not run */
+    BodyTableFiller(const BodyTableIcons &icons, bool warmupRuleMet, const Allowed &allowed)
+        : m_icons(icons), m_warmupRuleMet(warmupRuleMet), m_allowed(allowed)
     {
     }
 
@@ -65,12 +77,12 @@ public:
 
 private:
     QTableWidgetItem cell(COLUMN_TYPE kind, const AdminBodyType &record, int row) const;
-    QTableWidgetItem checkCell(const AdminBody &body, bool checked) const;
+    QTableWidgetItem checkCell(const AdminBody &body, bool checked, bool checkable) const;
     QTableWidgetItem calibrationCell(const AdminBody &body) const;
     QTableWidgetItem buttonCell(bool live, const QIcon &icon, const QIcon &disabledIcon,
                                 const QString &accessibleText) const;
 
     const BodyTableIcons &m_icons;
     bool m_warmupRuleMet;
-    bool m_locked;
+    Allowed m_allowed;
 };

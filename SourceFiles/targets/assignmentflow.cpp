@@ -67,7 +67,7 @@ bool AssignmentFlow::takeFromOtherType(const QString &type, const QString &targe
     const BodyReader reader(m_link);
     const int count = targetShortName.isEmpty() ? 0 : reader.readHolderCount(type);
     for (int index = 0; index < count; ++index) {
-        if (reader.readTargetName(type, index) != targetShortName)
+        if (reader.readHolder(type, index) != targetShortName)
             continue;
         const Answer answer = UserQuestion::okCancel(m_parent, tr("Warning"), text.arg(index + 1),
                                                      question.arg(index + 1));

@@ -63,7 +63,10 @@ void TargetAssignment::refreshTracked(Target *target) const
 
 bool TargetAssignment::readCustom(const QStringList &targetIds, QSet<QString> *custom) const
 {
-    if (m_link.text("status active") != QLatin1String("none"))
+    const auto active = m_link.text("status active");
+    if (!active)
+        m_link.log(QStringLiteral("Error: Unable to get state of calibration"));
+    if (active != QLatin1String("none"))
         return false;
     if (!m_link.command("morvek2 targetlib check_custom_calibration"))
         m_link.log(QStringLiteral("Error: Unable to check custom calibrations of targets"));

@@ -115,6 +115,15 @@ void TargetListPanel::fillCategories() const
     m_category->setCurrentIndex(0);
 }
 
+void TargetListPanel::renewCategories() const
+{
+    const QSignalBlocker silent(m_category);
+    const QString chosen = m_category->currentText();
+    m_category->clear();
+    fillCategories();
+    m_category->setCurrentIndex(qMax(0, m_category->findText(chosen)));
+}
+
 void TargetListPanel::selectCategory(const QString &name) const
 {
     const int index = m_category->findText(name, Qt::MatchExactly | Qt::MatchCaseSensitive);

@@ -45,6 +45,8 @@ public:
     bool showsFoundTargets() const;
     /** Puts the categories of the tab's targets into the tab's category box. */
     void fillCategories() const;
+    /** Fills them again; the category chosen stays if it is still there. */
+    void renewCategories() const;
     /** Makes the category of exactly that name current; none when it is not there. */
     void selectCategory(const QString &name) const;
     /** Reads which targets of a category bodies hold. */

@@ -144,13 +144,25 @@ void TargetSearchPanel::setConfigLocked(bool locked)
     applyDeselectRule();
 }
 
+void TargetSearchPanel::setUsable(QWidget *control, bool usable)
+{
+    if (usable == !m_unusable.contains(control))
+        return;
+    if (usable)
+        m_unusable.remove(control);
+    else
+        m_unusable.insert(control);
+    applyControls();
+}
+
 void TargetSearchPanel::applyControls()
 {
     for (QWidget *control : qAsConst(m_widgets.searchControls))
         control->setEnabled(m_controlsEnabled);
     for (QWidget *control : qAsConst(m_widgets.editControls)) {
         const bool searchControl = m_widgets.searchControls.contains(control);
-        control->setEnabled(!m_locked && (m_controlsEnabled || !searchControl));
+        control->setEnabled(!m_locked && (m_controlsEnabled || !searchControl)
+                            && !m_unusable.contains(control));
     }
 }
 

@@ -3,6 +3,8 @@
 #include "bodies/tabwidgets.h"
 #include "targets/targetsearchrun.h"
 
+#include <QSet>
+
 class QTimer;
 
 /**
@@ -55,6 +57,8 @@ public:
     void setControlsEnabled(bool enabled);
     /** A locked configuration keeps the editing controls disabled. */
     void setConfigLocked(bool locked);
+    /** An editing control that is not usable stays disabled, whatever else would enable it. */
+    void setUsable(QWidget *control, bool usable);
     /** Enables select while a body and a target are current and no search runs. */
     void applySelectRule();
     /** Enables select by the target table alone. */
@@ -74,4 +78,5 @@ private:
     TabWidgets m_widgets;
     bool m_controlsEnabled = true;
     bool m_locked = false;
+    QSet<const QWidget *> m_unusable;
 };

@@ -38,6 +38,7 @@ bool TargetSearchRun::canStart() const
 bool TargetSearchRun::start(const QStringList &shortNamesInUse)
 {
     m_running = m_link.command("morvek2 cal targetlib start");
+    m_isProgressLost = false;
     if (!m_running) {
         m_link.log(QStringLiteral("Error: Unable to start target library calibration"));
         return false;
@@ -62,8 +63,12 @@ TargetSearchRun::Poll TargetSearchRun::poll()
         return {Step::Ended, std::nullopt};
     }
     Poll result;
-    if (const auto progress = m_link.real("status progress"))
+    const auto progress = m_link.real("status progress");
+    if (progress)
         result.percent = wholePercent(*progress);
+    else if (!m_isProgressLost)
+        m_link.log(QStringLiteral("Error: Unable to get progress of target library calibration"));
+    m_isProgressLost = !progress;
     return result;
 }
 
@@ -78,10 +83,15 @@ int TargetSearchRun::countTracked(const Targetlibrary &library, const QString &t
 {
     int tracked = 0;
     for (const Target *target : library.targets()) {
-        if (library.isOfType(*target, type)
-            && m_link.isYes("targetlib target_status_tracked %s",
-                            ControllerLink::argument(target->id()).constData()))
-            ++tracked;
+        if (!library.isOfType(*target, type))
+            continue;
+        const auto state = m_link.text("targetlib target_status_tracked %s",
+                                       ControllerLink::argument(target->id()).constData());
+        if (!state) {
+            m_link.log(QStringLiteral("Error: Unable to get tracked state of target %1")
+                               .arg(target->id()));
+        }
+        tracked += state == QLatin1String("yes") ? 1 : 0;
     }
     return tracked;
 }

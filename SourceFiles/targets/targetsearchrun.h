@@ -45,4 +45,5 @@ public:
 private:
     ControllerLink m_link;
     bool m_running = false;
+    bool m_isProgressLost = false; ///< its line is in the log; a poll does not repeat it
 };

@@ -49,7 +49,7 @@ public:
         const FillGuard filling = input.startFilling();
         const QIcon none;
         const BodyTableIcons icons(none, none, none, none, none);
-        BodyTableFiller(icons, false, false)
+        BodyTableFiller(icons, false, {})
                 .fill(standard, registry.type(standard),
                       [](const QString &, int, int, QTableWidgetItem *) {});
     }

@@ -1,6 +1,7 @@
 #include "bodies/adminbodytype.h"
 #include "bodies/bodycommands.h"
 #include "bodies/bodyreader.h"
+#include "bodies/bodyregistry.h"
 #include "dialogtest.h"
 
 namespace {
@@ -16,13 +17,11 @@ const char *const storingSensor = "vendortwo core 'C3'";
 AdminBodyType known(TestHost &host, const QString &type)
 {
     const BodyReader reader(ControllerLink(&host.io, &host.versions));
-    AdminBodyType record;
-    reader.readType(record, type);
-    record.bodies.resize(reader.readCount(type));
-    for (int index = 0; index < record.bodies.size(); ++index)
-        reader.readBody(record, type, index);
+    BodyRegistry registry;
+    reader.readType(registry[type], type);
+    reader.readBodies(registry, type);
     host.clear();
-    return record;
+    return registry.type(type);
 }
 
 const SensorState *sensor(const TestHost &host, const char *name)
