@@ -31,6 +31,12 @@ public:
     SweepRun(const Script &script, const ScriptContext &context, bool isDisturbed,
              qint64 firstOperation);
 
+    /**
+     * What the module asks for only when it is loaded stays as it was answered, so that a dialog
+     * may differ from the controller when that was disturbed.
+     */
+    void allowDifferences() { m_allowsDifferences = true; }
+
     /** Steps of the script; the first one is the loading of the module and has no words. */
     const QVector<SweepStep> &steps() const { return m_steps; }
     /** What was wrong with the boxes, and with the dialogs when the disturbance was over. */
@@ -64,6 +70,7 @@ private:
     int m_closed = 0;
     QVector<QStringList> m_inspection;
     bool m_knowsPages = false;
+    bool m_allowsDifferences = false;
     qint64 m_stepStart;
     int m_logStart = 0;
     QVector<SweepStep> m_steps;
