@@ -236,9 +236,8 @@ QString takePicture(ScriptContext &context, const QStringList &arguments)
                    : QStringLiteral("expected to write %1, found it impossible").arg(file);
 }
 
-} // namespace
-
-QVector<ScriptCommand> ScriptCommands::controllerActions()
+/** What disturbs the operations. */
+QVector<ScriptCommand> linkActions()
 {
     return {
             {"tick", 0, 1, "[COUNT]", tick},
@@ -257,6 +256,13 @@ QVector<ScriptCommand> ScriptCommands::controllerActions()
                  return QString();
              }},
             {"link", 1, 1, "dead|back", setLink},
+    };
+}
+
+/** What the second client, the host and the script itself do. */
+QVector<ScriptCommand> otherActions()
+{
+    return {
             {"set", 2, 2, "PATH VALUE", setState},
             {"swap", 3, 3, "TYPE BODY BODY", swapBodies},
             {"count", 2, 2, "TYPE COUNT", setBodyCount},
@@ -281,4 +287,11 @@ QVector<ScriptCommand> ScriptCommands::controllerActions()
             {"mark", 0, 0, "", setMark},
             {"screenshot", 1, 2, "NAME [WIDGET]", takePicture},
     };
+}
+
+} // namespace
+
+QVector<ScriptCommand> ScriptCommands::controllerActions()
+{
+    return linkActions() + otherActions();
 }

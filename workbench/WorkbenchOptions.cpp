@@ -87,7 +87,8 @@ QString applyFaults(WorkbenchOptions &options, const QStringList &values)
     return problem.section(QStringLiteral("expected "), 1).section(QStringLiteral(", found"), 0, 0);
 }
 
-QVector<OptionEntry> entries()
+/** What is simulated and driven, and how. */
+QVector<OptionEntry> playEntries()
 {
     using O = WorkbenchOptions;
     return {
@@ -98,8 +99,7 @@ QVector<OptionEntry> entries()
             text("script", "FILE", "run the actions and expectations of FILE", &O::scriptFile),
             text("demo", "NAME", "show a demonstration; with --headless play and check it",
                  &O::demo),
-            flag("headless", "no window on a display; needs --script, --demo or --tour",
-                 &O::headless),
+            flag("headless", "no window on a display, for all that needs no person", &O::headless),
             {"fault",
              {"RULE"},
              "disturb commands, e.g. \"set body active* every 2 refuse\"",
@@ -113,6 +113,14 @@ QVector<OptionEntry> entries()
                    &O::timeoutS, 1, maximumTimeoutS, " of seconds"),
             number("transcript-limit", "N", "operations the transcript keeps (default: 200000)",
                    &O::transcriptLimit, fewestKept, mostKept, " of operations"),
+    };
+}
+
+/** The search for trouble. */
+QVector<OptionEntry> trialEntries()
+{
+    using O = WorkbenchOptions;
+    return {
             text("sweep", "SCRIPT", "play a script with every fault at every operation",
                  &O::sweepFile),
             sweepNumber("every", "sweep every Nth operation only", &SweepPlan::every),
@@ -125,6 +133,14 @@ QVector<OptionEntry> entries()
                    QString()),
             text("explore-into", "FILE", "drive in this process, with the lines in FILE",
                  &O::exploreInto),
+    };
+}
+
+/** What is read and written, and what the program says of itself. */
+QVector<OptionEntry> fileEntries()
+{
+    using O = WorkbenchOptions;
+    return {
             text("junit", "FILE", "write the results for build servers", &O::junitFile),
             text("scenario-check", "FILE", "check a scenario and print it in full",
                  &O::scenarioCheckFile),
@@ -142,6 +158,11 @@ QVector<OptionEntry> entries()
             flag("help", "show this text", &O::help),
             flag("version", "show the version", &O::version),
     };
+}
+
+QVector<OptionEntry> entries()
+{
+    return playEntries() + trialEntries() + fileEntries();
 }
 
 const OptionEntry *findEntry(const QVector<OptionEntry> &known, const QString &name)
@@ -162,6 +183,8 @@ QString conflict(const WorkbenchOptions &options)
     if (options.headless && drivers == 0)
         return QStringLiteral(
                 "--headless: expected --script, --demo, --tour, --sweep or --explore beside it");
+    if (!options.exploreInto.isEmpty() && options.explore.isEmpty())
+        return QStringLiteral("--explore-into: expected --explore beside it");
     if (drivers > 1)
         return QStringLiteral(
                 "--tour, --script, --demo, --sweep, --explore: expected only one of them");

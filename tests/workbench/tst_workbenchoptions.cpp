@@ -9,6 +9,7 @@ class tst_WorkbenchOptions : public QObject {
 private slots:
     void defaults();
     void everyOption();
+    void searchForTrouble();
     void equalsSign();
     void faultsAddUp();
     void rejected_data();
@@ -61,6 +62,22 @@ void tst_WorkbenchOptions::everyOption()
     QVERIFY(options.help);
     QVERIFY(options.version);
 
+    QVERIFY(parse({"--tour", "d"}, &options, &error));
+    QCOMPARE(options.tourDir, QStringLiteral("d"));
+    QVERIFY(options.isScripted());
+    QVERIFY(parse({"--demo", "slow-link"}, &options, &error));
+    QCOMPARE(options.demo, QStringLiteral("slow-link"));
+    QVERIFY(!options.isScripted());
+    QVERIFY(parse({"transcript-diff", "a", "b"}, &options, &error));
+    QCOMPARE(options.transcriptDiff, QStringList({"a", "b"}));
+    QVERIFY(parse({"--transcript-diff", "a", "b"}, &options, &error));
+    QCOMPARE(options.transcriptDiff, QStringList({"a", "b"}));
+}
+
+void tst_WorkbenchOptions::searchForTrouble()
+{
+    WorkbenchOptions options;
+    QString error;
     QVERIFY2(parse({"--sweep", "s", "--every", "10", "--from", "3", "--to", "9", "--faults",
                     "turns,fail,empty", "--junit", "j.xml", "--transcript-limit", "500"},
                    &options, &error),
@@ -81,17 +98,6 @@ void tst_WorkbenchOptions::everyOption()
     QVERIFY(options.isScripted());
     QVERIFY(parse({"--scenario-check", "f"}, &options, &error));
     QVERIFY(options.needsNoWindow());
-
-    QVERIFY(parse({"--tour", "d"}, &options, &error));
-    QCOMPARE(options.tourDir, QStringLiteral("d"));
-    QVERIFY(options.isScripted());
-    QVERIFY(parse({"--demo", "slow-link"}, &options, &error));
-    QCOMPARE(options.demo, QStringLiteral("slow-link"));
-    QVERIFY(!options.isScripted());
-    QVERIFY(parse({"transcript-diff", "a", "b"}, &options, &error));
-    QCOMPARE(options.transcriptDiff, QStringList({"a", "b"}));
-    QVERIFY(parse({"--transcript-diff", "a", "b"}, &options, &error));
-    QCOMPARE(options.transcriptDiff, QStringList({"a", "b"}));
 }
 
 void tst_WorkbenchOptions::equalsSign()
@@ -108,6 +114,23 @@ void tst_WorkbenchOptions::faultsAddUp()
     QString error;
     QVERIFY(parse({"--fault", "body* fail", "--fault", "* delay 5"}, &options, &error));
     QCOMPARE(options.faults, QStringList({"body* fail", "* delay 5"}));
+}
+
+/** What a search for trouble cannot be asked for. */
+static void searchRows()
+{
+    QTest::newRow("every none") << QStringList{"--every", "0"}
+                                << "--every: expected a whole number from 1, found \"0\"";
+    QTest::newRow("unknown fault")
+            << QStringList{"--faults", "bang"}
+            << "--faults: expected all or some of " + SweepFaults::names().join(QLatin1Char(','))
+                       + ", found \"bang\"";
+    QTest::newRow("transcript limit")
+            << QStringList{"--transcript-limit", "99"}
+            << "--transcript-limit: expected a whole number of operations from 100 to 10000000, "
+               "found \"99\"";
+    QTest::newRow("lines of no search")
+            << QStringList{"--explore-into", "f"} << "--explore-into: expected --explore beside it";
 }
 
 void tst_WorkbenchOptions::rejected_data()
@@ -150,16 +173,7 @@ void tst_WorkbenchOptions::rejected_data()
     QTest::newRow("two drivers") << QStringList{
             "--tour", "d", "--script",
             "s"} << "--tour, --script, --demo, --sweep, --explore: expected only one of them";
-    QTest::newRow("every none") << QStringList{"--every", "0"}
-                                << "--every: expected a whole number from 1, found \"0\"";
-    QTest::newRow("unknown fault")
-            << QStringList{"--faults", "bang"}
-            << "--faults: expected all or some of " + SweepFaults::names().join(QLatin1Char(','))
-                       + ", found \"bang\"";
-    QTest::newRow("transcript limit")
-            << QStringList{"--transcript-limit", "99"}
-            << "--transcript-limit: expected a whole number of operations from 100 to 10000000, "
-               "found \"99\"";
+    searchRows();
 }
 
 void tst_WorkbenchOptions::rejected()
