@@ -5,6 +5,7 @@
 #include "BackendVersions.h"
 #include "BodyTypeAdministrationTab.h"
 #include "bodyadminmessagereceiver.h"
+#include "configurationwatch.h"
 #include "fingertrackingadministration.h"
 #include "joywandadministration.h"
 #include "linkobserver.h"
@@ -139,6 +140,9 @@ void BodyAdministrationDlg::initMessageReceiver()
     // What an open dialog shows belongs to the configuration that is gone.
     connect(messageReceiver, &BodyAdminMessageReceiver::activeConfigurationChanged, this,
             &BodyAdministrationDlg::refreshIfVisible, Qt::QueuedConnection);
+    // The settings dialogs that are open hear of it through here, whoever opened them.
+    connect(messageReceiver, &BodyAdminMessageReceiver::activeConfigurationChanged, this,
+            [this] { ConfigurationWatch::announce(iom); });
 }
 
 void BodyAdministrationDlg::addPages()

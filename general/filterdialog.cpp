@@ -3,19 +3,22 @@
 #include "ui_filterdialog.h"
 
 #include "bodynumber.h"
+#include "configurationwatch.h"
+#include "filtercommands.h"
 #include "filterhelp.h"
 #include "filterreader.h"
 #include "linkobserver.h"
+#include "plaintext.h"
+#include "scopedflag.h"
 #include "waiting.h"
 #include "wheelguard.h"
 
-#include <QScopedValueRollback>
+#include <QPointer>
 
 namespace {
 
 constexpr int standardType = 0;
 constexpr int joywandType = 1;
-constexpr double millisecondsPerSecond = 1000.0;
 
 /** The controller's word for a body type; empty for a type without filter. */
 QString typeWord(int bodyType)
@@ -30,6 +33,13 @@ int indexOf(const QComboBox *box, const std::optional<QString> &id)
     return id ? box->findData(*id, Qt::UserRole, Qt::MatchExactly | Qt::MatchCaseSensitive) : -1;
 }
 
+void showChoices(QComboBox *box, const QVector<FilterReader::Choice> &choices)
+{
+    box->clear();
+    for (const FilterReader::Choice &choice : choices)
+        box->addItem(choice.description, choice.id);
+}
+
 } // namespace
 
 FilterDialog::FilterDialog(IOManager *iom, QWidget *parent, BackendVersions *beVers)
@@ -41,10 +51,13 @@ FilterDialog::FilterDialog(IOManager *iom, QWidget *parent, BackendVersions *beV
 {
     const Waiting waiting(m_observer, Waiting::For::Refresh, tr("Reading the filter ..."));
     ui->setupUi(this);
+    m_strength.emplace(ui->doubleSpinBox_strength);
+    m_predictionMs.emplace(ui->spinBox_prediction);
     WheelGuard::protect(this);
     ui->messageLine->follow(m_observer);
     if (parent)
         setWindowIcon(parent->windowIcon());
+    noticeConfiguration();
     setup_combobox_preset_info();
     setup_spinBox_strength();
     setup_spinBox_prediction();
@@ -56,29 +69,60 @@ FilterDialog::~FilterDialog()
     qDeleteAll(listPresets);
 }
 
-int FilterDialog::update_and_exec(int bodyType, int bodyIndex)
+void FilterDialog::noticeConfiguration()
 {
-    prepare(bodyType, bodyIndex);
-    return exec();
+    auto *watch = new ConfigurationWatch(iom, this);
+    // What is shown belongs to the configuration that is gone: nothing of it is sent any more.
+    connect(watch, &ConfigurationWatch::changed, this, [this] { m_outdated = true; });
+    // Queued, because the message may come while an operation waits for its answer.
+    connect(watch, &ConfigurationWatch::changed, this, &FilterDialog::readAgain,
+            Qt::QueuedConnection);
 }
 
-void FilterDialog::prepare(int bodyType, int bodyIndex)
+int FilterDialog::update_and_exec(int bodyType, int bodyIndex)
 {
+    m_bodyType = bodyType;
+    m_bodyIndex = bodyIndex;
+    return readFilter(QString()) ? exec() : int(Rejected);
+}
+
+void FilterDialog::readAgain()
+{
+    if (isVisible() && m_outdated)
+        readFilter(currentBody());
+}
+
+bool FilterDialog::readFilter(const QString &preferredBody)
+{
+    const QPointer<FilterDialog> self(this);
     const Waiting waiting(m_observer, Waiting::For::Refresh, tr("Reading the filter ..."));
     bUserAction = false;
-    const QString type = typeWord(bodyType);
+    m_outdated = false;
+    const QString type = typeWord(m_bodyType);
     const bool available = !type.isEmpty() && reader().isAvailable(type);
-    bIsConfigLocked = getConfigLocked();
-    if (!available || bIsConfigLocked) {
+    if (!self)
+        return false;
+    const bool locked = getConfigLocked();
+    if (!self)
+        return false;
+    bIsConfigLocked = locked;
+    if (!available || locked) {
         clearBodies();
-        enableDialog(false, bodyType);
-        return;
+        enableDialog(false, m_bodyType);
+        return true;
     }
     enableDialog(true, standardType);
-    update_comboBox_body(bodyType, bodyIndex);
-    update_checkbox_active();
-    updateFilterValues();
+    update_comboBox_body(m_bodyType, m_bodyIndex);
+    if (!self)
+        return false;
+    const int preferred = ui->comboBox_body->findData(preferredBody);
+    if (preferred >= 0)
+        ui->comboBox_body->setCurrentIndex(preferred);
+    updateBody();
+    if (!self)
+        return false;
     bUserAction = true;
+    return true;
 }
 
 void FilterDialog::clearBodies()
@@ -88,8 +132,7 @@ void FilterDialog::clearBodies()
         return;
     mapIsTargetInertial.clear();
     ui->comboBox_body->clear();
-    update_checkbox_active();
-    updateFilterValues();
+    updateBody();
 }
 
 bool FilterDialog::getConfigLocked() const
@@ -130,101 +173,108 @@ void FilterDialog::enableDialog(bool enable, int bodyType)
 
 void FilterDialog::update_comboBox_body(int bodyType, int bodyIndex)
 {
-    const QScopedValueRollback<bool> filling(bUserAction, false);
+    const ScopedFlag filling(this, &bUserAction, false);
     mapIsTargetInertial.clear();
     ui->comboBox_body->clear();
     const QString type = typeWord(bodyType);
     if (type.isEmpty())
         return;
-    if (bodyIndex >= 0) {
-        addBody(type, bodyIndex);
+    const QPointer<FilterDialog> self(this);
+    const auto bodies = reader().bodies(type, bodyIndex);
+    if (!self)
         return;
-    }
-    const int count = reader().countOf(type);
-    for (int index = 0; index < count; ++index) {
-        if (reader().isCalibrated(identifier(type, index)))
-            addBody(type, index);
+    for (const FilterReader::Body &body : bodies) {
+        mapIsTargetInertial.insert(body.identifier, body.hasSensor);
+        const QString name = shownName(type, body);
+        ui->comboBox_body->addItem(name, body.identifier);
+        // A long name is cut.
+        ui->comboBox_body->setItemData(ui->comboBox_body->count() - 1, PlainText::toolTip(name),
+                                       Qt::ToolTipRole);
     }
 }
 
-QString FilterDialog::identifier(const QString &type, int index)
+QString FilterDialog::shownName(const QString &type, const FilterReader::Body &body)
 {
-    return QStringLiteral("%1 b%2").arg(type, bodyNumber(index));
-}
-
-void FilterDialog::addBody(const QString &type, int index)
-{
-    const QString body = identifier(type, index);
-    if (type == QLatin1String("joywand")) {
-        mapIsTargetInertial.insert(body, false);
-        ui->comboBox_body->addItem(tr("Joywand body %1").arg(bodyNumber(index)), body);
-        return;
-    }
-    mapIsTargetInertial.insert(body, reader().hasSensor(body));
-    const QString description = reader().description(body);
-    QString shown = tr("standard body %1").arg(bodyNumber(index));
-    if (!description.isEmpty())
-        shown += QStringLiteral(" (%1)").arg(description);
-    ui->comboBox_body->addItem(shown, body);
+    const QString number = bodyNumber(body.index);
+    if (type == QLatin1String("joywand"))
+        return tr("Joywand body %1").arg(number);
+    const QString name = tr("standard body %1").arg(number);
+    return body.description.isEmpty() ? name
+                                      : QStringLiteral("%1 (%2)").arg(name, body.description);
 }
 
 void FilterDialog::update_checkbox_active()
 {
-    const QScopedValueRollback<bool> filling(bUserAction, false);
+    const ScopedFlag filling(this, &bUserAction, false);
     const QString body = currentBody();
     if (body.isEmpty()) {
         ui->checkBox_active->setChecked(false);
         return;
     }
-    ui->checkBox_active->setChecked(reader().isEnabled(body));
+    const QPointer<FilterDialog> self(this);
+    const bool enabled = reader().isEnabled(body);
+    if (!self)
+        return;
+    ui->checkBox_active->setChecked(enabled);
     activate_checkbox_active(body);
 }
 
 void FilterDialog::activate_checkbox_active(const QString &body)
 {
-    const bool canHaveSensor = link().protocolAtLeast(1, 12);
-    ui->checkBox_active->setVisible(!canHaveSensor || !reader().hasSensor(body));
+    const QPointer<FilterDialog> self(this);
+    const bool switchable = !link().protocolAtLeast(1, 12) || !reader().hasSensor(body);
+    if (self)
+        ui->checkBox_active->setVisible(switchable);
+}
+
+void FilterDialog::updateBody()
+{
+    ui->comboBox_body->setToolTip(ui->comboBox_body->currentData(Qt::ToolTipRole).toString());
+    const QPointer<FilterDialog> self(this);
+    update_checkbox_active();
+    if (self)
+        updateFilterValues();
 }
 
 void FilterDialog::updateFilterValues()
 {
+    const QPointer<FilterDialog> self(this);
     update_combobox_preset();
+    if (self)
+        updatePresetValues();
+}
+
+void FilterDialog::updatePresetValues()
+{
+    const QPointer<FilterDialog> self(this);
     update_doubleSpinBox_strength();
-    update_spinBox_prediction();
-    update_comboBox_mode();
+    if (self)
+        update_spinBox_prediction();
+    if (self)
+        update_comboBox_mode();
 }
 
 void FilterDialog::setup_spinBox_strength()
 {
     const auto limits = reader().strengthLimits();
-    m_strengthMin = limits.lowest;
-    m_strengthMax = limits.highest;
-    ui->doubleSpinBox_strength->setRange(m_strengthMin, m_strengthMax);
+    m_strength->setLimits(limits.lowest, limits.highest);
 }
 
 void FilterDialog::setup_spinBox_prediction()
 {
     const auto limits = reader().predictionLimits();
-    m_predictionMinMs = limits.lowest;
-    m_predictionMaxMs = limits.highest;
-    ui->spinBox_prediction->setRange(m_predictionMinMs, m_predictionMaxMs);
+    m_predictionMs->setLimits(limits.lowest, limits.highest);
 }
 
 void FilterDialog::update_doubleSpinBox_strength()
 {
     const QString body = currentBody();
-    showStrength(body.isEmpty() ? std::nullopt : reader().strength(body));
+    const QPointer<FilterDialog> self(this);
+    const auto strength = body.isEmpty() ? std::nullopt : reader().strength(body);
+    if (!self)
+        return;
+    m_strength->show(strength);
     activate_controls_strength();
-}
-
-void FilterDialog::showStrength(std::optional<double> strength)
-{
-    const QScopedValueRollback<bool> filling(bUserAction, false);
-    // The limits may leave out the 0 that stands for an unknown value.
-    ui->doubleSpinBox_strength->setRange(strength ? m_strengthMin : qMin(m_strengthMin, 0.0),
-                                         strength ? m_strengthMax : qMax(m_strengthMax, 0.0));
-    ui->doubleSpinBox_strength->setValue(strength.value_or(0.0));
-    m_knownStrength = ui->doubleSpinBox_strength->value();
 }
 
 void FilterDialog::activate_controls_strength()
@@ -238,18 +288,12 @@ void FilterDialog::activate_controls_strength()
 void FilterDialog::update_spinBox_prediction()
 {
     const QString body = currentBody();
-    showPrediction(body.isEmpty() ? std::nullopt : reader().predictionMs(body));
+    const QPointer<FilterDialog> self(this);
+    const auto predictionMs = body.isEmpty() ? std::nullopt : reader().predictionMs(body);
+    if (!self)
+        return;
+    m_predictionMs->show(predictionMs);
     ui->spinBox_prediction->setEnabled(isOwnPresetActive());
-}
-
-void FilterDialog::showPrediction(std::optional<int> predictionMs)
-{
-    const QScopedValueRollback<bool> filling(bUserAction, false);
-    // The limits may leave out the 0 that stands for an unknown value.
-    ui->spinBox_prediction->setRange(predictionMs ? m_predictionMinMs : qMin(m_predictionMinMs, 0),
-                                     predictionMs ? m_predictionMaxMs : qMax(m_predictionMaxMs, 0));
-    ui->spinBox_prediction->setValue(predictionMs.value_or(0));
-    m_knownPredictionMs = ui->spinBox_prediction->value();
 }
 
 void FilterDialog::setup_combobox_preset_info()
@@ -264,7 +308,7 @@ void FilterDialog::setup_combobox_preset_info()
 
 void FilterDialog::fill_list_combobox_preset(const QString &body)
 {
-    const QScopedValueRollback<bool> filling(bUserAction, false);
+    const ScopedFlag filling(this, &bUserAction, false);
     ui->comboBox_preset->clear();
     const bool inertial = mapIsTargetInertial.value(body, false);
     for (const PresetInfo *preset : qAsConst(listPresets)) {
@@ -280,87 +324,95 @@ void FilterDialog::update_combobox_preset_list_01(const QString &body)
 
 void FilterDialog::update_combobox_preset_list_02(const QString &body)
 {
-    const QScopedValueRollback<bool> filling(bUserAction, false);
-    ui->comboBox_preset->clear();
+    const QPointer<FilterDialog> self(this);
+    const ScopedFlag filling(this, &bUserAction, false);
     const auto presets = reader().presetsOf(body);
-    for (const FilterReader::Choice &preset : presets)
-        ui->comboBox_preset->addItem(preset.description, preset.id);
+    if (self)
+        showChoices(ui->comboBox_preset, presets);
 }
 
 void FilterDialog::update_combobox_preset()
 {
-    const QScopedValueRollback<bool> filling(bUserAction, false);
+    const ScopedFlag filling(this, &bUserAction, false);
     const QString body = currentBody();
+    const QPointer<FilterDialog> self(this);
     std::optional<QString> preset;
     if (!body.isEmpty()) {
         if (link().protocolAtLeast(1, 21))
             update_combobox_preset_list_02(body);
         else
             update_combobox_preset_list_01(body);
-        preset = reader().preset(body);
+        if (self)
+            preset = reader().preset(body);
     }
+    if (!self)
+        return;
     ui->comboBox_preset->setCurrentIndex(indexOf(ui->comboBox_preset, preset));
     ui->comboBox_preset->setEnabled(ui->checkBox_active->isChecked());
 }
 
 void FilterDialog::setup_comboBox_mode()
 {
-    showModes(reader().modes());
+    const ScopedFlag filling(this, &bUserAction, false);
+    showChoices(ui->comboBox_mode, reader().modes());
     ui->comboBox_mode->setCurrentIndex(-1);
 }
 
 void FilterDialog::update_comboBox_mode_list_02(const QString &body)
 {
-    showModes(reader().modesOf(body));
-}
-
-void FilterDialog::showModes(const QVector<FilterReader::Choice> &modes)
-{
-    const QScopedValueRollback<bool> filling(bUserAction, false);
-    ui->comboBox_mode->clear();
-    for (const FilterReader::Choice &mode : modes)
-        ui->comboBox_mode->addItem(mode.description, mode.id);
+    const QPointer<FilterDialog> self(this);
+    const ScopedFlag filling(this, &bUserAction, false);
+    const auto modes = reader().modesOf(body);
+    if (self)
+        showChoices(ui->comboBox_mode, modes);
 }
 
 void FilterDialog::update_comboBox_mode()
 {
-    const QScopedValueRollback<bool> filling(bUserAction, false);
+    const ScopedFlag filling(this, &bUserAction, false);
     const QString body = currentBody();
+    const QPointer<FilterDialog> self(this);
     std::optional<QString> mode;
     if (!body.isEmpty()) {
         if (link().protocolAtLeast(1, 21))
             update_comboBox_mode_list_02(body);
-        mode = reader().mode(body);
+        if (self)
+            mode = reader().mode(body);
     }
+    if (!self)
+        return;
     ui->comboBox_mode->setCurrentIndex(indexOf(ui->comboBox_mode, mode));
     ui->comboBox_mode->setEnabled(isOwnPresetActive());
 }
 
 void FilterDialog::done(int result)
 {
-    if (bUserAction) {
+    const QPointer<FilterDialog> self(this);
+    if (isUserAction()) {
         const Waiting waiting(m_observer, Waiting::For::Action, tr("Writing the filter ..."));
         // Closing by key or button need not take the focus away first.
         ui->doubleSpinBox_strength->interpretText();
         on_doubleSpinBox_strength_editingFinished();
+    }
+    if (self && isUserAction()) {
         ui->spinBox_prediction->interpretText();
         on_spinBox_prediction_editingFinished();
     }
-    QDialog::done(result);
+    if (self)
+        QDialog::done(result);
 }
 
 void FilterDialog::on_comboBox_body_currentIndexChanged(int)
 {
-    if (!bUserAction)
+    if (!isUserAction())
         return;
     const Waiting waiting(m_observer, Waiting::For::Refresh, tr("Reading the filter ..."));
-    update_checkbox_active();
-    updateFilterValues();
+    updateBody();
 }
 
 void FilterDialog::on_checkBox_active_stateChanged(int state)
 {
-    if (!bUserAction)
+    if (!isUserAction())
         return;
     const QString body = currentBody();
     if (body.isEmpty()) {
@@ -368,62 +420,50 @@ void FilterDialog::on_checkBox_active_stateChanged(int state)
         return;
     }
     const Waiting waiting(m_observer, Waiting::For::Action, tr("Writing the filter ..."));
-    if (!link().set("body filter6d_enabled %s %s", ControllerLink::argument(body).constData(),
-                    state == Qt::Checked ? "yes" : "no"))
-        link().log(QStringLiteral("Error: Unable to activate/deactivate filter 6d for body %1")
-                           .arg(body));
-    updateFilterValues();
+    const QPointer<FilterDialog> self(this);
+    FilterCommands(link()).setEnabled(body, state == Qt::Checked);
+    if (self)
+        updateFilterValues();
 }
 
 void FilterDialog::on_comboBox_preset_currentIndexChanged(int index)
 {
     const QString body = currentBody();
-    if (!bUserAction || index < 0 || body.isEmpty())
+    if (!isUserAction() || index < 0 || body.isEmpty())
         return;
     const QString preset = ui->comboBox_preset->itemData(index).toString();
     const Waiting waiting(m_observer, Waiting::For::Action, tr("Writing the filter ..."));
-    if (!link().set("body filter6d_preset %s %s", ControllerLink::argument(body).constData(),
-                    ControllerLink::argument(preset).constData()))
-        link().log(QStringLiteral("Error: Unable to set filter 6d preset for body %1").arg(body));
-    update_doubleSpinBox_strength();
-    update_spinBox_prediction();
-    update_comboBox_mode();
+    const QPointer<FilterDialog> self(this);
+    FilterCommands(link()).setPreset(body, preset);
+    if (self)
+        updatePresetValues();
 }
 
 void FilterDialog::on_doubleSpinBox_strength_editingFinished()
 {
     const QString body = currentBody();
-    // Leaving the box, too, ends editing; what the controller knows already is not sent again.
-    if (!bUserAction || body.isEmpty() || ui->doubleSpinBox_strength->value() == m_knownStrength)
+    if (!isUserAction() || body.isEmpty())
         return;
-    // An unknown value was shown beyond the limits; what is sent lies within them.
-    showStrength(ui->doubleSpinBox_strength->value());
-    if (!link().set("body filter6d_strength %s %f", ControllerLink::argument(body).constData(),
-                    m_knownStrength))
-        link().log(QStringLiteral("Error: Unable to set filter 6d strength for body %1").arg(body));
+    // Leaving the box, too, ends editing; only what the user has changed since is sent.
+    if (const auto strength = m_strength->takeEdit())
+        FilterCommands(link()).setStrength(body, *strength);
 }
 
 void FilterDialog::on_spinBox_prediction_editingFinished()
 {
     const QString body = currentBody();
-    if (!bUserAction || body.isEmpty() || ui->spinBox_prediction->value() == m_knownPredictionMs)
+    if (!isUserAction() || body.isEmpty())
         return;
-    showPrediction(ui->spinBox_prediction->value());
-    if (!link().set("body filter6d_prediction %s %f", ControllerLink::argument(body).constData(),
-                    m_knownPredictionMs / millisecondsPerSecond))
-        link().log(
-                QStringLiteral("Error: Unable to set filter 6d prediction for body %1").arg(body));
+    if (const auto predictionMs = m_predictionMs->takeEdit())
+        FilterCommands(link()).setPredictionMs(body, *predictionMs);
 }
 
 void FilterDialog::on_comboBox_mode_currentIndexChanged(int index)
 {
     const QString body = currentBody();
-    if (!bUserAction || index < 0 || body.isEmpty())
+    if (!isUserAction() || index < 0 || body.isEmpty())
         return;
-    const QString mode = ui->comboBox_mode->itemData(index).toString();
-    if (!link().set("body filter6d_mode %s %s", ControllerLink::argument(body).constData(),
-                    ControllerLink::argument(mode).constData()))
-        link().log(QStringLiteral("Error: Unable to set filter 6d mode for body %1").arg(body));
+    FilterCommands(link()).setMode(body, ui->comboBox_mode->itemData(index).toString());
 }
 
 void FilterDialog::on_pushButton_help_clicked()
@@ -445,7 +485,7 @@ ControllerLink FilterDialog::link() const
 
 FilterReader FilterDialog::reader() const
 {
-    return FilterReader(link());
+    return FilterReader(link(), this);
 }
 
 QString FilterDialog::currentBody() const

@@ -2,13 +2,15 @@
 
 #include "controllerlink.h"
 #include "filterreader.h"
+#include "limitedvalue.h"
 #include "presetinfo.h"
 
 #include <QDialog>
+#include <QDoubleSpinBox>
 #include <QList>
 #include <QMap>
+#include <QSpinBox>
 #include <QString>
-#include <QVector>
 
 #include <memory>
 #include <optional>
@@ -24,8 +26,9 @@ class FilterDialog;
  * strength, prediction and mode.
  *
  * Every change goes to the controller at once; leaving the dialog restores nothing. Made by the
- * window that opens it, which deletes it afterwards. A failed query or write puts one line into the
- * message log and the dialog goes on.
+ * window that opens it, which deletes it afterwards, and may be deleted at any time. A failed query
+ * or write puts one line into the message log and the dialog goes on. When another configuration
+ * becomes active while the dialog is open, it reads its body again.
  */
 class FilterDialog final : public QDialog {
     Q_OBJECT
@@ -101,14 +104,15 @@ private slots:
     void on_pushButton_exit_clicked();
 
 private:
-    void prepare(int bodyType, int bodyIndex);
+    void noticeConfiguration();
+    void readAgain();
+    bool readFilter(const QString &preferredBody);
+    bool isUserAction() const { return bUserAction && !m_outdated; }
     void clearBodies();
-    static QString identifier(const QString &type, int index);
-    void addBody(const QString &type, int index);
-    void showModes(const QVector<FilterReader::Choice> &modes);
+    void updateBody();
+    void updatePresetValues();
+    static QString shownName(const QString &type, const FilterReader::Body &body);
     void updateFilterValues();
-    void showStrength(std::optional<double> strength);
-    void showPrediction(std::optional<int> predictionMs);
     ControllerLink link() const;
     FilterReader reader() const;
     QString currentBody() const;
@@ -124,10 +128,10 @@ private:
     QList<PresetInfo *> listPresets; ///< owned
     bool bIsConfigLocked = false;
 
-    double m_strengthMin = 0.0;
-    double m_strengthMax = 0.0;
-    int m_predictionMinMs = 0;
-    int m_predictionMaxMs = 0;
-    double m_knownStrength = 0.0; ///< as last read from or sent to the controller
-    int m_knownPredictionMs = 0;  ///< as last read from or sent to the controller
+    std::optional<LimitedValue<QDoubleSpinBox>> m_strength; ///< made with the form
+    std::optional<LimitedValue<QSpinBox>> m_predictionMs;
+
+    int m_bodyType = -1; ///< as update_and_exec() got them
+    int m_bodyIndex = -1;
+    bool m_outdated = false; ///< another configuration became active since the last reading
 };

@@ -7,9 +7,17 @@ namespace {
 const char *const presetWord = "preset";
 const char *const modeWord = "mode";
 
+QString identifier(const QString &type, int index)
+{
+    return QStringLiteral("%1 b%2").arg(type, bodyNumber(index));
+}
+
 } // namespace
 
-FilterReader::FilterReader(const ControllerLink &link) : m_link(link) {}
+FilterReader::FilterReader(const ControllerLink &link, const QObject *asker)
+    : m_link(link), m_asker(asker), m_hasAsker(asker != nullptr)
+{
+}
 
 bool FilterReader::isCustomPreset(const QString &preset)
 {
@@ -70,7 +78,7 @@ QVector<FilterReader::Choice> FilterReader::choices(const char *kind, const QStr
                                 QStringLiteral("Error: Unable to get number of filter 6d %1s")
                                         .arg(QLatin1String(kind)));
     QVector<Choice> found;
-    for (int number = 1; number <= count.value_or(0); ++number) {
+    for (int number = 1; isWanted() && number <= count.value_or(0); ++number) {
         if (const auto entry = choice(kind, number, body))
             found.append(*entry);
     }
@@ -81,9 +89,11 @@ std::optional<FilterReader::Choice> FilterReader::choice(const char *kind, int n
                                                          const QString &body) const
 {
     const auto id = answered(
-            m_link.text("filter6d %s_id t%02d", kind, number),
+            m_link.name("filter6d %s_id t%02d", kind, number),
             QStringLiteral("Error: Unable to get filter 6d %1 id").arg(QLatin1String(kind)));
-    if (!id || (!body.isEmpty() && !isOffered(kind, *id, body)))
+    if (!id || *id == QLatin1String("none"))
+        return std::nullopt;
+    if (!body.isEmpty() && !isOffered(kind, *id, body))
         return std::nullopt;
     const auto description = answered(
             m_link.text("filter6d %s_desc %s", kind, ControllerLink::argument(*id).constData()),
@@ -129,6 +139,31 @@ FilterReader::Limits<int> FilterReader::predictionLimits() const
 
 // Bodies that have a filter
 
+QVector<FilterReader::Body> FilterReader::bodies(const QString &type, int index) const
+{
+    if (index >= 0)
+        return {bodyAt(type, index)};
+    QVector<Body> found;
+    const int count = countOf(type);
+    for (int each = 0; isWanted() && each < count; ++each) {
+        if (isCalibrated(identifier(type, each)))
+            found.append(bodyAt(type, each));
+    }
+    return found;
+}
+
+FilterReader::Body FilterReader::bodyAt(const QString &type, int index) const
+{
+    Body body;
+    body.identifier = identifier(type, index);
+    body.index = index;
+    if (type == QLatin1String("standard")) {
+        body.hasSensor = hasSensor(body.identifier);
+        body.description = description(body.identifier);
+    }
+    return body;
+}
+
 int FilterReader::countOf(const QString &type) const
 {
     const auto count =
@@ -151,7 +186,7 @@ bool FilterReader::isCalibrated(const QString &body) const
 bool FilterReader::hasSensor(const QString &body) const
 {
     const auto sensor = answered(
-            m_link.text("body inertial_sensor %s", ControllerLink::argument(body).constData()),
+            m_link.name("body inertial_sensor %s", ControllerLink::argument(body).constData()),
             QStringLiteral("Error: Unable to get inertial sensor of body %1").arg(body));
     return sensor && *sensor != QLatin1String("none");
 }
@@ -218,8 +253,8 @@ std::optional<QString> FilterReader::summary(const QString &type, int index) con
     }
     if (*enabled != QLatin1String("yes"))
         return QStringLiteral("not active");
-    const auto preset = m_link.text("body filter6d_preset %s b%02d", word.constData(), number);
-    if (!preset) {
+    const auto preset = m_link.name("body filter6d_preset %s b%02d", word.constData(), number);
+    if (!preset || *preset == QLatin1String("none")) {
         log(QStringLiteral("Error: Unable to get filter6d preset of body %1 b%2"), type, index);
         return std::nullopt;
     }
@@ -246,10 +281,11 @@ std::optional<QString> FilterReader::customSummary(const QString &type, int inde
             m_link.real("body filter6d_prediction %s b%02d", word.constData(), number);
     if (!prediction)
         log(QStringLiteral("Error: Unable to get filter6d prediction of body %1 b%2"), type, index);
-    const auto mode = m_link.text("body filter6d_mode %s b%02d", word.constData(), number);
-    if (!mode)
+    const auto mode = m_link.name("body filter6d_mode %s b%02d", word.constData(), number);
+    const bool hasMode = mode && *mode != QLatin1String("none");
+    if (!hasMode)
         log(QStringLiteral("Error: Unable to get filter6d mode of body %1 b%2"), type, index);
-    if (!prediction || !mode)
+    if (!prediction || !hasMode)
         return std::nullopt;
     const auto description =
             m_link.text("filter6d mode_desc %s", ControllerLink::argument(*mode).constData());

@@ -2,6 +2,7 @@
 
 #include "controllerlink.h"
 
+#include <QPointer>
 #include <QString>
 #include <QVector>
 
@@ -28,7 +29,16 @@ public:
         Number highest = 0;
     };
 
-    explicit FilterReader(const ControllerLink &link);
+    /** A body that has a filter. */
+    struct Body {
+        QString identifier;
+        int index = 0;          ///< from zero
+        bool hasSensor = false; ///< carries an inertial sensor; false when that cannot be read
+        QString description;    ///< empty when it cannot be read
+    };
+
+    /** Lists are read no further when `asker`, if there is one, is deleted meanwhile. */
+    explicit FilterReader(const ControllerLink &link, const QObject *asker = nullptr);
 
     /** True for a preset whose strength, prediction and mode the user sets. */
     static bool isCustomPreset(const QString &preset);
@@ -47,13 +57,13 @@ public:
     /** In whole milliseconds. */
     Limits<int> predictionLimits() const;
 
-    /** The number of standard bodies or of Joywand devices; 0 when it cannot be read. */
-    int countOf(const QString &type) const;
-    bool isCalibrated(const QString &body) const;
+    /**
+     * The standard bodies or Joywand devices: the one at `index`, which counts from zero, or all
+     * calibrated ones when it is negative. A device has neither sensor nor description here.
+     */
+    QVector<Body> bodies(const QString &type, int index) const;
     /** False when that cannot be read. */
     bool hasSensor(const QString &body) const;
-    /** Empty when it cannot be read. */
-    QString description(const QString &body) const;
 
     /** False when that cannot be read. */
     bool isEnabled(const QString &body) const;
@@ -70,6 +80,11 @@ public:
     std::optional<QString> summary(const QString &type, int index) const;
 
 private:
+    bool isWanted() const { return !m_hasAsker || m_asker; }
+    int countOf(const QString &type) const;
+    Body bodyAt(const QString &type, int index) const;
+    bool isCalibrated(const QString &body) const;
+    QString description(const QString &body) const;
     QVector<Choice> choices(const char *kind, const QString &body) const;
     std::optional<Choice> choice(const char *kind, int number, const QString &body) const;
     bool isOffered(const char *kind, const QString &id, const QString &body) const;
@@ -82,4 +97,6 @@ private:
     std::optional<Answer> answered(std::optional<Answer> answer, const QString &errorLine) const;
 
     ControllerLink m_link;
+    QPointer<const QObject> m_asker;
+    bool m_hasAsker;
 };

@@ -12,13 +12,18 @@ private slots:
     void hybridPresetHidesTheStrength();
     void switchingOffAndOn();
     void modeIsSentOnce();
+    void firstEntriesCanBeChosen();
     void editEndsOnce_data();
     void editEndsOnce();
     void stepsAreSentWhenEditingEnds();
     void valueSetWithoutFocusIsSentAtTheEnd();
     void enterPressesNoButton_data();
     void enterPressesNoButton();
-    void sameValueIsNotSent();
+    void endingWithoutAnEditSendsNothing();
+    void sameNumberTypedIsSentOnce_data();
+    void sameNumberTypedIsSentOnce();
+    void refusedValueCanBeSentAgain_data();
+    void refusedValueCanBeSentAgain();
     void typingBackIsSentAgain();
     void anotherBodyLeavesTheEditWithTheFirst();
     void unitsOfThePrediction_data();
@@ -145,6 +150,25 @@ void tst_FilterDialogEdit::modeIsSentOnce()
     QCOMPARE(host.state().bodyTypes["standard"].bodies[0].filterMode, QString("adaptive_slow"));
 }
 
+void tst_FilterDialogEdit::firstEntriesCanBeChosen()
+{
+    ControllerState state = smallState();
+    std::swap(state.filterPresets[0], state.filterPresets[1]);
+    standardBody(state, 0).filterPreset = "preset6d_default";
+    standardBody(state, 0).filterMode = "adaptive_slow";
+    TestHost host(state);
+    visit(host, standard, 0, [&](const FilterWidgets &w) {
+        Drive::choose(w.preset, "Custom");
+        QCOMPARE(w.preset->currentIndex(), 0);
+        Drive::choose(w.mode, "Adaptive slow");
+        Drive::choose(w.mode, "Adaptive fast");
+        QCOMPARE(w.mode->currentIndex(), 0);
+    });
+    QCOMPARE(host.writes(), QStringList({"body filter6d_preset standard b01 preset6d_custom",
+                                         "body filter6d_mode standard b01 adaptive_slow",
+                                         "body filter6d_mode standard b01 adaptive_fast"}));
+}
+
 void tst_FilterDialogEdit::editEndsOnce_data()
 {
     QTest::addColumn<QString>("box");
@@ -256,16 +280,107 @@ void tst_FilterDialogEdit::enterPressesNoButton()
     QCOMPARE(host.writes(), QStringList());
 }
 
-void tst_FilterDialogEdit::sameValueIsNotSent()
+void tst_FilterDialogEdit::endingWithoutAnEditSendsNothing()
 {
     TestHost host(smallState());
     visit(host, standard, 0, [&](const FilterWidgets &w) {
-        type(w.strength, "0.42");
-        QTest::keyClick(w.strength, Qt::Key_Return);
-        type(w.prediction, "20");
-        QTest::keyClick(w.prediction, Qt::Key_Tab);
+        for (QAbstractSpinBox *box : {static_cast<QAbstractSpinBox *>(w.strength),
+                                      static_cast<QAbstractSpinBox *>(w.prediction)}) {
+            box->setFocus(Qt::TabFocusReason);
+            QTest::keyClick(box, Qt::Key_Return);
+            QTest::keyClick(box, Qt::Key_Tab);
+            QVERIFY(!box->hasFocus());
+        }
+        // The boxes show what a user could have sent.
+        QCOMPARE(w.strength->text(), QString("0.42"));
+        QCOMPARE(w.prediction->text(), QString("20"));
+        QVERIFY(w.strength->isEnabled());
+        QVERIFY(w.prediction->isEnabled());
     });
     QCOMPARE(host.writes(), QStringList());
+}
+
+void tst_FilterDialogEdit::sameNumberTypedIsSentOnce_data()
+{
+    QTest::addColumn<QString>("box");
+    QTest::addColumn<QString>("shown");
+    QTest::addColumn<QString>("command");
+    QTest::addColumn<bool>("withEnter");
+    for (const bool withEnter : {true, false}) {
+        const char *ending = withEnter ? "enter" : "leaving";
+        QTest::addRow("strength, %s", ending)
+                << "doubleSpinBox_strength"
+                << "0.42"
+                << "body filter6d_strength standard b01 0.420000" << withEnter;
+        QTest::addRow("prediction, %s", ending)
+                << "spinBox_prediction"
+                << "12"
+                << "body filter6d_prediction standard b01 0.012000" << withEnter;
+    }
+}
+
+void tst_FilterDialogEdit::sameNumberTypedIsSentOnce()
+{
+    QFETCH(QString, box);
+    QFETCH(QString, shown);
+    QFETCH(QString, command);
+    QFETCH(bool, withEnter);
+    ControllerState state = smallState();
+    // What is shown is rounded; the user who types it means the round number.
+    standardBody(state, 0).filterStrength = 0.4172;
+    standardBody(state, 0).filterPrediction = 0.0125;
+    TestHost host(state);
+    visit(host, standard, 0, [&](const FilterWidgets &w) {
+        auto *edited = Drive::find<QAbstractSpinBox>(w.dialog, qPrintable(box));
+        QCOMPARE(edited->text(), shown);
+        type(edited, shown);
+        QCOMPARE(host.writes(), QStringList());
+        if (withEnter)
+            QTest::keyClick(edited, Qt::Key_Return);
+        QTest::keyClick(edited, Qt::Key_Tab);
+        QCOMPARE(host.writes(), QStringList{command});
+    });
+    QCOMPARE(host.writes(), QStringList{command});
+}
+
+void tst_FilterDialogEdit::refusedValueCanBeSentAgain_data()
+{
+    QTest::addColumn<QString>("box");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("command");
+    QTest::addColumn<QString>("effect");
+    for (const char *effect : {"refuse", "fail"}) {
+        QTest::addRow("strength, %s", effect)
+                << "doubleSpinBox_strength"
+                << "0.67"
+                << "body filter6d_strength standard b01 0.670000" << effect;
+        QTest::addRow("prediction, %s", effect)
+                << "spinBox_prediction"
+                << "45"
+                << "body filter6d_prediction standard b01 0.045000" << effect;
+    }
+}
+
+void tst_FilterDialogEdit::refusedValueCanBeSentAgain()
+{
+    QFETCH(QString, box);
+    QFETCH(QString, typed);
+    QFETCH(QString, command);
+    QFETCH(QString, effect);
+    TestHost host(smallState());
+    host.fault("set " + command + " call 1 " + effect);
+    visit(host, standard, 0, [&](const FilterWidgets &w) {
+        auto *edited = Drive::find<QAbstractSpinBox>(w.dialog, qPrintable(box));
+        for (int i = 0; i < 2; ++i) {
+            type(edited, typed);
+            QTest::keyClick(edited, Qt::Key_Return);
+            QTest::keyClick(edited, Qt::Key_Tab);
+        }
+    });
+    QCOMPARE(host.writes(), QStringList({command, command}));
+    QCOMPARE(host.log().size(), 1);
+    const BodyState &body = host.state().bodyTypes["standard"].bodies[0];
+    QVERIFY(body.filterStrength == 0.67 || body.filterPrediction == 0.045);
 }
 
 void tst_FilterDialogEdit::typingBackIsSentAgain()

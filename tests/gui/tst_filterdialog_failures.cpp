@@ -18,6 +18,9 @@ private slots:
     void unreadableStrengthShowsZero();
     void valueAfterAnUnreadableOneStaysInItsLimits();
     void unreadableSensorCountsAsNone();
+    void blankIdentifierIsNoEntry_data();
+    void blankIdentifierIsNoEntry();
+    void blankSensorIsNone();
     void listGoesOn_data();
     void listGoesOn();
     void refusedPresetIsReadBack();
@@ -301,6 +304,43 @@ void tst_FilterDialogFailures::unreadableSensorCountsAsNone()
     // Asked once for the list and once for the check box.
     const QString line = "Error: Unable to get inertial sensor of body standard b02";
     QCOMPARE(host.log(), QStringList({line, line}));
+}
+
+void tst_FilterDialogFailures::blankIdentifierIsNoEntry_data()
+{
+    QTest::addColumn<QString>("protocol");
+    QTest::addColumn<QString>("effect");
+    for (const char *protocol : {"1.20", "1.21"}) {
+        for (const char *effect : {"empty", "answer \"  \"", "answer \"none\""})
+            QTest::addRow("%s %s", protocol, effect) << protocol << effect;
+    }
+}
+
+void tst_FilterDialogFailures::blankIdentifierIsNoEntry()
+{
+    QFETCH(QString, protocol);
+    QFETCH(QString, effect);
+    TestHost host(smallState(protocol));
+    host.fault("get filter6d preset_id t01 " + effect);
+    host.fault("get filter6d mode_id t02 " + effect);
+    visit(host, standard, 0, [&](const FilterWidgets &w) {
+        QCOMPARE(entries(w.preset), QStringList{"Custom"});
+        QCOMPARE(entries(w.mode), QStringList{"Adaptive fast"});
+    });
+    for (const QString &line : host.lines())
+        QVERIFY2(!line.endsWith(' ') && !line.contains("  "), qPrintable(line));
+    QCOMPARE(host.lines().filter("_desc none"), QStringList());
+}
+
+void tst_FilterDialogFailures::blankSensorIsNone()
+{
+    TestHost host(smallState("1.20"));
+    host.fault("body inertial_sensor standard b02 empty");
+    visit(host, standard, 1, [&](const FilterWidgets &w) {
+        QVERIFY(w.active->isVisible());
+        QCOMPARE(entries(w.preset), QStringList({"Default", "Custom"}));
+    });
+    QCOMPARE(host.log(), QStringList());
 }
 
 void tst_FilterDialogFailures::listGoesOn_data()

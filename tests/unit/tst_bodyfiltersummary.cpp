@@ -27,6 +27,8 @@ private slots:
     void summarizesFilters();
     void keepsSummaryWhenItCannotBeRead_data();
     void keepsSummaryWhenItCannotBeRead();
+    void blankAnswerIsNoPresetAndNoMode_data();
+    void blankAnswerIsNoPresetAndNoMode();
     void asksForTheFilterOnlyWhereItExists_data();
     void asksForTheFilterOnlyWhereItExists();
 };
@@ -132,6 +134,29 @@ void tst_BodyFilterSummary::keepsSummaryWhenItCannotBeRead()
             .readFilterSummary(record, "standard", index);
     QTEST(record.bodies.at(index).filter6dPreset, "summary");
     QTEST(host.log(), "log");
+}
+
+void tst_BodyFilterSummary::blankAnswerIsNoPresetAndNoMode_data()
+{
+    QTest::addColumn<QString>("blank");
+    QTest::addColumn<QString>("log");
+    QTest::newRow("preset") << "body filter6d_preset*"
+                            << "Error: Unable to get filter6d preset of body standard b04";
+    QTest::newRow("mode") << "body filter6d_mode*"
+                          << "Error: Unable to get filter6d mode of body standard b04";
+}
+
+void tst_BodyFilterSummary::blankAnswerIsNoPresetAndNoMode()
+{
+    QFETCH(QString, blank);
+    TestHost host(TestHost::scenario("studio"));
+    host.fault(blank + QStringLiteral(" empty"));
+    AdminBodyType record = recordWithOldSummary(8);
+    BodyReader(ControllerLink(&host.io, &host.versions)).readFilterSummary(record, "standard", 3);
+    QCOMPARE(record.bodies.at(3).filter6dPreset, QString("old filter"));
+    QFETCH(QString, log);
+    QCOMPARE(host.log(), QStringList{log});
+    QCOMPARE(host.queries().filter("_desc"), QStringList());
 }
 
 void tst_BodyFilterSummary::asksForTheFilterOnlyWhereItExists_data()
