@@ -1,44 +1,20 @@
 #include "TrackingDlg.h"
 
+#include "configurationwatch.h"
 #include "fixedangledlg.h"
 #include "linkobserver.h"
+#include "scopedflag.h"
+#include "settings/fixedangles.h"
+#include "settings/markersettings.h"
 #include "settings/trackingpreferences.h"
 #include "settings/trackingpulse.h"
+#include "support/configurationquestion.h"
 #include "waiting.h"
 #include "wheelguard.h"
 
 #include <QDomElement>
 #include <QLayout>
 #include <QPointer>
-#include <QScopedValueRollback>
-
-#include <cmath>
-
-namespace {
-
-struct NamedAxis {
-    const char *name;
-    std::array<double, 3> vector;
-};
-
-/** The axes in the order of the list. */
-const std::array<NamedAxis, 6> &namedAxes()
-{
-    static const std::array<NamedAxis, 6> axes{{{"x", {1.0, 0.0, 0.0}},
-                                                {"-x", {-1.0, 0.0, 0.0}},
-                                                {"y", {0.0, 1.0, 0.0}},
-                                                {"-y", {0.0, -1.0, 0.0}},
-                                                {"z", {0.0, 0.0, 1.0}},
-                                                {"-z", {0.0, 0.0, -1.0}}}};
-    return axes;
-}
-
-const char *yesOrNo(bool on)
-{
-    return on ? "yes" : "no";
-}
-
-} // namespace
 
 TrackingDlg::TrackingDlg(IOManager *iom, QWidget *parent, BackendVersions *beVers,
                          QString moduleVersion)
@@ -50,7 +26,8 @@ TrackingDlg::TrackingDlg(IOManager *iom, QWidget *parent, BackendVersions *beVer
       m_module_version(std::move(moduleVersion)),
       m_icon_lock(QStringLiteral(":/lock.png")),
       m_observer(new LinkObserver(this)),
-      m_link(iom, beVers, m_observer)
+      m_link(iom, beVers, m_observer),
+      m_configuration(new ConfigurationWatch(iom, this))
 {
     setupUi(this);
     WheelGuard::protect(this);
@@ -77,24 +54,42 @@ int TrackingDlg::update_and_exec()
         activateWindow();
         return Rejected;
     }
-    {
-        const Waiting waiting(m_observer, Waiting::For::Refresh, tr("Reading the settings ..."));
-        const QScopedValueRollback<bool> filling(bUserAction, false);
-        applyConfigLock();
-        displayFixedAngleButton();
-        forceAutoRestart();
-        readMarkerCalculation();
-        readAutoRestart();
-        readAxis();
-        enableInertialControls();
-    }
+    // A host may call the menu entry while it waits for an answer.
+    if (m_busy || !readController())
+        return Rejected;
     m_changed = false;
     return exec();
 }
 
+/** False when the dialog was deleted meanwhile. */
+bool TrackingDlg::readController()
+{
+    const QPointer<TrackingDlg> self(this);
+    const Waiting waiting(m_observer, Waiting::For::Refresh, tr("Reading the settings ..."));
+    const ScopedFlag reading(this, &m_busy, true);
+    const ScopedFlag filling(this, &bUserAction, false);
+    m_configuration->restart();
+    m_markerSet = false;
+    m_restartSet = false;
+    m_axisSet = false;
+    for (const auto step : {&TrackingDlg::applyConfigLock, &TrackingDlg::displayFixedAngleButton,
+                            &TrackingDlg::forceAutoRestart, &TrackingDlg::readMarkerCalculation,
+                            &TrackingDlg::readAutoRestart, &TrackingDlg::readAxis,
+                            &TrackingDlg::enableInertialControls}) {
+        (this->*step)();
+        if (!self)
+            return false;
+    }
+    return true;
+}
+
 void TrackingDlg::applyConfigLock()
 {
-    m_is_config_locked = is_config_locked();
+    const QPointer<TrackingDlg> self(this);
+    const bool locked = is_config_locked();
+    if (!self)
+        return;
+    m_is_config_locked = locked;
     const bool open = !m_is_config_locked;
     setWindowIcon(open ? (m_parent ? m_parent->windowIcon() : QIcon()) : m_icon_lock);
     checkBox_force3d->setEnabled(open);
@@ -112,17 +107,21 @@ void TrackingDlg::forceAutoRestart()
 {
     if (m_show_auto_restart_mea_sync)
         return;
+    const QPointer<TrackingDlg> self(this);
     if (knowsAutoRestart() && !m_is_config_locked)
-        writeAutoRestart(true);
-    checkBox_autoReStart->hide();
+        MarkerSettings(m_link).setAutoRestart(true);
+    if (self)
+        checkBox_autoReStart->hide();
 }
 
 void TrackingDlg::readMarkerCalculation()
 {
-    const auto answer = m_link.text("standard calculate_marker");
-    if (!answer)
-        m_link.log(QStringLiteral("Error: Unable to get the calculation of 3DOF markers"));
-    bCalculate3DofMarker = answer == QLatin1String("yes");
+    const QPointer<TrackingDlg> self(this);
+    const auto calculated = MarkerSettings(m_link).isMarkerCalculated();
+    if (!self)
+        return;
+    m_markerKnown = calculated.has_value();
+    bCalculate3DofMarker = calculated.value_or(false);
     checkBox_force3d->setChecked(bCalculate3DofMarker);
 }
 
@@ -133,23 +132,23 @@ void TrackingDlg::readAutoRestart()
         return;
     }
     checkBox_autoReStart->setEnabled(!m_is_config_locked);
-    bAutoRestart = isAutoRestartOn();
+    const QPointer<TrackingDlg> self(this);
+    const auto restarts = MarkerSettings(m_link).restartsAutomatically();
+    if (!self)
+        return;
+    m_restartKnown = restarts.has_value();
+    bAutoRestart = restarts.value_or(false);
     checkBox_autoReStart->setChecked(bAutoRestart);
-}
-
-bool TrackingDlg::isAutoRestartOn() const
-{
-    const auto answer = m_link.text("tracking auto_restart");
-    if (!answer)
-        m_link.log(QStringLiteral("Error: Unable to get the automatic restart of the measurement"));
-    return answer == QLatin1String("yes");
 }
 
 void TrackingDlg::readAxis()
 {
+    const QPointer<TrackingDlg> self(this);
     const bool known = knowsCentralAxis();
     if (known)
         update_comboBox_5dofAxis();
+    if (!self)
+        return;
     const bool editable = known && !m_is_config_locked;
     label_setAxis5dof->setEnabled(editable);
     comboBox_5dofAxis->setEnabled(editable);
@@ -162,84 +161,66 @@ bool TrackingDlg::is_config_locked() const
 
 void TrackingDlg::saveSettings()
 {
-    writeMarkerCalculation(checkBox_force3d->isChecked());
-    if (knowsAutoRestart())
-        writeAutoRestart(checkBox_autoReStart->isChecked());
-    save5DofAxisCentralSettings();
+    const QPointer<TrackingDlg> self(this);
+    const MarkerSettings settings(m_link);
+    if (m_markerKnown || m_markerSet)
+        settings.setMarkerCalculation(checkBox_force3d->isChecked());
+    if (self && knowsAutoRestart() && (m_restartKnown || m_restartSet))
+        settings.setAutoRestart(checkBox_autoReStart->isChecked());
+    if (self && (m_axisKnown || m_axisSet))
+        save5DofAxisCentralSettings();
 }
 
 void TrackingDlg::writeOldSettings()
 {
-    writeMarkerCalculation(bCalculate3DofMarker);
-    if (knowsAutoRestart())
-        writeAutoRestart(bAutoRestart);
-}
-
-void TrackingDlg::writeMarkerCalculation(bool on)
-{
-    if (!m_link.set("standard calculate_marker %s", yesOrNo(on)))
-        m_link.log(QStringLiteral("Error: Unable to set the calculation of 3DOF markers"));
-}
-
-void TrackingDlg::writeAutoRestart(bool on)
-{
-    if (!m_link.set("tracking auto_restart %s", yesOrNo(on)))
-        m_link.log(QStringLiteral("Error: Unable to set the automatic restart of the measurement"));
+    const QPointer<TrackingDlg> self(this);
+    const MarkerSettings settings(m_link);
+    if (m_markerKnown || m_markerSet)
+        settings.setMarkerCalculation(bCalculate3DofMarker);
+    if (self && knowsAutoRestart() && (m_restartKnown || m_restartSet))
+        settings.setAutoRestart(bAutoRestart);
 }
 
 void TrackingDlg::setup_comboBox_5dofAxis()
 {
-    for (const NamedAxis &axis : namedAxes())
+    for (const MarkerSettings::NamedAxis &axis : MarkerSettings::namedAxes())
         comboBox_5dofAxis->addItem(QLatin1String(axis.name));
     comboBox_5dofAxis->setCurrentIndex(-1);
-}
-
-std::optional<TrackingDlg::Vector> TrackingDlg::centralAxis() const
-{
-    const auto answer = m_link.text("tracking axis_5dof_central");
-    if (!answer)
-        return std::nullopt;
-    const QStringList fields = answer->split(QLatin1Char(' '));
-    Vector vector{};
-    for (int i = 0; i < int(vector.size()); ++i) {
-        const double number = fields.value(i).toUtf8().toDouble();
-        vector[i] = std::isfinite(number) ? number : 0.0;
-    }
-    return vector;
 }
 
 void TrackingDlg::update_comboBox_5dofAxis()
 {
     if (!knowsCentralAxis())
         return;
-    const auto vector = centralAxis();
-    if (!vector) {
-        m_link.log(QStringLiteral("Error: Unable to get values of the 5DOF central axis"));
+    const QPointer<TrackingDlg> self(this);
+    const auto axis = MarkerSettings(m_link).centralAxis();
+    if (!self)
+        return;
+    m_axisKnown = axis && axis->isWhole;
+    if (!axis) {
         comboBox_5dofAxis->setCurrentIndex(-1);
         label_display5dof->clear();
         return;
     }
-    for (int i = 0; i < int(namedAxes().size()); ++i) {
-        if (namedAxes()[i].vector == *vector) {
+    const auto &named = MarkerSettings::namedAxes();
+    for (int i = 0; i < int(named.size()); ++i) {
+        if (named[i].vector == axis->vector) {
             comboBox_5dofAxis->setCurrentIndex(i);
             label_display5dof->clear();
             return;
         }
     }
-    const auto fixed = [](double number) { return QString::number(number, 'f', 3); };
+    const auto fixed = [&axis](int i) { return QString::number(axis->vector[i], 'f', 3); };
     label_display5dof->setText(
-            tr("x = %1 mm, y = %2 mm, z = %3 mm")
-                    .arg(fixed((*vector)[0]), fixed((*vector)[1]), fixed((*vector)[2])));
+            tr("x = %1 mm, y = %2 mm, z = %3 mm").arg(fixed(0), fixed(1), fixed(2)));
 }
 
 void TrackingDlg::save5DofAxisCentralSettings()
 {
-    for (const NamedAxis &axis : namedAxes()) {
+    for (const MarkerSettings::NamedAxis &axis : MarkerSettings::namedAxes()) {
         if (comboBox_5dofAxis->currentText() != QLatin1String(axis.name))
             continue;
-        const auto &[x, y, z] = axis.vector;
-        if (!m_link.set("tracking axis_5dof_central %.3f %.3f %.3f", x, y, z))
-            m_link.log(QStringLiteral("Error: Unable to set values of the 5DOF central axis"));
+        MarkerSettings(m_link).setCentralAxis(axis.vector);
         return;
     }
 }
@@ -254,34 +235,25 @@ void TrackingDlg::check_pocketunit_default_settings()
 {
     if (!knowsAutoRestart())
         return;
-    bAutoRestart = isAutoRestartOn();
-    if (!bAutoRestart && !m_link.set("tracking auto_restart yes"))
-        m_link.log(QStringLiteral("Error: Unable to set the automatic restart of the measurement"));
+    const MarkerSettings settings(m_link);
+    bAutoRestart = settings.restartsAutomatically().value_or(false);
+    if (!bAutoRestart)
+        settings.setAutoRestart(true);
 }
 
 bool TrackingDlg::any_body_fixed_angle() const
 {
-    if (!knowsFixedAngles())
-        return false;
-    const auto count = m_link.count("standard number_of_bodies");
-    if (!count)
-        m_link.log(QStringLiteral("Error: Unable to check number of standard bodies"));
-    bool any = false;
-    for (int number = 1; number <= count.value_or(0); ++number) {
-        const auto answer = m_link.text("standard fixed_angle b%.2d", number);
-        if (!answer)
-            m_link.log(QStringLiteral("Error: Unable to check fixed angle of standard body"));
-        const QStringList fields = answer.value_or(QString()).split(QLatin1Char(' '));
-        for (const int flag : {0, 2, 4})
-            any = any || fields.value(flag) == QLatin1String("yes");
-    }
-    return any;
+    return knowsFixedAngles() && FixedAngles(m_link, this).isAnyFixed();
 }
 
 void TrackingDlg::displayFixedAngleButton()
 {
-    m_fixed_angle = m_xml_fixed_angle || any_body_fixed_angle();
-    show_fixed_angle_button(m_fixed_angle);
+    const QPointer<TrackingDlg> self(this);
+    const bool shown = m_xml_fixed_angle || any_body_fixed_angle();
+    if (!self)
+        return;
+    m_fixed_angle = shown;
+    show_fixed_angle_button(shown);
 }
 
 void TrackingDlg::show_fixed_angle_button(bool show)
@@ -304,35 +276,53 @@ void TrackingDlg::on_pushButton_advanced_clicked()
 
 void TrackingDlg::on_pushButton_ok_clicked()
 {
+    // A host may run its event loop inside an operation: another click is not a second OK.
+    if (m_busy)
+        return;
+    const QPointer<TrackingDlg> self(this);
+    const ScopedFlag writing(this, &m_busy, true);
+    const bool writes = m_changed || m_bTrackingPulseSettingsHasChanged;
+    if (writes && !mayStillWrite(m_configuration, this))
+        return;
     {
         const Waiting waiting(m_observer, Waiting::For::Action, tr("Writing the settings ..."));
         if (m_changed)
             saveSettings();
-        if (m_bTrackingPulseSettingsHasChanged)
+        if (self && m_bTrackingPulseSettingsHasChanged)
             sendInertialSettingsToAtc();
     }
-    accept();
+    if (self)
+        accept();
 }
 
 void TrackingDlg::on_pushButton_cancel_clicked()
 {
-    if (m_changed)
+    if (m_busy)
+        return;
+    const QPointer<TrackingDlg> self(this);
+    const ScopedFlag writing(this, &m_busy, true);
+    // What was read belongs to a configuration that is not the active one any more.
+    if (m_changed && !m_configuration->hasChanged())
         writeOldSettings();
-    reject();
+    if (self)
+        reject();
 }
 
 void TrackingDlg::on_checkBox_force3d_stateChanged(int)
 {
+    m_markerSet = isVisible();
     markChanged();
 }
 
 void TrackingDlg::on_checkBox_autoReStart_stateChanged(int)
 {
+    m_restartSet = isVisible();
     markChanged();
 }
 
 void TrackingDlg::on_comboBox_5dofAxis_currentIndexChanged(const QString &)
 {
+    m_axisSet = isVisible();
     markChanged();
 }
 
@@ -360,7 +350,7 @@ void TrackingDlg::update_radioButtonsInertial()
 {
     if (!knowsPulse())
         return;
-    const QScopedValueRollback<bool> filling(bUserAction, false);
+    const ScopedFlag filling(this, &bUserAction, false);
     switch (TrackingPulse(m_link).source()) {
     case TrackingPulse::Source::Cameras:
         radioButton_cameraSynchronous->setChecked(true);
@@ -383,7 +373,7 @@ void TrackingDlg::update_spinBox_frequency()
     constexpr double lowestHz = 10.0;
     constexpr double highestHz = 1000.0;
     const double frequencyHz = TrackingPulse(m_link).frequencyHz();
-    const QScopedValueRollback<bool> filling(bUserAction, false);
+    const ScopedFlag filling(this, &bUserAction, false);
     doubleSpinBox_frequency->setRange(lowestHz, highestHz);
     doubleSpinBox_frequency->setValue(frequencyHz);
 }
@@ -392,7 +382,7 @@ void TrackingDlg::update_comboBox_inertialSensor()
 {
     if (!knowsCentralAxis())
         return;
-    const QScopedValueRollback<bool> filling(bUserAction, false);
+    const ScopedFlag filling(this, &bUserAction, false);
     comboBox_inertialSensor->clear();
     const auto sensors = TrackingPulse(m_link).sensors();
     for (const TrackingPulse::Sensor &sensor : sensors)

@@ -7,11 +7,9 @@
 #include <QDialog>
 #include <QIcon>
 
-#include <array>
-#include <optional>
-
 class BackendVersions;
 class BodySettingsDlg;
+class ConfigurationWatch;
 class IOManager;
 class LinkObserver;
 class QDomElement;
@@ -97,17 +95,12 @@ private slots:
     void on_pushButton_advanced_clicked();
 
 private:
-    using Vector = std::array<double, 3>;
-
+    bool readController();
     void applyConfigLock();
     void readMarkerCalculation();
     void readAutoRestart();
-    bool isAutoRestartOn() const;
     void readAxis();
     void forceAutoRestart();
-    void writeMarkerCalculation(bool on);
-    void writeAutoRestart(bool on);
-    std::optional<Vector> centralAxis() const;
     void markChanged();
     void markPulseChanged();
     bool knowsAutoRestart() const { return m_link.protocolAtLeast(0, 14); }
@@ -137,4 +130,13 @@ private:
 
     LinkObserver *m_observer;
     ControllerLink m_link;
+    ConfigurationWatch *m_configuration; ///< since the last reading; owned as a child
+    bool m_busy = false;                 ///< reading, or an OK or Cancel is being carried out
+    // What could not be read at the opening is written only when the user has set it since.
+    bool m_markerKnown = false;
+    bool m_restartKnown = false;
+    bool m_axisKnown = false;
+    bool m_markerSet = false;
+    bool m_restartSet = false;
+    bool m_axisSet = false;
 };

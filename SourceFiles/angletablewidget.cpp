@@ -2,7 +2,9 @@
 
 #include <QHeaderView>
 #include <QSignalBlocker>
+#include <QStyle>
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -11,9 +13,6 @@ enum Column { IdColumn, NameColumn, FirstAngleColumn, ColumnCount = FirstAngleCo
 
 constexpr double smallestDegrees = -20.0;
 constexpr double largestDegrees = 20.0;
-
-/** On the item of the "ID" column: the angles of the row were never read. */
-constexpr int unreadRole = Qt::UserRole;
 
 QString angleText(double degrees)
 {
@@ -41,12 +40,14 @@ AngleTableWidget::AngleTableWidget(BackendVersions *, QObject *parent)
 
 void AngleTableWidget::initial_table()
 {
+    m_rows.clear();
     setRowCount(0);
     setColumnCount(ColumnCount);
     setHorizontalHeaderLabels({tr("ID"), tr("Name"), tr("rx"), tr("ry"), tr("rz")});
     horizontalHeader()->setSectionsClickable(false);
     horizontalHeader()->setStretchLastSection(true);
     verticalHeader()->hide();
+    setWordWrap(false);
     // Tab leaves the table, so that the buttons can be reached without a mouse.
     setTabKeyNavigation(false);
 }
@@ -54,6 +55,7 @@ void AngleTableWidget::initial_table()
 void AngleTableWidget::fill_in_table(const QList<FixedAngleBody *> &bodies)
 {
     const QSignalBlocker filling(this);
+    m_rows.resize(bodies.size());
     setRowCount(bodies.size());
     for (int row = 0; row < bodies.size(); ++row)
         fillRow(row, *bodies.at(row));
@@ -62,8 +64,8 @@ void AngleTableWidget::fill_in_table(const QList<FixedAngleBody *> &bodies)
 void AngleTableWidget::fillRow(int row, const FixedAngleBody &body)
 {
     constexpr Qt::ItemFlags shown = Qt::ItemIsSelectable | Qt::ItemIsEnabled;
+    m_rows[row] = {body, body.fixed_angle_enable, {}, {}, {}};
     auto *id = new QTableWidgetItem(QString::number(body.body_id));
-    id->setData(unreadRole, !body.angles_known);
     id->setFlags(shown);
     setItem(row, IdColumn, id);
     auto *name = new QTableWidgetItem(body.body_des);
@@ -78,36 +80,67 @@ void AngleTableWidget::fillRow(int row, const FixedAngleBody &body)
         } else {
             angle->setFlags(shown);
             angle->setBackground(Qt::lightGray);
+            // The text colour of a dark desktop cannot be read on light grey.
+            angle->setForeground(Qt::black);
         }
+        m_rows[row].shownTexts[axis] = angle->text();
         setItem(row, FirstAngleColumn + axis, angle);
     }
 }
 
 std::optional<FixedAngleBody> AngleTableWidget::body(int row) const
 {
-    const QTableWidgetItem *id = item(row, IdColumn);
-    const QTableWidgetItem *name = item(row, NameColumn);
-    if (!id || !name)
+    if (row < 0 || row >= m_rows.size())
         return std::nullopt;
-    FixedAngleBody body;
-    body.body_id = id->text().toInt();
-    body.body_des = name->text();
-    body.angles_known = true;
+    FixedAngleBody body = m_rows.at(row).body;
     for (int axis = 0; axis < int(body.fixed_angle.size()); ++axis) {
         const QTableWidgetItem *angle = item(row, FirstAngleColumn + axis);
         const auto degrees = degreesOf(angle);
         if (!degrees)
             return std::nullopt;
+        // A grey row shows "0.0" whatever its angles are, and keeps them.
+        if (!body.body_cali)
+            continue;
         body.fixed_angle[axis] = *degrees;
         body.fixed_angle_enable[axis] = angle->checkState() == Qt::Checked;
     }
     return body;
 }
 
+int AngleTableWidget::leastAngleWidth() const
+{
+    QStyleOptionViewItem option = viewOptions();
+    option.features = QStyleOptionViewItem::HasCheckIndicator | QStyleOptionViewItem::HasDisplay;
+    option.text = angleText(largestDegrees * -1.0);
+    const int gridLine = 1;
+    return style()->sizeFromContents(QStyle::CT_ItemViewItem, &option, QSize(), this).width()
+           + gridLine;
+}
+
 bool AngleTableWidget::isUnread(int row) const
 {
-    const QTableWidgetItem *id = item(row, IdColumn);
-    return id && id->data(unreadRole).toBool();
+    const Row &known = m_rows.at(row);
+    const auto isSet = [](bool set) { return set; };
+    const bool allSet = std::all_of(known.angleSet.begin(), known.angleSet.end(), isSet)
+                        && std::all_of(known.flagSet.begin(), known.flagSet.end(), isSet);
+    return !known.body.angles_known && !allSet;
+}
+
+bool AngleTableWidget::isTouched(int row) const
+{
+    const Row &known = m_rows.at(row);
+    const auto isSet = [](bool set) { return set; };
+    return std::any_of(known.angleSet.begin(), known.angleSet.end(), isSet)
+           || std::any_of(known.flagSet.begin(), known.flagSet.end(), isSet);
+}
+
+void AngleTableWidget::commitData(QWidget *editor)
+{
+    // Entering the number that is shown already sets it, too, and changes no cell.
+    const int axis = currentColumn() - FirstAngleColumn;
+    if (axis >= 0 && currentRow() >= 0 && currentRow() < m_rows.size())
+        m_rows[currentRow()].angleSet[axis] = true;
+    QTableWidget::commitData(editor);
 }
 
 void AngleTableWidget::click_cell(int row, int column)
@@ -122,12 +155,17 @@ void AngleTableWidget::click_cell(int row, int column)
 void AngleTableWidget::changed_cell(int row, int column)
 {
     QTableWidgetItem *angle = item(row, column);
-    if (!angle || column < FirstAngleColumn)
+    if (!angle || column < FirstAngleColumn || row >= m_rows.size())
         return;
     const QSignalBlocker filling(this);
     const double degrees = degreesOf(angle).value_or(0.0);
     const bool allowed = degrees >= smallestDegrees && degrees <= largestDegrees;
+    const int axis = column - FirstAngleColumn;
+    Row &known = m_rows[row];
+    const bool checked = angle->checkState() == Qt::Checked;
+    known.flagSet[axis] = known.flagSet[axis] || checked != known.shownFlags[axis];
+    known.angleSet[axis] = known.angleSet[axis] || angle->text() != known.shownTexts[axis];
     angle->setText(angleText(allowed ? degrees : 0.0));
-    if (QTableWidgetItem *id = item(row, IdColumn))
-        id->setData(unreadRole, false);
+    known.shownFlags[axis] = checked;
+    known.shownTexts[axis] = angle->text();
 }

@@ -4,7 +4,9 @@
 
 #include <QList>
 #include <QTableWidget>
+#include <QVector>
 
+#include <array>
 #include <optional>
 
 class BackendVersions;
@@ -29,8 +31,13 @@ public:
 
     /** The row's body as the table shows it; nothing when an angle does not read as a number. */
     std::optional<FixedAngleBody> body(int row) const;
-    /** True when the row's angles are neither known nor set by the user. */
+    /** What a column of angles needs to show a number beside its box, in pixels. */
+    int leastAngleWidth() const;
+
+    /** True when the row was not read whole and the user has not set every angle and box of it. */
     bool isUnread(int row) const;
+    /** True when the user has set an angle or a box of the row. */
+    bool isTouched(int row) const;
 
 public slots:
     /** Keeps numbers and names from being edited. */
@@ -38,6 +45,20 @@ public slots:
     /** Rewrites an edited angle with two decimals; what is no allowed angle becomes "0.00". */
     void changed_cell(int row, int column);
 
+protected slots:
+    void commitData(QWidget *editor) override;
+
 private:
+    /** What was read of a row, and what of it the user has set since. */
+    struct Row {
+        FixedAngleBody body;
+        std::array<bool, 3> shownFlags{};
+        std::array<QString, 3> shownTexts;
+        std::array<bool, 3> angleSet{};
+        std::array<bool, 3> flagSet{};
+    };
+
     void fillRow(int row, const FixedAngleBody &body);
+
+    QVector<Row> m_rows;
 };

@@ -2,20 +2,24 @@
 
 #include "ui_BodySettingsDlg.h"
 
+#include "configurationwatch.h"
 #include "editdelegate.h"
 #include "fixedangledlg.h"
 #include "linkobserver.h"
+#include "scopedflag.h"
+#include "support/configurationquestion.h"
 #include "waiting.h"
 
 #include <QHeaderView>
+#include <QMap>
 #include <QPointer>
 
 namespace {
 
 enum Column { IdColumn, NameColumn, StateColumn, ColumnCount };
 
-/** On the item of the "Name" column: the name was never read. */
-constexpr int unreadRole = Qt::UserRole;
+/** On the item of the "Name" column: the name as it was read; nothing when that failed. */
+constexpr int readRole = Qt::UserRole;
 
 } // namespace
 
@@ -26,7 +30,8 @@ BodySettingsDlg::BodySettingsDlg(IOManager *iom, QWidget *parent, BackendVersion
       m_observer(new LinkObserver(this)),
       m_link(iom, beVers, m_observer),
       m_ui(std::make_unique<Ui::BodySettingsDlg>()),
-      m_nameDelegate(new EditDelegate(this))
+      m_nameDelegate(new EditDelegate(this)),
+      m_configuration(new ConfigurationWatch(iom, this))
 {
     m_ui->setupUi(this);
     m_ui->messageLine->follow(m_observer);
@@ -57,7 +62,17 @@ int BodySettingsDlg::update_and_exec()
         activateWindow();
         return Rejected;
     }
-    updateTable();
+    // A host may run its event loop, and call again, while it waits for an answer.
+    if (m_busy)
+        return Rejected;
+    {
+        const QPointer<BodySettingsDlg> self(this);
+        const ScopedFlag reading(this, &m_busy, true);
+        m_configuration->restart();
+        updateTable();
+        if (!self)
+            return Rejected;
+    }
     m_ui->tableWidget->setEnabled(canRename());
     m_ui->pushButton_ok->setEnabled(canRename());
     if (m_ui->tableWidget->rowCount() > 0)
@@ -69,39 +84,52 @@ int BodySettingsDlg::update_and_exec()
 void BodySettingsDlg::updateTable()
 {
     const Waiting waiting(m_observer, Waiting::For::Refresh, tr("Reading names ..."));
-    const auto count = m_link.count("body number_of_bodies standard");
+    const QPointer<BodySettingsDlg> self(this);
+    const ControllerLink link = m_link;
+    const auto count = link.count("body number_of_bodies standard");
     if (!count)
-        m_link.log(QStringLiteral("Error: Unable to get number of standard bodies"));
-    m_ui->tableWidget->setRowCount(qMax(0, count.value_or(0)));
-    const int rows = m_ui->tableWidget->rowCount();
+        link.log(QStringLiteral("Error: Unable to get number of standard bodies"));
+    if (!self)
+        return;
+    const int rows = count.value_or(0);
+    m_ui->tableWidget->setRowCount(rows);
     for (int row = 0; row < rows; ++row) {
-        m_link.progress(row + 1, rows);
-        fillRow(row);
+        link.progress(row + 1, rows);
+        const Body body = readBody(link, row + 1);
+        if (!self)
+            return;
+        fillRow(row, body);
     }
 }
 
-void BodySettingsDlg::fillRow(int row)
+BodySettingsDlg::Body BodySettingsDlg::readBody(const ControllerLink &link, int number)
+{
+    Body body;
+    body.name = link.text("body desc standard b%.2d", number);
+    if (!body.name)
+        link.log(QStringLiteral("Error: Unable to get name of standard body"));
+    const auto calibrated = link.text("body calibrated standard b%.2d", number);
+    if (!calibrated) {
+        link.log(QStringLiteral("Error: Unable to get the calibration status of standard body"));
+    }
+    body.isCalibrated = calibrated == QLatin1String("yes");
+    return body;
+}
+
+void BodySettingsDlg::fillRow(int row, const Body &body)
 {
     QTableWidget *table = m_ui->tableWidget;
-    const int number = row + 1;
-    auto *id = new QTableWidgetItem(QString::number(number));
+    auto *id = new QTableWidgetItem(QString::number(row + 1));
     id->setFlags(Qt::ItemIsEnabled);
     table->setItem(row, IdColumn, id);
 
-    const auto description = m_link.text("body desc standard b%.2d", number);
-    if (!description)
-        m_link.log(QStringLiteral("Error: Unable to get name of standard body"));
-    auto *name = new QTableWidgetItem(description.value_or(QString()));
-    name->setData(unreadRole, !description);
+    auto *name = new QTableWidgetItem(body.name.value_or(QString()));
+    name->setData(readRole, body.name ? QVariant(*body.name) : QVariant());
     name->setFlags(canRename() ? Qt::ItemIsSelectable | Qt::ItemIsEditable | Qt::ItemIsEnabled
                                : Qt::ItemFlags(Qt::ItemIsEnabled));
     table->setItem(row, NameColumn, name);
 
-    const auto calibrated = m_link.text("body calibrated standard b%.2d", number);
-    if (!calibrated)
-        m_link.log(QStringLiteral("Error: Unable to get the calibration status of standard body"));
-    auto *state = new QTableWidgetItem(calibrated == QLatin1String("yes") ? tr("calibrated")
-                                                                          : tr("not calibrated"));
+    auto *state = new QTableWidgetItem(body.isCalibrated ? tr("calibrated") : tr("not calibrated"));
     state->setFlags(Qt::ItemIsEnabled);
     table->setItem(row, StateColumn, state);
 }
@@ -116,20 +144,38 @@ QStringList BodySettingsDlg::get_current_body_names() const
     return names;
 }
 
+/** True when the name was not read, or not whole, and the user has not entered another one. */
+bool BodySettingsDlg::isUnread(int row) const
+{
+    const QTableWidgetItem *item = m_ui->tableWidget->item(row, NameColumn);
+    const QVariant read = item ? item->data(readRole) : QVariant();
+    if (!item || item->text() != read.toString())
+        return false;
+    // A garbled sign would be written for the one that the controller holds, a lone quote ends the
+    // line early.
+    const QString name = read.toString();
+    return !read.isValid() || name.contains(QChar::ReplacementCharacter)
+           || name.count(QLatin1Char('"')) % 2 != 0;
+}
+
 void BodySettingsDlg::saveBodySettings()
 {
     const Waiting waiting(m_observer, Waiting::For::Action, tr("Writing names ..."));
     const QStringList names = get_current_body_names();
+    QMap<int, QByteArray> written;
     for (int row = 0; row < names.size(); ++row) {
-        const QTableWidgetItem *item = m_ui->tableWidget->item(row, NameColumn);
-        // A name that could not be read must not be replaced by the blank shown in its place.
-        if (names.at(row).isEmpty() && item && item->data(unreadRole).toBool())
-            continue;
         // Without the quotes the line would end before its value.
-        const QByteArray name = names.at(row).isEmpty() ? QByteArrayLiteral("\"\"")
-                                                        : ControllerLink::argument(names.at(row));
-        if (!m_link.set("body desc standard b%.2d %s", row + 1, name.constData()))
-            m_link.log(QStringLiteral("Error: Unable to set name of standard body"));
+        if (!isUnread(row)) {
+            written.insert(row + 1, names.at(row).trimmed().isEmpty()
+                                            ? QByteArrayLiteral("\"\"")
+                                            : ControllerLink::argument(names.at(row)));
+        }
+    }
+    const QPointer<BodySettingsDlg> self(this);
+    const ControllerLink link = m_link;
+    for (auto each = written.constBegin(); self && each != written.constEnd(); ++each) {
+        if (!link.set("body desc standard b%.2d %s", each.key(), each.value().constData()))
+            link.log(QStringLiteral("Error: Unable to set name of standard body"));
     }
 }
 
@@ -146,13 +192,22 @@ void BodySettingsDlg::show_fixed_angle_button(bool show)
 
 void BodySettingsDlg::on_pushButton_ok_clicked()
 {
+    // A host may run its event loop inside an operation: another click is not a second OK.
+    if (m_busy)
+        return;
+    const QPointer<BodySettingsDlg> self(this);
+    const ScopedFlag writing(this, &m_busy, true);
+    if (m_ui->tableWidget->rowCount() > 0 && !mayStillWrite(m_configuration, this))
+        return;
     saveBodySettings();
-    accept();
+    if (self)
+        accept();
 }
 
 void BodySettingsDlg::on_pushButton_cancel_clicked()
 {
-    reject();
+    if (!m_busy)
+        reject();
 }
 
 void BodySettingsDlg::on_pushButton_special_clicked()

@@ -6,8 +6,10 @@
 #include <QStringList>
 
 #include <memory>
+#include <optional>
 
 class BackendVersions;
+class ConfigurationWatch;
 class EditDelegate;
 class IOManager;
 class LinkObserver;
@@ -36,7 +38,10 @@ public:
     void updateTable();
     /** The names that the table holds now, in row order. */
     QStringList get_current_body_names() const;
-    /** Writes every name, changed or not; a refused one is logged and the next one follows. */
+    /**
+     * Writes every name, changed or not, but none that could not be read and was not entered since;
+     * a refused one is logged and the next one follows.
+     */
     void saveBodySettings();
     /** Shows or hides the button of the fixed angles; old protocols do not know them. */
     void show_fixed_angle_button(bool show);
@@ -56,7 +61,14 @@ private slots:
 
 private:
     void fitColumns();
-    void fillRow(int row);
+    /** A body as the controller tells it. */
+    struct Body {
+        std::optional<QString> name; ///< nothing when it cannot be read
+        bool isCalibrated = false;
+    };
+    static Body readBody(const ControllerLink &link, int number);
+    void fillRow(int row, const Body &body);
+    bool isUnread(int row) const;
     bool canRename() const { return m_link.protocolAtLeast(1, 16); }
 
     IOManager *m_iom;
@@ -64,5 +76,7 @@ private:
     LinkObserver *m_observer;
     ControllerLink m_link;
     std::unique_ptr<Ui::BodySettingsDlg> m_ui;
-    EditDelegate *m_nameDelegate; ///< owned as a child
+    EditDelegate *m_nameDelegate;        ///< owned as a child
+    ConfigurationWatch *m_configuration; ///< since the last reading; owned as a child
+    bool m_busy = false;                 ///< reading, or an OK is being carried out
 };

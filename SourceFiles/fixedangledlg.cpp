@@ -3,25 +3,31 @@
 #include "ui_FixedAngleDlg.h"
 
 #include "angletablewidget.h"
+#include "configurationwatch.h"
 #include "helpdialog.h"
 #include "linkobserver.h"
+#include "scopedflag.h"
+#include "settings/fixedangles.h"
+#include "support/configurationquestion.h"
 #include "waiting.h"
 
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QMessageBox>
 #include <QPointer>
 #include <QScopeGuard>
+#include <QScreen>
 #include <QVector>
 
 #include <array>
-#include <cmath>
 
 FixedAngleDlg::FixedAngleDlg(IOManager *iom, QWidget *parent, BackendVersions *beVers)
     : QDialog(parent),
       m_observer(new LinkObserver(this)),
       m_link(iom, beVers, m_observer),
       m_ui(std::make_unique<Ui::FixedAngleDlg>()),
-      m_table(new AngleTableWidget(beVers, this))
+      m_table(new AngleTableWidget(beVers, this)),
+      m_configuration(new ConfigurationWatch(iom, this))
 {
     m_ui->setupUi(this);
     m_ui->messageLine->follow(m_observer);
@@ -30,6 +36,7 @@ FixedAngleDlg::FixedAngleDlg(IOManager *iom, QWidget *parent, BackendVersions *b
     m_table->setWhatsThis(tr("Adjust the fixed angles of the standard bodies"));
     m_ui->verticalLayout->insertWidget(0, m_table);
     setTabOrder(m_table, m_ui->pushButton_help);
+    resizeToFont();
 }
 
 FixedAngleDlg::~FixedAngleDlg() = default;
@@ -39,9 +46,13 @@ int FixedAngleDlg::update_and_exec()
     if (m_link.protocolAtLeast(1, 6)) {
         const Waiting waiting(m_observer, Waiting::For::Refresh,
                               tr("Reading the fixed angles ..."));
+        const QPointer<FixedAngleDlg> self(this);
         QList<FixedAngleBody *> bodies;
         const auto release = qScopeGuard([&bodies] { qDeleteAll(bodies); });
+        m_configuration->restart();
         get_fixed_angle_info(bodies);
+        if (!self)
+            return Rejected;
         m_table->fill_in_table(bodies);
     }
     m_table->setFocus();
@@ -50,59 +61,20 @@ int FixedAngleDlg::update_and_exec()
 
 void FixedAngleDlg::get_fixed_angle_info(QList<FixedAngleBody *> &bodies) const
 {
-    const auto count = m_link.count("body number_of_bodies standard");
-    if (!count)
-        m_link.log(QStringLiteral("Error: Unable to check number of standard bodies"));
-    const int bodyCount = count.value_or(0);
-    for (int number = 1; number <= bodyCount; ++number) {
-        m_link.progress(number, bodyCount);
-        bodies.append(new FixedAngleBody(readBody(number)));
+    const QPointer<const FixedAngleDlg> self(this);
+    const ControllerLink link = m_link;
+    const FixedAngles angles(link, this);
+    const int count = angles.count();
+    for (int number = 1; self && number <= count; ++number) {
+        link.progress(number, count);
+        bodies.append(new FixedAngleBody(angles.read(number)));
     }
-}
-
-FixedAngleBody FixedAngleDlg::readBody(int number) const
-{
-    FixedAngleBody body;
-    body.body_id = number;
-    const auto description = m_link.text("body desc standard b%.2d", number);
-    if (!description)
-        m_link.log(QStringLiteral("Error: Unable to check name of standard body"));
-    body.body_des = description.value_or(QString());
-
-    const auto calibrated = m_link.text("body calibrated standard b%.2d", number);
-    if (!calibrated)
-        m_link.log(
-                QStringLiteral("Error: Unable to check the calibration status of standard body"));
-
-    const auto targetType = m_link.text("body target_type standard b%.2d", number);
-    if (!targetType)
-        m_link.log(QStringLiteral("Error: Unable to check target type"));
-    body.body_cali = calibrated == QLatin1String("yes")
-                     && (targetType == QLatin1String("tt_std")
-                         || targetType == QLatin1String("tt_2x5dof_cyl"));
-    readAngles(&body);
-    return body;
-}
-
-void FixedAngleDlg::readAngles(FixedAngleBody *body) const
-{
-    const auto answer = m_link.text("standard fixed_angle b%.2d", body->body_id);
-    if (!answer) {
-        m_link.log(QStringLiteral("Error: Unable to check fixed angle of standard body"));
-        return;
-    }
-    const QStringList fields = answer->split(QLatin1Char(' '));
-    for (int axis = 0; axis < int(body->fixed_angle.size()); ++axis) {
-        body->fixed_angle_enable[axis] = fields.value(2 * axis) == QLatin1String("yes");
-        const double degrees = fields.value(2 * axis + 1).toDouble();
-        body->fixed_angle[axis] = std::isfinite(degrees) ? degrees : 0.0;
-    }
-    body->angles_known = true;
 }
 
 bool FixedAngleDlg::save_fix_angle_settings()
 {
     QVector<FixedAngleBody> bodies;
+    QStringList unread;
     for (int row = 0; row < m_table->rowCount(); ++row) {
         const auto body = m_table->body(row);
         if (!body) {
@@ -112,30 +84,47 @@ bool FixedAngleDlg::save_fix_angle_settings()
         // Angles that were never read must not be replaced by the zeros shown in their place.
         if (!m_table->isUnread(row))
             bodies.append(*body);
+        else if (m_table->isTouched(row))
+            unread.append(shownName(*body));
     }
     const Waiting waiting(m_observer, Waiting::For::Action, tr("Writing the fixed angles ..."));
+    const QPointer<FixedAngleDlg> self(this);
+    const FixedAngles angles(m_link, this);
     QStringList refused;
     for (const FixedAngleBody &body : qAsConst(bodies)) {
-        if (!write(body))
-            refused.append(QString::asprintf("b%02d ", body.body_id) + body.body_des);
+        const bool done = angles.write(body);
+        if (!self)
+            return false;
+        if (!done)
+            refused.append(shownName(body));
     }
-    if (refused.isEmpty())
-        return true;
-    //: %1 is a list of body numbers and names, for example "b02 Head, b03 Chair"
-    warn(tr("The controller refused the fixed angles of %1.")
-                 .arg(refused.join(QStringLiteral(", "))));
-    return false;
+    return report(refused, unread);
 }
 
-bool FixedAngleDlg::write(const FixedAngleBody &body) const
+QString FixedAngleDlg::shownName(const FixedAngleBody &body)
 {
-    const auto word = [&body](int axis) { return body.fixed_angle_enable[axis] ? "yes" : "no"; };
-    const bool done = m_link.set("standard fixed_angle b%.2d %s %f %s %f %s %f", body.body_id,
-                                 word(0), body.fixed_angle[0], word(1), body.fixed_angle[1],
-                                 word(2), body.fixed_angle[2]);
-    if (!done)
-        m_link.log(QStringLiteral("Error: Unable to set fixed angle of standard body"));
-    return done;
+    return QString::asprintf("b%02d ", body.body_id) + body.body_des;
+}
+
+/** True when there is nothing to tell the user. */
+bool FixedAngleDlg::report(const QStringList &refused, const QStringList &unread)
+{
+    QStringList problems;
+    if (!refused.isEmpty()) {
+        //: %1 is a list of body numbers and names, for example "b02 Head, b03 Chair"
+        problems << tr("The controller refused the fixed angles of %1.")
+                            .arg(refused.join(QStringLiteral(", ")));
+    }
+    if (!unread.isEmpty()) {
+        //: %1 is a list of body numbers and names, for example "b02 Head, b03 Chair"
+        problems << tr("The fixed angles of %1 could not be read. Set all three angles and boxes "
+                       "to write them.")
+                            .arg(unread.join(QStringLiteral(", ")));
+    }
+    if (problems.isEmpty())
+        return true;
+    warn(problems.join(QLatin1Char('\n')));
+    return false;
 }
 
 void FixedAngleDlg::warn(const QString &text)
@@ -149,13 +138,21 @@ void FixedAngleDlg::warn(const QString &text)
 
 void FixedAngleDlg::on_pushButton_ok_clicked()
 {
-    if (save_fix_angle_settings())
+    // A host may run its event loop inside an operation: another click is not a second OK.
+    if (m_writing)
+        return;
+    const QPointer<FixedAngleDlg> self(this);
+    const ScopedFlag writing(this, &m_writing, true);
+    if (m_table->rowCount() > 0 && !mayStillWrite(m_configuration, this))
+        return;
+    if (save_fix_angle_settings() && self)
         accept();
 }
 
 void FixedAngleDlg::on_pushButton_cancel_clicked()
 {
-    reject();
+    if (!m_writing)
+        reject();
 }
 
 void FixedAngleDlg::on_pushButton_help_clicked()
@@ -178,15 +175,31 @@ void FixedAngleDlg::showEvent(QShowEvent *event)
     fitColumns();
 }
 
+void FixedAngleDlg::resizeToFont()
+{
+    constexpr int characters = 80;
+    constexpr int lines = 20;
+    const QSize wanted(fontMetrics().averageCharWidth() * characters,
+                       fontMetrics().lineSpacing() * lines);
+    const QScreen *screen = QGuiApplication::primaryScreen();
+    resize(size().expandedTo(screen ? wanted.boundedTo(screen->availableSize()) : wanted));
+}
+
 void FixedAngleDlg::fitColumns()
 {
-    // Shares of the width in percent; the last column takes the rest.
-    constexpr std::array<int, 4> shares{10, 36, 18, 18};
-    int rest = m_table->viewport()->width();
-    const int width = rest;
-    for (int column = 0; column < int(shares.size()); ++column) {
-        m_table->setColumnWidth(column, width * shares[column] / 100);
-        rest -= m_table->columnWidth(column);
+    // Shares of the width in percent, and what a number with its box needs at any font.
+    constexpr int idShare = 10;
+    constexpr int angleShare = 18;
+    const int width = m_table->viewport()->width();
+    const int id =
+            qMax(width * idShare / 100, fontMetrics().horizontalAdvance(QStringLiteral("0000")));
+    const int angle = qMax(width * angleShare / 100, m_table->leastAngleWidth());
+    const int leastName = fontMetrics().averageCharWidth() * 8;
+    const std::array<int, 4> widths{id, qMax(width - id - 3 * angle, leastName), angle, angle};
+    int rest = width;
+    for (int column = 0; column < int(widths.size()); ++column) {
+        m_table->setColumnWidth(column, widths[column]);
+        rest -= widths[column];
     }
-    m_table->setColumnWidth(int(shares.size()), rest);
+    m_table->setColumnWidth(int(widths.size()), qMax(rest, m_table->leastAngleWidth()));
 }

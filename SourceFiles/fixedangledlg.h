@@ -10,6 +10,7 @@
 
 class AngleTableWidget;
 class BackendVersions;
+class ConfigurationWatch;
 class IOManager;
 class LinkObserver;
 
@@ -35,8 +36,9 @@ public:
     /** Appends one record per standard body, owned by the caller. A failed query is logged. */
     void get_fixed_angle_info(QList<FixedAngleBody *> &bodies) const;
     /**
-     * Writes every row. False when a row does not hold three numbers, then nothing is written, or
-     * when the controller refused a row; a box says which.
+     * Writes every row that was read, or that the user has filled. False when a row does not hold
+     * three numbers, then nothing is written, when the controller refused a row, or when a row was
+     * filled in part only; a box says which.
      */
     bool save_fix_angle_settings();
 
@@ -50,14 +52,16 @@ private slots:
     void on_pushButton_help_clicked();
 
 private:
+    void resizeToFont();
     void fitColumns();
-    FixedAngleBody readBody(int number) const;
-    void readAngles(FixedAngleBody *body) const;
-    bool write(const FixedAngleBody &body) const;
+    static QString shownName(const FixedAngleBody &body);
+    bool report(const QStringList &refused, const QStringList &unread);
     void warn(const QString &text);
 
     LinkObserver *m_observer;
     ControllerLink m_link;
     std::unique_ptr<Ui::FixedAngleDlg> m_ui;
-    AngleTableWidget *m_table; ///< owned as a child
+    AngleTableWidget *m_table;           ///< owned as a child
+    ConfigurationWatch *m_configuration; ///< since the reading; owned as a child
+    bool m_writing = false;              ///< an OK is being carried out
 };

@@ -302,6 +302,13 @@ die Geometrie von %2 %3 löschen?</translation>
     </message>
 </context>
 <context>
+    <name>ConfigurationQuestion</name>
+    <message>
+        <source>The active configuration has changed. Write anyway?</source>
+        <translation>Die aktive Konfiguration hat sich geändert. Trotzdem schreiben?</translation>
+    </message>
+</context>
+<context>
     <name>FilterDialog</name>
     <message>
         <source>Filter Settings</source>
@@ -661,6 +668,11 @@ Richtungswechseln über. Mit 0 ms wird nichts vorhergesagt; ein negativer Wert l
     <message>
         <source>Adjust the fixed angles of the standard bodies</source>
         <translation>Feste Winkel der Standardkörper einstellen</translation>
+    </message>
+    <message>
+        <source>The fixed angles of %1 could not be read. Set all three angles and boxes to write them.</source>
+        <extracomment>%1 is a list of body numbers and names, for example &quot;b02 Head, b03 Chair&quot;</extracomment>
+        <translation>Die festen Winkel von %1 konnten nicht gelesen werden. Um sie zu schreiben, alle drei Winkel und Kästchen setzen.</translation>
     </message>
 </context>
 <context>

@@ -11,5 +11,5 @@ struct FixedAngleBody {
     bool body_cali = false; ///< calibrated, and of a target type that allows fixed angles
     std::array<bool, 3> fixed_angle_enable{}; ///< rx, ry, rz
     std::array<double, 3> fixed_angle{};      ///< rx, ry, rz in degrees
-    bool angles_known = false;                ///< false when the controller did not tell them
+    bool angles_known = false;                ///< calibration, target type and all angles were read
 };

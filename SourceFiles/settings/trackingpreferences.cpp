@@ -67,6 +67,8 @@ bool TrackingPreferences::save(bool fixedAngleVisible, bool autoRestartShown,
         return false;
     }
     QSaveFile file(m_fileName);
+    // In a folder that takes no new file the old one is overwritten.
+    file.setDirectWriteFallback(true);
     if (!file.open(QIODevice::WriteOnly)) {
         *problem = writing + QStringLiteral("File %1 cannot be opened for writing").arg(m_fileName);
         return false;
@@ -77,9 +79,10 @@ bool TrackingPreferences::save(bool fixedAngleVisible, bool autoRestartShown,
             .save(stream, indentation, QDomNode::EncodingFromTextStream);
     stream.flush();
     // commit() alone does not notice that the last buffer found no room on the disk.
-    if (!file.flush())
+    const bool isWhole = file.flush();
+    if (!isWhole)
         file.cancelWriting();
-    if (!file.commit()) {
+    if (!file.commit() || !isWhole) {
         *problem = QStringLiteral("Error: Unable to write the tracking preferences file %1")
                            .arg(m_fileName);
         return false;

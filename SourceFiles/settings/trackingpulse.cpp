@@ -44,7 +44,11 @@ double TrackingPulse::frequencyHz() const
         m_link.log(QStringLiteral("Error: Unable to info of tracking frequency type"));
     switch (sourceOf(answer.value_or(QLatin1String(camerasWord)))) {
     case Source::Cameras: {
-        const double cameraHz = m_link.real("synccard output_frequency").value_or(usualCameraHz);
+        const auto measuredHz = m_link.real("synccard output_frequency");
+        if (!measuredHz) {
+            m_link.log(QStringLiteral("Error: Unable to get output frequency of the synccard"));
+        }
+        const double cameraHz = measuredHz.value_or(usualCameraHz);
         return cameraHz >= lowestCameraHz ? cameraHz : usualCameraHz;
     }
     case Source::InertialSensor: {
@@ -72,13 +76,13 @@ QVector<TrackingPulse::Sensor> TrackingPulse::sensors() const
     if (!count)
         m_link.log(QStringLiteral("Error: Unable to get number of inertial sensors"));
     for (int number = 1; number <= count.value_or(0); ++number) {
-        const auto identifier = m_link.text("inertial sensor d%02d", number);
-        if (!identifier) {
+        const auto identifier = m_link.name("inertial sensor d%02d", number);
+        if (!identifier)
             m_link.log(QStringLiteral("Error: Unable to get serial number of inertial sensor"));
+        if (!identifier || *identifier == QLatin1String("none"))
             continue;
-        }
         const QByteArray word = ControllerLink::argument(*identifier);
-        const auto body = m_link.text("inertial body_of_sensor %s", word.constData());
+        const auto body = m_link.name("inertial body_of_sensor %s", word.constData());
         if (!body)
             m_link.log(QStringLiteral("Error: Unable to get body of sensor sensor"));
         if (body.value_or(QStringLiteral("none")) == QLatin1String("none"))
@@ -104,8 +108,8 @@ bool TrackingPulse::followSensor(const QString &identifier) const
 {
     const QByteArray word = ControllerLink::argument(identifier);
     // Without a sensor the line would name none and mean something else.
-    const bool done =
-            !word.isEmpty() && m_link.set("tracking pulse inertial_sensor %s", word.constData());
+    const bool done = !word.trimmed().isEmpty()
+                      && m_link.set("tracking pulse inertial_sensor %s", word.constData());
     if (!done)
         m_link.log(QStringLiteral("Error: Unable to set inertial tracking to sensor"));
     return done;

@@ -50,6 +50,10 @@ private slots:
     void failedQuery_data();
     void failedQuery();
     void unreadNameIsNotOverwritten();
+    void unreadNameIsWrittenOnceEntered();
+    void nameThatWasNotReadWholeIsNotWritten_data();
+    void nameThatWasNotReadWholeIsNotWritten();
+    void blanksAreAnEmptyName();
     void refusedName();
     void nullHostObjects();
     void deletedWhileOpen();
@@ -397,6 +401,61 @@ void tst_bodysettingsdlg::unreadNameIsNotOverwritten()
     });
     QCOMPARE(host.writes(), QStringList{QStringLiteral("body desc standard b02 Boot")});
     QCOMPARE(nameOf(host, 0), QStringLiteral("Head"));
+}
+
+void tst_bodysettingsdlg::unreadNameIsWrittenOnceEntered()
+{
+    TestHost host(twoBodies());
+    host.fault(QStringLiteral("get body desc standard b01 fail"));
+    BodySettingsDlg dialog(&host.io, &host.mainWindow, &host.versions, moduleVersion);
+    open(&dialog, [](QWidget *shown) {
+        Drive::typeIntoCell(tableOf(shown), 0, Name, QStringLiteral("Hat"));
+        Drive::click(shown, "pushButton_ok");
+    });
+    QCOMPARE(host.writes(),
+             (QStringList{"body desc standard b01 Hat", "body desc standard b02 Left hand"}));
+}
+
+void tst_bodysettingsdlg::nameThatWasNotReadWholeIsNotWritten_data()
+{
+    QTest::addColumn<QByteArray>("answer");
+    QTest::newRow("garbled") << QByteArray("He\xff\x64");
+    QTest::newRow("control sign") << QByteArray("He\x1b[31m");
+    QTest::newRow("line break") << QByteArray("He\nad");
+    QTest::newRow("lone quote") << QByteArray("He\"ad");
+}
+
+void tst_bodysettingsdlg::nameThatWasNotReadWholeIsNotWritten()
+{
+    QFETCH(QByteArray, answer);
+    TestHost host(twoBodies());
+    host.edit([&answer](ControllerState &state) {
+        state.bodyTypes[QStringLiteral("standard")].bodies[0].description =
+                QString::fromUtf8(answer);
+    });
+    const QString before = nameOf(host, 0);
+    BodySettingsDlg dialog(&host.io, &host.mainWindow, &host.versions, moduleVersion);
+    open(&dialog, [](QWidget *shown) {
+        const QString name = Drive::cell(tableOf(shown), 0, Name);
+        QVERIFY(name.startsWith(QStringLiteral("He")));
+        QVERIFY(!name.contains(QLatin1Char('\n')));
+        Drive::click(shown, "pushButton_ok");
+    });
+    QCOMPARE(host.writes(), QStringList{"body desc standard b02 Left hand"});
+    QCOMPARE(nameOf(host, 0), before);
+    QCOMPARE(host.log(), QStringList());
+}
+
+void tst_bodysettingsdlg::blanksAreAnEmptyName()
+{
+    TestHost host(twoBodies());
+    BodySettingsDlg dialog(&host.io, &host.mainWindow, &host.versions, moduleVersion);
+    open(&dialog, [](QWidget *shown) {
+        Drive::typeIntoCell(tableOf(shown), 0, Name, QStringLiteral("   "));
+        Drive::click(shown, "pushButton_ok");
+    });
+    QCOMPARE(host.writes().value(0), QStringLiteral("body desc standard b01 \"\""));
+    QCOMPARE(nameOf(host, 0), QString());
 }
 
 void tst_bodysettingsdlg::refusedName()

@@ -82,7 +82,6 @@ private slots:
     void deletedBehindTheWarning();
     void failedQuery_data();
     void failedQuery();
-    void unreadAnglesAreNotOverwritten();
     void answersThatAreNoAngles_data();
     void answersThatAreNoAngles();
     void help();
@@ -509,21 +508,6 @@ void tst_fixedangledlg::failedQuery()
     });
     QCOMPARE(host.log(), QStringList{log});
     QCOMPARE(host.queries().size(), query.endsWith(QLatin1String("b01")) ? 13 : 1);
-}
-
-void tst_fixedangledlg::unreadAnglesAreNotOverwritten()
-{
-    TestHost host(threeBodies());
-    host.fault(QStringLiteral("get standard fixed_angle* fail"));
-    open(&host, [](QWidget *shown) {
-        Drive::typeIntoCell(tableOf(shown), 1, Ry, QStringLiteral("4"));
-        Drive::click(shown, "pushButton_ok");
-    });
-    // Only the row that the user filled is known well enough to be written.
-    QCOMPARE(host.writes(),
-             QStringList{QStringLiteral(
-                     "standard fixed_angle b02 no 0.000000 no 4.000000 no 0.000000")});
-    QVERIFY(host.state().bodyTypes[QStringLiteral("standard")].bodies[0].fixedAngles[0].enabled);
 }
 
 void tst_fixedangledlg::answersThatAreNoAngles_data()

@@ -18,6 +18,8 @@ private slots:
     void sensors();
     void sensorQueriesFail_data();
     void sensorQueriesFail();
+    void blankNamesAreNone_data();
+    void blankNamesAreNone();
     void inputsFollowTheSource();
     void sent_data();
     void sent();
@@ -64,7 +66,8 @@ void tst_trackingdlgpulse::frequency_data()
     QTest::newRow("cameras at the limit")
             << "get synccard output_frequency answer \"10\"" << cameras << 10.0 << QStringList();
     QTest::newRow("cameras unknown")
-            << "get synccard output_frequency fail" << cameras << 60.0 << QStringList();
+            << "get synccard output_frequency fail" << cameras << 60.0
+            << QStringList{"Error: Unable to get output frequency of the synccard"};
     QTest::newRow("sensor") << none << sensor << 400.0 << QStringList();
     QTest::newRow("sensor unknown") << "get inertial frequency fail" << sensor << 100.0
                                     << QStringList{"Error: Unable to get inertial frequency"};
@@ -211,6 +214,30 @@ void tst_trackingdlgpulse::sensorQueriesFail()
     auto *list = Drive::find<QComboBox>(&dialog, "comboBox_inertialSensor");
     QCOMPARE(list->count(), items);
     QCOMPARE(list->isEnabled(), items > 0);
+}
+
+void tst_trackingdlgpulse::blankNamesAreNone_data()
+{
+    QTest::addColumn<QString>("query");
+    QTest::newRow("sensor") << "inertial sensor d01";
+    QTest::newRow("body") << "inertial body_of_sensor vendorone mini 'A7'";
+}
+
+void tst_trackingdlgpulse::blankNamesAreNone()
+{
+    QFETCH(QString, query);
+    ControllerState state = twoBodies();
+    state.sensors.resize(1);
+    state.sensors[0].name = QStringLiteral("vendorone mini 'A7'");
+    state.bodyTypes[QStringLiteral("standard")].bodies[0].sensor = state.sensors[0].name;
+    TestHost host(state);
+    host.fault(QStringLiteral("get %1 empty").arg(query));
+    TrackingDlg dialog(&host.io, &host.mainWindow, &host.versions, moduleVersion);
+    dialog.update_comboBox_inertialSensor();
+    QCOMPARE(Drive::find<QComboBox>(&dialog, "comboBox_inertialSensor")->count(), 0);
+    // Nothing is asked about a sensor without a name, or without a body.
+    QCOMPARE(host.queries().last(), query);
+    QCOMPARE(host.log(), QStringList());
 }
 
 void tst_trackingdlgpulse::inputsFollowTheSource()

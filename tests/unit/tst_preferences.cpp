@@ -7,10 +7,13 @@
 #include <QDomDocument>
 #include <QFile>
 #include <QPushButton>
+#include <QTextCodec>
 
 #include <csignal>
 #include <functional>
 #include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 /** The preferences file of the tracking settings dialog, in a home folder of the test's own. */
 class tst_preferences : public DialogTest {
@@ -21,6 +24,7 @@ private slots:
     void noFileIsNoFailure();
     void written_data();
     void written();
+    void writtenAsUtf8InEveryLocale();
     void read_data();
     void read();
     void malformed();
@@ -29,6 +33,7 @@ private slots:
     void directoryCannotBeCreated();
     void fileCannotBeWritten();
     void oldFileStaysWholeWhenWritingFails();
+    void fileIsWrittenInAFolderThatTakesNoNewFile();
     void nothingIsLeftBesideTheFile();
     void roundTrip_data();
     void roundTrip();
@@ -118,6 +123,29 @@ private:
     rlimit m_before{};
 };
 
+/** While it lives this process can make no file in the folder, only write those that are there. */
+class ReadOnlyFolder {
+public:
+    explicit ReadOnlyFolder(const QString &folder) : m_folder(folder.toLocal8Bit())
+    {
+        chmod(m_folder.constData(), 0555);
+        // Access rights do not hold off the superuser.
+        if (m_isSuperuser && seteuid(nobody) != 0)
+            qFatal("the superuser cannot become somebody else");
+    }
+    ~ReadOnlyFolder()
+    {
+        if (m_isSuperuser && seteuid(0) != 0)
+            qFatal("the superuser does not come back");
+        chmod(m_folder.constData(), 0755);
+    }
+
+private:
+    static constexpr uid_t nobody = 65534;
+    QByteArray m_folder;
+    bool m_isSuperuser = geteuid() == 0;
+};
+
 } // namespace
 
 void tst_preferences::location()
@@ -156,6 +184,18 @@ void tst_preferences::written()
     QVERIFY(TrackingPreferences(folder()).save(visible, shown, &problem));
     QCOMPARE(problem, QString());
     QCOMPARE(content(), expected);
+}
+
+void tst_preferences::writtenAsUtf8InEveryLocale()
+{
+    // The stream would take the codec of the locale otherwise, and name it in the file.
+    QTextCodec *const before = QTextCodec::codecForLocale();
+    QTextCodec::setCodecForLocale(QTextCodec::codecForName("ISO-8859-1"));
+    QString problem;
+    const bool saved = TrackingPreferences(folder()).save(true, true, &problem);
+    QTextCodec::setCodecForLocale(before);
+    QVERIFY2(saved, qPrintable(problem));
+    QCOMPARE(content(), fileOf(" VISIBLE=\"true\"", "false"));
 }
 
 void tst_preferences::read_data()
@@ -297,6 +337,25 @@ void tst_preferences::oldFileStaysWholeWhenWritingFails()
     QCOMPARE(content(), old);
     QCOMPARE(QDir(folder()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
              QStringList{QStringLiteral("trackingsettings-preferences.xml")});
+}
+
+void tst_preferences::fileIsWrittenInAFolderThatTakesNoNewFile()
+{
+    const QByteArray old = fileOf(" VISIBLE=\"true\"", "false");
+    put(old);
+    QVERIFY(QFile::setPermissions(fileName(), QFile::Permissions(0x6666)));
+    QString problem;
+    bool saved = false;
+    {
+        // The folders above belong to the test's user alone otherwise.
+        chmod(home().toLocal8Bit().constData(), 0755);
+        const ReadOnlyFolder readOnly(folder());
+        QVERIFY(!QFile(folder() + QStringLiteral("/other")).open(QIODevice::WriteOnly));
+        saved = TrackingPreferences(folder()).save(false, true, &problem);
+    }
+    QVERIFY2(saved, qPrintable(problem));
+    QCOMPARE(problem, QString());
+    QCOMPARE(content(), fileOf("", "false"));
 }
 
 void tst_preferences::nothingIsLeftBesideTheFile()
