@@ -57,7 +57,12 @@ FilterDialog::FilterDialog(IOManager *iom, QWidget *parent, BackendVersions *beV
     ui->messageLine->follow(m_observer);
     if (parent)
         setWindowIcon(parent->windowIcon());
-    noticeConfiguration();
+    auto *watch = new ConfigurationWatch(iom, this);
+    // What is shown belongs to the configuration that is gone: nothing of it is sent any more.
+    connect(watch, &ConfigurationWatch::changed, this, [this] { m_outdated = true; });
+    // Queued, because the message may come while an operation waits for its answer.
+    connect(watch, &ConfigurationWatch::changed, this, &FilterDialog::readAgain,
+            Qt::QueuedConnection);
     setup_combobox_preset_info();
     setup_spinBox_strength();
     setup_spinBox_prediction();
@@ -67,16 +72,6 @@ FilterDialog::FilterDialog(IOManager *iom, QWidget *parent, BackendVersions *beV
 FilterDialog::~FilterDialog()
 {
     qDeleteAll(listPresets);
-}
-
-void FilterDialog::noticeConfiguration()
-{
-    auto *watch = new ConfigurationWatch(iom, this);
-    // What is shown belongs to the configuration that is gone: nothing of it is sent any more.
-    connect(watch, &ConfigurationWatch::changed, this, [this] { m_outdated = true; });
-    // Queued, because the message may come while an operation waits for its answer.
-    connect(watch, &ConfigurationWatch::changed, this, &FilterDialog::readAgain,
-            Qt::QueuedConnection);
 }
 
 int FilterDialog::update_and_exec(int bodyType, int bodyIndex)

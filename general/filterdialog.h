@@ -104,7 +104,6 @@ private slots:
     void on_pushButton_exit_clicked();
 
 private:
-    void noticeConfiguration();
     void readAgain();
     bool readFilter(const QString &preferredBody);
     bool isUserAction() const { return bUserAction && !m_outdated; }
