@@ -4,9 +4,6 @@
 
 namespace {
 
-const char *const presetWord = "preset";
-const char *const modeWord = "mode";
-
 QString identifier(const QString &type, int index)
 {
     return QStringLiteral("%1 b%2").arg(type, bodyNumber(index));
@@ -51,66 +48,84 @@ bool FilterReader::isAvailable(const QString &type) const
     return answer == QLatin1String("yes");
 }
 
+/** The queries of one list; `noun` is what the log calls its entries. */
+struct FilterReader::ListQueries {
+    const char *noun;
+    const char *count;
+    const char *id;
+    const char *available;
+    const char *description;
+};
+
+const FilterReader::ListQueries FilterReader::presetQueries = {
+        "preset", "filter6d number_of_presets", "filter6d preset_id",
+        "body filter6d_preset_available", "filter6d preset_desc"};
+
+const FilterReader::ListQueries FilterReader::modeQueries = {
+        "mode", "filter6d number_of_modes", "filter6d mode_id", "body filter6d_mode_available",
+        "filter6d mode_desc"};
+
 QVector<FilterReader::Choice> FilterReader::presets() const
 {
-    return choices(presetWord, QString());
+    return choices(presetQueries, QString());
 }
 
 QVector<FilterReader::Choice> FilterReader::presetsOf(const QString &body) const
 {
-    return choices(presetWord, body);
+    return choices(presetQueries, body);
 }
 
 QVector<FilterReader::Choice> FilterReader::modes() const
 {
-    return choices(modeWord, QString());
+    return choices(modeQueries, QString());
 }
 
 QVector<FilterReader::Choice> FilterReader::modesOf(const QString &body) const
 {
-    return choices(modeWord, body);
+    return choices(modeQueries, body);
 }
 
 /** The presets or modes in the controller's order; without a body all of them. */
-QVector<FilterReader::Choice> FilterReader::choices(const char *kind, const QString &body) const
+QVector<FilterReader::Choice> FilterReader::choices(const ListQueries &list,
+                                                    const QString &body) const
 {
-    const auto count = answered(m_link.count("filter6d number_of_%ss", kind),
+    const auto count = answered(m_link.count("%s", list.count),
                                 QStringLiteral("Error: Unable to get number of filter 6d %1s")
-                                        .arg(QLatin1String(kind)));
+                                        .arg(QLatin1String(list.noun)));
     QVector<Choice> found;
     for (int number = 1; isWanted() && number <= count.value_or(0); ++number) {
-        if (const auto entry = choice(kind, number, body))
+        if (const auto entry = choice(list, number, body))
             found.append(*entry);
     }
     return found;
 }
 
-std::optional<FilterReader::Choice> FilterReader::choice(const char *kind, int number,
+std::optional<FilterReader::Choice> FilterReader::choice(const ListQueries &list, int number,
                                                          const QString &body) const
 {
     const auto id = answered(
-            m_link.name("filter6d %s_id t%02d", kind, number),
-            QStringLiteral("Error: Unable to get filter 6d %1 id").arg(QLatin1String(kind)));
+            m_link.name("%s t%02d", list.id, number),
+            QStringLiteral("Error: Unable to get filter 6d %1 id").arg(QLatin1String(list.noun)));
     if (!id || *id == QLatin1String("none"))
         return std::nullopt;
-    if (!body.isEmpty() && !isOffered(kind, *id, body))
+    if (!body.isEmpty() && !isOffered(list, *id, body))
         return std::nullopt;
     const auto description = answered(
-            m_link.text("filter6d %s_desc %s", kind, ControllerLink::argument(*id).constData()),
+            m_link.text("%s %s", list.description, ControllerLink::argument(*id).constData()),
             QStringLiteral("Error: Unable to get filter 6d %1 description")
-                    .arg(QLatin1String(kind)));
+                    .arg(QLatin1String(list.noun)));
     if (!description)
         return std::nullopt;
     return Choice{*id, ControllerLink::withoutDoubleQuotes(*description)};
 }
 
-bool FilterReader::isOffered(const char *kind, const QString &id, const QString &body) const
+bool FilterReader::isOffered(const ListQueries &list, const QString &id, const QString &body) const
 {
-    const auto answer = answered(m_link.text("body filter6d_%s_available %s %s", kind,
+    const auto answer = answered(m_link.text("%s %s %s", list.available,
                                              ControllerLink::argument(body).constData(),
                                              ControllerLink::argument(id).constData()),
                                  QStringLiteral("Error: Unable to get filter 6d %1 id available")
-                                         .arg(QLatin1String(kind)));
+                                         .arg(QLatin1String(list.noun)));
     return answer == QLatin1String("yes");
 }
 

@@ -80,14 +80,18 @@ public:
     std::optional<QString> summary(const QString &type, int index) const;
 
 private:
+    struct ListQueries;
+    static const ListQueries presetQueries;
+    static const ListQueries modeQueries;
+
     bool isWanted() const { return !m_hasAsker || m_asker; }
     int countOf(const QString &type) const;
     Body bodyAt(const QString &type, int index) const;
     bool isCalibrated(const QString &body) const;
     QString description(const QString &body) const;
-    QVector<Choice> choices(const char *kind, const QString &body) const;
-    std::optional<Choice> choice(const char *kind, int number, const QString &body) const;
-    bool isOffered(const char *kind, const QString &id, const QString &body) const;
+    QVector<Choice> choices(const ListQueries &list, const QString &body) const;
+    std::optional<Choice> choice(const ListQueries &list, int number, const QString &body) const;
+    bool isOffered(const ListQueries &list, const QString &id, const QString &body) const;
     std::optional<QString> presetSummary(const QString &preset) const;
     std::optional<QString> customSummary(const QString &type, int index) const;
     void log(const QString &line, const QString &type, int index) const;

@@ -152,7 +152,7 @@ QVector<CommandEntry> standardCommands()
 {
     return {
             {Access::Get, "standard number_of_bodies", 0, 1, false, "number of standard bodies",
-             "BodyReader, TrackingDlg", count<standardWord>},
+             "BodyReader, FixedAngles", count<standardWord>},
             {Access::Set, "standard number_of_bodies VALUE", 0, 1, true,
              "adds or drops standard bodies at the end", "BodyCommands", setCount<standardWord>},
             {Access::Get, "standard max_number_of_bodies", 0, 1, false,
@@ -163,15 +163,14 @@ QVector<CommandEntry> standardCommands()
             {Access::Set, "standard filter_bodies VALUE", 1, 12, true, "sets the global switch",
              "BodyCommands", writeFlag<&ControllerState::standardFilter>},
             {Access::Get, "standard calculate_marker", 0, 1, false, "3DOF markers are calculated",
-             "TrackingDlg", readFlag<&ControllerState::calculateMarker>},
+             "MarkerSettings", readFlag<&ControllerState::calculateMarker>},
             {Access::Set, "standard calculate_marker VALUE", 0, 1, true,
-             "switches the calculation of 3DOF markers", "TrackingDlg",
+             "switches the calculation of 3DOF markers", "MarkerSettings",
              writeFlag<&ControllerState::calculateMarker>},
             {Access::Get, "standard fixed_angle bNN", 1, 6, false,
-             "flag and angle in degrees about x, y and z", "FixedAngleDlg, TrackingDlg",
-             fixedAngles},
+             "flag and angle in degrees about x, y and z", "FixedAngles", fixedAngles},
             {Access::Set, "standard fixed_angle bNN VALUE VALUE VALUE VALUE VALUE VALUE", 1, 6,
-             true, "sets the three flags and angles, -20 to 20 degrees", "FixedAngleDlg",
+             true, "sets the three flags and angles, -20 to 20 degrees", "FixedAngles",
              setFixedAngles},
     };
 }
