@@ -4,6 +4,8 @@
 #include "filterdialogtest.h"
 #include "fixedangledlg.h"
 
+#include <QApplication>
+
 /** Another configuration becomes active while a settings dialog is open. */
 class tst_ConfigurationChange : public AdministrationFixture {
     Q_OBJECT

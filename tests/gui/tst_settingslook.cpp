@@ -1,6 +1,7 @@
 #include "filterdialogtest.h"
 #include "fixedangledlg.h"
 
+#include <QApplication>
 #include <QHeaderView>
 #include <QScopeGuard>
 #include <QStyledItemDelegate>

@@ -342,19 +342,6 @@ static QByteArray sourcesOf(const QString &className)
     return sources;
 }
 
-/** Presets and modes are asked for by one loop, with commands that differ in that word only. */
-static QByteArray withKinds(const QByteArray &sources)
-{
-    QByteArray written = sources;
-    for (const char *kind : {"preset", "mode"}) {
-        QByteArray one = sources;
-        one.replace("_%ss", QByteArray("_") + kind + 's');
-        one.replace("%s_", QByteArray(kind) + '_');
-        written += one;
-    }
-    return written;
-}
-
 void tst_SimulatedCommands::usersSendTheCommand()
 {
     QHash<QString, QByteArray> sources;
@@ -364,7 +351,7 @@ void tst_SimulatedCommands::usersSendTheCommand()
         const QByteArray beginning = pattern.split(' ').mid(0, words).join(' ');
         for (const QString &user : QString::fromLatin1(entry.usedBy).split(QStringLiteral(", "))) {
             if (!sources.contains(user))
-                sources.insert(user, withKinds(sourcesOf(user)));
+                sources.insert(user, sourcesOf(user));
             QVERIFY2(sources.value(user).contains(beginning),
                      qPrintable(QStringLiteral("%1 does not use %2")
                                         .arg(user, QString::fromLatin1(entry.pattern))));
