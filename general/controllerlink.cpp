@@ -46,30 +46,6 @@ __attribute__((format(printf, 1, 0))) QByteArray formatted(const char *format, v
     return line.toUtf8();
 }
 
-/** Lets the observer know when an operation is over: a host may delete its dialog meanwhile. */
-class ObservedOperation {
-public:
-    explicit ObservedOperation(const QPointer<LinkObserver> &observer) : m_observer(observer) {}
-    ~ObservedOperation()
-    {
-        if (m_observer)
-            emit m_observer->operationDone();
-    }
-    ObservedOperation(const ObservedOperation &) = delete;
-    ObservedOperation &operator=(const ObservedOperation &) = delete;
-
-    /** The result of a write. */
-    bool accepted(bool done) const
-    {
-        if (done && m_observer)
-            emit m_observer->writeAccepted();
-        return done;
-    }
-
-private:
-    const QPointer<LinkObserver> m_observer;
-};
-
 } // namespace
 
 // A va_list lives in the function that has the dots, so no other function can do this.
@@ -79,18 +55,70 @@ private:
     const QByteArray line = formatted(format, arguments);                                          \
     va_end(arguments)
 
+/**
+ * One query or write. Keeps what it needs of the link, since a host may delete the link's owner
+ * meanwhile, and lets the observer know when it is over.
+ */
+class ControllerLink::Operation {
+public:
+    explicit Operation(const ControllerLink &link)
+        : m_host(link.m_host), m_observer(link.m_observer)
+    {
+    }
+    ~Operation()
+    {
+        if (m_observer)
+            emit m_observer->operationDone();
+    }
+    Operation(const Operation &) = delete;
+    Operation &operator=(const Operation &) = delete;
+
+    /** Carries out `call` for a line that may be sent; true when the host reports no failure. */
+    template <typename Call>
+    bool succeeds(const QByteArray &line, const Call &call) const
+    {
+        return m_host->iom && !line.isEmpty() && call(m_host->iom) == 0 && !m_host->closed;
+    }
+    /** The result of a write. */
+    bool accepted(bool done) const
+    {
+        if (done && m_observer)
+            emit m_observer->writeAccepted();
+        return done;
+    }
+
+private:
+    const std::shared_ptr<const Host> m_host;
+    const QPointer<LinkObserver> m_observer;
+};
+
 ControllerLink::ControllerLink(IOManager *iom, const BackendVersions *versions,
                                LinkObserver *observer)
-    : m_iom(iom), m_versions(versions), m_observer(observer)
+    : m_host(std::make_shared<Host>()), m_versions(versions), m_observer(observer)
 {
+    m_host->iom = iom;
+}
+
+void ControllerLink::close() const
+{
+    m_host->iom = nullptr;
+    m_host->closed = true;
+}
+
+bool ControllerLink::isClosed() const
+{
+    return m_host->closed;
 }
 
 std::optional<QString> ControllerLink::text(const char *format, ...) const
 {
     LINE_OF(format);
-    const ObservedOperation operation(m_observer);
+    const Operation operation(*this);
     AnswerBuffer buffer{};
-    if (!m_iom || line.isEmpty() || m_iom->get_string(buffer.data(), "%s", line.constData()) != 0)
+    const bool done = operation.succeeds(line, [&](IOManager *iom) {
+        return iom->get_string(buffer.data(), "%s", line.constData());
+    });
+    if (!done)
         return std::nullopt;
     return decode(buffer);
 }
@@ -105,11 +133,11 @@ std::optional<QString> ControllerLink::name(const char *format, ...) const
 std::optional<int> ControllerLink::integer(const char *format, ...) const
 {
     LINE_OF(format);
-    const ObservedOperation operation(m_observer);
+    const Operation operation(*this);
     int value = 0;
-    if (!m_iom || line.isEmpty() || m_iom->get_int(&value, "%s", line.constData()) != 0)
-        return std::nullopt;
-    return value;
+    const bool done = operation.succeeds(
+            line, [&](IOManager *iom) { return iom->get_int(&value, "%s", line.constData()); });
+    return done ? std::optional<int>(value) : std::nullopt;
 }
 
 std::optional<int> ControllerLink::count(const char *format, ...) const
@@ -123,22 +151,21 @@ std::optional<int> ControllerLink::count(const char *format, ...) const
 std::optional<double> ControllerLink::real(const char *format, ...) const
 {
     LINE_OF(format);
-    const ObservedOperation operation(m_observer);
+    const Operation operation(*this);
     double value = 0.0;
-    if (!m_iom || line.isEmpty() || m_iom->get_double(&value, "%s", line.constData()) != 0
-        || !std::isfinite(value))
-        return std::nullopt;
-    return value;
+    const bool done = operation.succeeds(
+            line, [&](IOManager *iom) { return iom->get_double(&value, "%s", line.constData()); });
+    return done && std::isfinite(value) ? std::optional<double>(value) : std::nullopt;
 }
 
 std::optional<bool> ControllerLink::flag(const char *format, ...) const
 {
     LINE_OF(format);
-    const ObservedOperation operation(m_observer);
+    const Operation operation(*this);
     bool value = false;
-    if (!m_iom || line.isEmpty() || m_iom->get_bool(&value, "%s", line.constData()) != 0)
-        return std::nullopt;
-    return value;
+    const bool done = operation.succeeds(
+            line, [&](IOManager *iom) { return iom->get_bool(&value, "%s", line.constData()); });
+    return done ? std::optional<bool>(value) : std::nullopt;
 }
 
 bool ControllerLink::isYes(const char *format, ...) const
@@ -150,16 +177,20 @@ bool ControllerLink::isYes(const char *format, ...) const
 bool ControllerLink::set(const char *format, ...) const
 {
     LINE_OF(format);
-    const ObservedOperation operation(m_observer);
-    return operation.accepted(m_iom && !line.isEmpty() && m_iom->set("%s", line.constData()) == 0);
+    const Operation operation(*this);
+    return operation.accepted(operation.succeeds(
+            line, [&](IOManager *iom) { return iom->set("%s", line.constData()); }));
 }
 
 bool ControllerLink::command(const char *format, ...) const
 {
     LINE_OF(format);
-    const ObservedOperation operation(m_observer);
+    const Operation operation(*this);
     AnswerBuffer buffer{};
-    if (!m_iom || line.isEmpty() || m_iom->send_command(buffer.data(), line.constData()) != 0)
+    const bool done = operation.succeeds(line, [&](IOManager *iom) {
+        return iom->send_command(buffer.data(), line.constData());
+    });
+    if (!done)
         return false;
     buffer.back() = '\0';
     // Bytes, not text: decoding would forgive a byte order mark.
@@ -169,8 +200,8 @@ bool ControllerLink::command(const char *format, ...) const
 void ControllerLink::log(const QString &line) const
 {
     const QPointer<LinkObserver> observer = m_observer;
-    if (m_iom)
-        m_iom->send_message("standard", "MORVEK3", messageKind, line.toUtf8().constData());
+    if (m_host->iom)
+        m_host->iom->send_message("standard", "MORVEK3", messageKind, line.toUtf8().constData());
     if (observer)
         emit observer->lineLogged(line);
 }
@@ -183,9 +214,9 @@ void ControllerLink::notice(const QString &line) const
 
 void ControllerLink::post(const char *channel, const QString &request) const
 {
-    if (m_iom) {
-        m_iom->send_message(channel, "BodyAdministrationModule", messageKind,
-                            request.toUtf8().constData());
+    if (m_host->iom) {
+        m_host->iom->send_message(channel, "BodyAdministrationModule", messageKind,
+                                  request.toUtf8().constData());
     }
 }
 
@@ -197,14 +228,14 @@ void ControllerLink::progress(int done, int total) const
 
 void ControllerLink::registerReceiver(const char *channel, MessageReceiver *receiver) const
 {
-    if (m_iom)
-        m_iom->register_receiver(channel, receiver);
+    if (m_host->iom)
+        m_host->iom->register_receiver(channel, receiver);
 }
 
 void ControllerLink::unregisterReceiver(const char *channel, MessageReceiver *receiver) const
 {
-    if (m_iom)
-        m_iom->unregister_receiver(channel, receiver);
+    if (m_host->iom)
+        m_host->iom->unregister_receiver(channel, receiver);
 }
 
 bool ControllerLink::protocolAtLeast(int major, int minor) const

@@ -4,6 +4,7 @@
 #include <QPointer>
 #include <QString>
 
+#include <memory>
 #include <optional>
 
 class BackendVersions;
@@ -16,17 +17,23 @@ class MessageReceiver;
  *
  * A small value that refers to the host's two objects, which outlive it; either may be null, then
  * every read and write fails, the protocol counts as the oldest and no message is sent. What it
- * does is emitted by the observer of its dialog, if there is one; the dialog may be deleted while
- * an operation runs. Formats are
- * checked at compile time. Numbers are formatted in the C locale, text travels as UTF-8. A line
- * that holds a line break or an unpaired double quote is refused and never reaches the controller;
- * pass text from the user through argument(), which turns a NUL, too, into a refused line.
+ * does is emitted by the observer of its dialog, if there is one. Its owner closes it before it is
+ * deleted, which a host may do while an operation runs: from then on no copy sends anything, and
+ * the operation counts as failed. Formats are checked at compile time. Numbers are formatted in the
+ * C locale, text travels as UTF-8. A line that holds a line break or an unpaired double quote is
+ * refused and never reaches the controller; pass text from the user through argument(), which turns
+ * a NUL, too, into a refused line.
  */
 class ControllerLink {
 public:
     /** Any may be null; the observer may be deleted at any time. */
     ControllerLink(IOManager *iom, const BackendVersions *versions,
                    LinkObserver *observer = nullptr);
+
+    /** From now on this and every copy of it is as one without host objects. */
+    void close() const;
+    /** True once it, or what it was copied from, was closed: the owner may be gone. */
+    bool isClosed() const;
 
     /**
      * The answer as text, with a replacement sign for each line break and control sign; nothing
@@ -87,7 +94,14 @@ public:
     static int wholeMilliseconds(double seconds);
 
 private:
-    IOManager *m_iom;
+    /** What all copies have in common. */
+    struct Host {
+        IOManager *iom = nullptr;
+        bool closed = false;
+    };
+    class Operation;
+
+    std::shared_ptr<Host> m_host;
     const BackendVersions *m_versions;
     QPointer<LinkObserver> m_observer;
 };
