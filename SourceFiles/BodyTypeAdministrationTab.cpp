@@ -2,6 +2,7 @@
 
 #include "linkobserver.h"
 #include "support/modulerequests.h"
+#include "support/steps.h"
 #include "support/timerpause.h"
 #include "targetlibrary.h"
 #include "targets/target.h"
@@ -76,42 +77,49 @@ void BodyTypeAdministrationTab::registerTableWidget(const QString &type, QTableW
 
 void BodyTypeAdministrationTab::updateBodyTypesInfo()
 {
+    const QPointer<QWidget> self(this);
     const QStringList types = bodytypes.names();
     for (const QString &type : types) {
-        updateBodyTypeInfo(type);
-        updateNumberOfInertialSensors(type);
-        updateTableWidget(type);
+        runSteps(this,
+                 {[&] { updateBodyTypeInfo(type); }, [&] { updateNumberOfInertialSensors(type); },
+                  [&] { updateTableWidget(type); }});
+        if (!self)
+            return;
     }
 }
 
 void BodyTypeAdministrationTab::updateBodyTypeInfo(const QString &type)
 {
-    reader().readBodies(bodytypes, type);
-    updateBodyTypeSpinBox(type, false);
+    runSteps(this, {[&] { reader().readBodies(bodytypes, type); },
+                    [&] { updateBodyTypeSpinBox(type, false); }});
 }
 
 void BodyTypeAdministrationTab::updateBodyTypeSpinBox(const QString &type, bool readMaximum)
 {
     if (!bodytypes.type(type).spinBox)
         return;
+    const QPointer<QWidget> self(this);
+    const int limit = readMaximum ? morvek2_getMaxNumberOfBodies(type) : 0;
+    if (!self)
+        return;
     if (readMaximum)
-        bodytypes.setLimit(type, morvek2_getMaxNumberOfBodies(type));
+        bodytypes.setLimit(type, limit);
     BodyTableFiller::showCount(bodytypes.type(type));
     m_search.setUsable(bodytypes.type(type).spinBox, bodytypes.type(type).isCountRead);
 }
 
 void BodyTypeAdministrationTab::updateTableWidget(const QString &type)
 {
+    const QPointer<QWidget> self(this);
     const bool warmupRuleMet = reader().isWarmupRuleMet();
-    if (!bodytypes.type(type).tableWidget)
+    if (!self || !bodytypes.type(type).tableWidget)
         return;
     const FillGuard filling = m_input.startFilling();
-    const BodyTableFiller filler(m_tableIcons, warmupRuleMet,
-                                 BodyTableFiller::Allowed::by(link(), m_is_config_locked));
-    filler.fill(type, bodytypes.type(type),
-                [this](const QString &cellType, int row, int column, QTableWidgetItem *item) {
-                    updateTableWidgetCell(cellType, row, column, item);
-                });
+    const BodyTableFiller filler(m_tableIcons, warmupRuleMet, bodytypes,
+                                 BodyTableFiller::Allowed::by(link()));
+    filler.fill(type, [this](const QString &cellType, int row, int column, QTableWidgetItem *item) {
+        updateTableWidgetCell(cellType, row, column, item);
+    });
 }
 
 void BodyTypeAdministrationTab::readMissing(bool isLibraryNew)
@@ -124,17 +132,22 @@ void BodyTypeAdministrationTab::readMissing(bool isLibraryNew)
 
 void BodyTypeAdministrationTab::refreshBody(const QString &type, int index)
 {
-    updateBodyInfo(type, index);
-    updateTableWidget(type);
-    updateView();
+    runSteps(this, {[&] { updateBodyInfo(type, index); }, [&] { updateTableWidget(type); },
+                    [&] { updateView(); }});
 }
 
 void BodyTypeAdministrationTab::update_tab()
 {
+    const QPointer<QWidget> self(this);
     const QStringList types = bodytypes.names();
-    for (const QString &type : types)
+    for (const QString &type : types) {
         updateBodyTypeSpinBox(type, true);
+        if (!self)
+            return;
+    }
     updateBodyTypesInfo();
+    if (!self)
+        return;
     current_bid = qMin(current_bid, getNumberOfBodies(current_btype) - 1);
     updateView();
 }
@@ -142,30 +155,29 @@ void BodyTypeAdministrationTab::update_tab()
 void BodyTypeAdministrationTab::refreshTargets()
 {
     const TabWidgets &widgets = tabWidgets();
+    const QPointer<QTableWidget> targets = widgets.targetTable;
     selectionTableLeft = qMax(0, widgets.bodyTable->currentRow());
-    update_tableWidget_targetlibrary(widgets.targetTable, widgets.type, m_targets.category());
-    selectionTableRight = widgets.targetTable->currentRow();
+    update_tableWidget_targetlibrary(targets, widgets.type, m_targets.category());
+    if (targets)
+        selectionTableRight = targets->currentRow();
 }
 
 void BodyTypeAdministrationTab::refreshBodies()
 {
     current_btype = mainBodyType();
     current_bid = selectionTableLeft;
-    BodyTypeAdministrationTab::update_tab();
-    setSelectionOfTables(tabWidgets().bodyTable, tabWidgets().targetTable);
-    resetSearchWidgets();
+    runSteps(this, {[&] { BodyTypeAdministrationTab::update_tab(); },
+                    [&] { setSelectionOfTables(tabWidgets().bodyTable, tabWidgets().targetTable); },
+                    [&] { resetSearchWidgets(); }});
 }
 
 void BodyTypeAdministrationTab::setSelectionOfTables(QTableWidget *bodyTable, QTableWidget *tlTable)
 {
+    const QPointer<QWidget> self(this);
     BodyTableFiller::restoreRow(bodyTable, selectionTableLeft);
-    BodyTableFiller::restoreRow(tlTable, selectionTableRight, TargetTableFiller::ShortNameColumn);
-}
-
-void BodyTypeAdministrationTab::showLimit(QLabel *label, const QSpinBox *spinBox,
-                                          const QString &text)
-{
-    label->setText(spinBox->value() >= spinBox->maximum() ? text : QString());
+    if (self)
+        BodyTableFiller::restoreRow(tlTable, selectionTableRight,
+                                    TargetTableFiller::ShortNameColumn);
 }
 
 // What the operator wants
@@ -179,9 +191,8 @@ void BodyTypeAdministrationTab::takeCurrentBody(const QString &type, int index)
 
 void BodyTypeAdministrationTab::takeName(const QString &type, int index, const QString &name)
 {
-    setBodyDescription(type, index, name);
-    updateTableWidget(type);
-    updateView();
+    runSteps(this, {[&] { setBodyDescription(type, index, name); },
+                    [&] { updateTableWidget(type); }, [&] { updateView(); }});
 }
 
 void BodyTypeAdministrationTab::takeCount(const QString &type, int count)
@@ -198,8 +209,8 @@ void BodyTypeAdministrationTab::editFilter(const QString &type, int index)
         return;
     if (!openFilterDialog(type == QLatin1String("standard") ? 0 : 1, index))
         return;
-    updateBodyFilter6dPreset(type, index);
-    updateTableWidget(type);
+    runSteps(this,
+             {[&] { updateBodyFilter6dPreset(type, index); }, [&] { updateTableWidget(type); }});
 }
 
 void BodyTypeAdministrationTab::deleteAndRefresh(const QString &type, int index)
@@ -230,14 +241,16 @@ void BodyTypeAdministrationTab::setNumberOfBodies(const QString &type, int count
     checkForReferenceDisabeledAndResetIfNec(count, asked, type);
     if (!self || count == asked)
         return;
-    const int accepted = morvek2_setNumberOfBodies(type, count) ? count : asked;
-    reader().readBodies(bodytypes, type, asked, accepted);
-    updateBodyTypeSpinBox(type, false);
-    if (current_btype == type)
-        current_bid = qMin(current_bid, getNumberOfBodies(type) - 1);
-    emit selection_changed(current_btype, current_bid);
-    updateTableWidget(type);
-    updateView();
+    int accepted = asked;
+    runSteps(this, {[&] { accepted = morvek2_setNumberOfBodies(type, count) ? count : asked; },
+                    [&] { reader().readBodies(bodytypes, type, asked, accepted); },
+                    [&] { updateBodyTypeSpinBox(type, false); },
+                    [&] {
+                        if (current_btype == type)
+                            current_bid = qMin(current_bid, getNumberOfBodies(type) - 1);
+                        emit selection_changed(current_btype, current_bid);
+                    },
+                    [&] { updateTableWidget(type); }, [&] { updateView(); }});
 }
 
 void BodyTypeAdministrationTab::checkForReferenceDisabeledAndResetIfNec(int &newCount, int oldCount,
@@ -256,31 +269,36 @@ void BodyTypeAdministrationTab::setBodyActive(const QString &type, int index, bo
 {
     if (!bodytypes.hasBody(type, index))
         return;
+    const QPointer<QWidget> self(this);
     if (link().protocolAtLeast(1, 11))
         morvek2_setBodyActive(type, index, active);
-    updateBodyInfo(type, index);
-    updateTableWidget(type);
+    if (self)
+        runSteps(this, {[&] { updateBodyInfo(type, index); }, [&] { updateTableWidget(type); }});
 }
 
 void BodyTypeAdministrationTab::setBodyDescription(const QString &type, int index,
                                                    const QString &text)
 {
+    const QPointer<QWidget> self(this);
     if (link().protocolAtLeast(0, 16))
         morvek2_setBodyDescription(type, index, text);
-    updateBodyInfo(type, index);
+    if (self)
+        updateBodyInfo(type, index);
 }
 
 void BodyTypeAdministrationTab::setBodyReference(const QString &type, int index, bool reference)
 {
     const bool refused = reference && !isBodyActive(type, index);
+    const QPointer<QWidget> self(this);
     if (refused && !m_questions.showInactiveReference())
         return;
     if (!refused && link().protocolAtLeast(1, 24))
         morvek2_setBodyIsReference(type, index, reference);
     // Another body loses the mark, so one body read again would not do.
-    for (int other = 0; !refused && other < getNumberOfBodies(type); ++other)
+    for (int other = 0; self && !refused && other < getNumberOfBodies(type); ++other)
         updateBodyInfo(type, other);
-    updateTableWidget(type);
+    if (self)
+        updateTableWidget(type);
 }
 
 bool BodyTypeAdministrationTab::refreshAfter(const QString &type, int index,
@@ -295,20 +313,20 @@ bool BodyTypeAdministrationTab::switchBody(const QString &type, int index, int o
 {
     if (m_actions.exchange(type, index, otherIndex) != BodyActions::Outcome::Done)
         return false;
-    updateBodyInfo(type, index);
-    refreshBody(type, otherIndex);
-    return true;
+    return runSteps(this,
+                    {[&] { updateBodyInfo(type, index); }, [&] { refreshBody(type, otherIndex); }});
 }
 
 void BodyTypeAdministrationTab::switchGlobalFilterOn(const QString &type)
 {
+    const BodyCommands commands = this->commands();
     if (link().protocolAtLeast(1, 12) && !m_is_config_locked && reader().isGlobalFilterOff(type))
-        commands().switchGlobalFilterOn(type);
+        commands.switchGlobalFilterOn(type);
 }
 
 // Targets and their assignment
 
-void BodyTypeAdministrationTab::on_pushButton_select_clicked()
+void BodyTypeAdministrationTab::assignTarget()
 {
     if (!m_flow.choose(tabWidgets()))
         return;
@@ -320,22 +338,26 @@ void BodyTypeAdministrationTab::on_pushButton_select_clicked()
     if (!overwriteBodyCalibration(choice.body.name()) || !m_flow.isChoiceUnchanged()
         || !mayAssignTarget(choice.targetShortName))
         return;
-    const bool assigned = m_flow.isChoiceUnchanged()
-                          && pushButtonSelectClicked(mainBodyType(), tabWidgets().bodyTable,
-                                                     tabWidgets().targetTable);
-    update_tab();
-    if (assigned)
-        targetAssigned(choice.targetId);
+    bool assigned = m_flow.isChoiceUnchanged();
+    runSteps(this, {[&] {
+                        assigned =
+                                assigned
+                                && pushButtonSelectClicked(mainBodyType(), tabWidgets().bodyTable,
+                                                           tabWidgets().targetTable);
+                    },
+                    [&] { update_tab(); },
+                    [&] {
+                        if (assigned)
+                            targetAssigned(choice.targetId);
+                    }});
 }
 
-void BodyTypeAdministrationTab::on_pushButton_deselect_clicked()
+void BodyTypeAdministrationTab::releaseTarget()
 {
     if (tabWidgets().bodyTable->currentRow() < 0)
         return;
-    const QPointer<QWidget> self(this);
-    pushButtonDeSelectClicked(mainBodyType(), tabWidgets().bodyTable);
-    if (self)
-        update_tab();
+    runSteps(this, {[&] { pushButtonDeSelectClicked(mainBodyType(), tabWidgets().bodyTable); },
+                    [&] { update_tab(); }});
 }
 
 void BodyTypeAdministrationTab::pushButtonDeSelectClicked(const QString &type,
@@ -348,8 +370,11 @@ void BodyTypeAdministrationTab::pushButtonDeSelectClicked(const QString &type,
 void BodyTypeAdministrationTab::deleteBodyAndUpdateTlCalibratedOfTarget(const QString &type,
                                                                         int index)
 {
-    const QString held = m_assignment.targetOfBody(type, index);
+    const BodySnapshot seen(bodytypes, type, index);
     const QPointer<QWidget> self(this);
+    const QString held = assignment().targetOfBody(type, index);
+    if (!self || !seen.isCurrent(bodytypes))
+        return;
     deleteBody(type, index);
     if (self && !held.isEmpty() && held != QLatin1String("none"))
         updateTlCalibratedOfTarget(targetlib->getTidFromShortname(held));
@@ -364,61 +389,12 @@ void BodyTypeAdministrationTab::updateCalStatusTablewidgetTl(const QString &type
 
 void BodyTypeAdministrationTab::categoryChosen(const QString &group)
 {
-    m_targets.refreshUsedInCategory(group);
-    update_tableWidget_targetlibrary(tabWidgets().targetTable, mainBodyType(),
-                                     m_targets.category());
-    rowChosen();
-}
-
-// Search run
-
-void BodyTypeAdministrationTab::on_pushButton_start_clicked()
-{
-    if (tabWidgets().category)
-        set_comboBox_filter_to(TargetTableFiller::foundTargets());
-    if (!m_search.canStart())
-        return;
-    m_search.showRunning();
-    activate_pushButton_start();
-    activate_pushButton_stop();
-    enableControls(false);
-    m_search.start();
-}
-
-void BodyTypeAdministrationTab::on_pushButton_stop_clicked()
-{
-    m_search.cancel();
-    m_search.showIdle();
-    const QPointer<QWidget> self(this);
-    showMessageFoundTargets_tl(numTracked_tl);
-    if (self)
-        m_search.startTracking();
-}
-
-void BodyTypeAdministrationTab::doMeasurement_tl()
-{
-    const TargetSearchRun::Step step = m_search.poll();
-    if (step == TargetSearchRun::Step::Searching)
-        return updateTrackedAndAcceptStatus_tl();
-    const QPointer<QWidget> self(this);
-    if (step == TargetSearchRun::Step::Ended)
-        showMessageFoundTargets_tl(numTracked_tl = getTrackedTargets());
-    if (!self)
-        return;
-    m_search.showIdle();
-    m_search.startTracking();
-}
-
-void BodyTypeAdministrationTab::updateTrackedAndAcceptStatus_tl()
-{
-    int alreadyUsed = 0;
-    if (m_targets.showsFoundTargets()) {
-        updateTlTrackedStatus(mainBodyType());
-        update_tableWidget_targetlibrary(tabWidgets().targetTable, mainBodyType(),
-                                         TargetTableFiller::foundTargets());
-    }
-    do_updateTrackedAndAcceptStatus_tl(tabWidgets().targetTable, numTracked_tl, alreadyUsed);
-    m_search.showCounts(numTracked_tl, alreadyUsed);
+    runSteps(this, {[&] { m_targets.refreshUsedInCategory(group); },
+                    [&] {
+                        update_tableWidget_targetlibrary(tabWidgets().targetTable, mainBodyType(),
+                                                         m_targets.category());
+                    },
+                    [&] { rowChosen(); }});
 }
 
 // Button rules
@@ -444,12 +420,36 @@ void BodyTypeAdministrationTab::setConfigLockedStatus(bool locked)
     m_is_config_locked = locked;
     bodytypes.setLocked(locked);
     m_search.setConfigLocked(locked);
+    if (changed)
+        m_input.discard();
     if (!changed || !isVisible())
         return;
+    const QPointer<QWidget> self(this);
     const QStringList types = bodytypes.names();
-    for (const QString &type : types)
+    for (const QString &type : types) {
         updateTableWidget(type);
+        if (!self)
+            return;
+    }
     updateView();
+}
+
+void BodyTypeAdministrationTab::retire()
+{
+    stopAllTimer();
+    for (QTimer *timer : {timerDoMea_tl, timerCheckForTracked_tl})
+        timer->disconnect(this);
+    m_input.retire();
+}
+
+void BodyTypeAdministrationTab::abandon()
+{
+    retire();
+    m_input.discard();
+    disconnect();
+    m_input.disconnectWidgets(this);
+    m_search.disconnectWidgets(this);
+    link().close();
 }
 
 void BodyTypeAdministrationTab::ON_tableWidget_cellClicked(int row, int column)

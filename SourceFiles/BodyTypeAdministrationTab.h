@@ -9,7 +9,9 @@
 #include "bodies/bodytableinput.h"
 #include "bodies/tabwidgets.h"
 #include "support/filterdialogrun.h"
+#include "support/refreshgate.h"
 #include "targets/assignmentflow.h"
+#include "targets/searchflow.h"
 #include "targets/targetassignment.h"
 #include "targets/targetlistpanel.h"
 #include "targets/targetsearchpanel.h"
@@ -21,7 +23,8 @@
 #include <QVector>
 #include <QWidget>
 
-class QLabel;
+#include <functional>
+
 class QTimer;
 
 /**
@@ -66,6 +69,20 @@ public:
     virtual void update_tab();
     /** The dialog is about to close: stops the timers. */
     virtual void about_to_exit() { stopAllTimer(); }
+    /** The host shuts down: nothing that is timed or queued happens any more. */
+    void retire();
+    /** About to be deleted: nothing typed is taken over, nothing is sent or emitted any more. */
+    void abandon();
+    /** The page is about to be hidden: what is typed is taken over. */
+    void commitEditing() { m_input.commit(); }
+    /** The records belong to a configuration that is active no more; what is typed is dropped. */
+    void outdate()
+    {
+        bodytypes.beginGeneration();
+        m_input.discard();
+    }
+    /** What a button asks for; dropped while another request or its question is under way. */
+    void perform(const std::function<void()> &request) { m_input.perform(request); }
 public slots:
     /** Another configuration was activated on the controller. */
     virtual void ON_activeConfigurationChanged() {}
@@ -144,14 +161,14 @@ public:
     void deleteTargetInDifferentSlotIfExists(const QString &target, const QString &type,
                                              QTableWidget *table)
     {
-        m_assignment.freeElsewhere(target, type, table->currentRow(), getNumberOfBodies(type));
+        assignment().freeElsewhere(target, type, table->currentRow(), getNumberOfBodies(type));
     }
     /** Deletes a body, asking first, and reads whether the target it held is still in use. */
     void deleteBodyAndUpdateTlCalibratedOfTarget(const QString &type, int index);
     /** Reads whether a body holds the target; keeps what is known, and logs, on failure. */
-    void updateTlCalibratedOfTarget(const QString &targetId) { m_assignment.refreshUsed(targetId); }
+    void updateTlCalibratedOfTarget(const QString &targetId) { assignment().refreshUsed(targetId); }
     /** updateTlCalibratedOfTarget() for each identifier. Kept for other tabs. */
-    void updateTlCalibratedOfTargets(const QStringList &ids) { m_assignment.refreshUsed(ids); }
+    void updateTlCalibratedOfTargets(const QStringList &ids) { assignment().refreshUsed(ids); }
     /** Reads which of the listed targets are in use and shows it. */
     void updateCalStatusTablewidgetTl(const QString &type);
     /** Asks the controller which targets of the type the cameras see. */
@@ -183,6 +200,10 @@ public:
 
     /** The body type that the tab's page is about. */
     QString mainBodyType() const { return tabWidgets().type; }
+    /** True while this tab polls a search it started. */
+    bool isSearchRunning() const { return m_search.isRunning(); }
+    /** Lets the operator stop a search that no tab polls. */
+    void offerStop() { m_search.offerStop(); }
 
 signals:
     /** The current body changed or was acted on. */
@@ -201,13 +222,33 @@ protected slots:
     }
     void ON_tableWidget_itemChanged(QTableWidgetItem *item) { m_input.itemChanged(item); }
 
-    void on_pushButton_select_clicked();
-    void on_pushButton_deselect_clicked();
-    void on_pushButton_start_clicked();
-    void on_pushButton_stop_clicked();
+    void on_pushButton_select_clicked()
+    {
+        perform([this] { assignTarget(); });
+    }
+    void on_pushButton_deselect_clicked()
+    {
+        perform([this] { releaseTarget(); });
+    }
+    void on_pushButton_start_clicked()
+    {
+        perform([this] { m_searchFlow.start(); });
+    }
+    void on_pushButton_stop_clicked()
+    {
+        perform([this] { m_searchFlow.stop(numTracked_tl); });
+    }
     void on_tableWidget_targetlibrary_itemSelectionChanged() { rowChosen(); }
-    void doMeasurement_tl();
-    void updateTrackedAndAcceptStatus_tl();
+    void doMeasurement_tl()
+    {
+        selectedRowTl = tabWidgets().targetTable->currentRow();
+        m_searchFlow.poll(&numTracked_tl);
+    }
+    void updateTrackedAndAcceptStatus_tl()
+    {
+        selectedRowTl = tabWidgets().targetTable->currentRow();
+        m_searchFlow.refresh(&numTracked_tl);
+    }
 
 protected:
     /** Asked between the click on select and the assignment; false stops it. */
@@ -221,14 +262,11 @@ protected:
         m_search.setWidgets(widgets);
         m_targets.setWidgets(widgets);
     }
+    bool isRetired() const { return m_input.isRetired(); }
     const TabWidgets &tabWidgets() const { return m_search.widgets(); }
     const BodyQuestions &questions() const { return m_questions; }
     const AssignmentFlow &assignmentFlow() const { return m_flow; }
-    /** True while this tab polls a search it started. */
-    bool isSearchRunning() const { return m_search.isRunning(); }
 
-    /** Shows `text` while the spin box is at its maximum. */
-    static void showLimit(QLabel *label, const QSpinBox *spinBox, const QString &text);
     /** A row was chosen in the body or the target table: select and deselect follow. */
     void rowChosen()
     {
@@ -283,8 +321,13 @@ protected:
     int numTracked_tl = 0;
     int selectionTableLeft = -1;
     int selectionTableRight = -1;
+    int selectedRowTl = -1;
+    RefreshGate m_refresh;
 
 private:
+    void assignTarget();
+    void releaseTarget();
+    TargetAssignment assignment() const { return m_assignment; }
     void takeCurrentBody(const QString &type, int index);
     void takeName(const QString &type, int index, const QString &name);
     void takeCount(const QString &type, int count);
@@ -293,7 +336,7 @@ private:
     void refreshBody(const QString &type, int index);
     bool refreshAfter(const QString &type, int index, BodyActions::Outcome outcome);
 
-    BodyQuestions m_questions{this, bodytypes};
+    BodyQuestions m_questions{this, link(), bodytypes};
     BodyActions m_actions{link(), bodytypes, m_questions};
     BodyTableIcons m_tableIcons{icon_ok, icon_not_cal, icon_yellow_hook, icon_cross, icon_reset};
     BodyTableInput m_input{bodytypes};
@@ -301,4 +344,5 @@ private:
     TargetListPanel m_targets{m_assignment, targetlib, icon_ok};
     AssignmentFlow m_flow{this, link(), bodytypes, m_assignment};
     TargetSearchPanel m_search;
+    SearchFlow m_searchFlow{this, m_search, m_targets, m_questions, *targetlib};
 };

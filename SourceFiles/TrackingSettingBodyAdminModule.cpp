@@ -67,6 +67,8 @@ void TrackingSettingBodyAdminModule::createTrackingEntry()
 {
     auto *dialog = new TrackingDlg(iom, mod_parent, beVers, get_module_version());
     gui_tracking.content = dialog;
+    // The host may delete the parent window, and the dialog with it, before exit_module().
+    connect(dialog, &QObject::destroyed, this, [this] { gui_tracking.content = nullptr; });
     gui_tracking.menu_name = tr("&Tracking");
     gui_tracking.menu_order_number = trackingMenuOrder;
     gui_tracking.menu_entry_order_number = trackingEntryOrder;
@@ -86,6 +88,7 @@ void TrackingSettingBodyAdminModule::createBodyAdminEntry()
 {
     auto *dialog = new BodyAdministrationDlg(iom, mod_parent, beVers);
     gui_body_admin.content = dialog;
+    connect(dialog, &QObject::destroyed, this, [this] { gui_body_admin.content = nullptr; });
     gui_body_admin.menu_name = tr("&Tracking");
     gui_body_admin.menu_order_number = trackingMenuOrder;
     gui_body_admin.menu_entry_order_number = bodyAdminEntryOrder;

@@ -14,6 +14,7 @@
 #include "support/filterdialogrun.h"
 #include "support/modulerequests.h"
 #include "support/moduleversion.h"
+#include "support/steps.h"
 #include "targetlibrary.h"
 #include "waiting.h"
 #include "wheelguard.h"
@@ -23,6 +24,9 @@
 #include <QPointer>
 #include <QScreen>
 #include <QStyle>
+#include <QTabBar>
+
+#include <utility>
 
 namespace {
 
@@ -74,7 +78,15 @@ BodyAdministrationDlg::BodyAdministrationDlg(IOManager *manager, QWidget *parent
     setSizeGripEnabled(true);
 }
 
-BodyAdministrationDlg::~BodyAdministrationDlg() = default;
+BodyAdministrationDlg::~BodyAdministrationDlg()
+{
+    about_to_exit();
+    messageReceiver->disconnect();
+    for (BodyTypeAdministrationTab *tab : qAsConst(m_tabs))
+        tab->abandon();
+    m_link.close();
+    ui->tabWidget->disconnect(this);
+}
 
 void BodyAdministrationDlg::fitToContents()
 {
@@ -131,18 +143,20 @@ void BodyAdministrationDlg::initMessageReceiver()
             &BodyAdministrationDlg::onReceiveBodyCalAvailable);
     connect(messageReceiver, &BodyAdminMessageReceiver::BodyAdjustmentAvailable, this,
             &BodyAdministrationDlg::onReceiveBodyAdjustmentAvailable);
-    connect(messageReceiver, &BodyAdminMessageReceiver::activeConfigurationChanged, this,
-            &BodyAdministrationDlg::update_config_locked);
+    const auto changed = &BodyAdminMessageReceiver::activeConfigurationChanged;
+    // Before anything is asked: what was read and is being typed belongs to another configuration.
+    for (BodyTypeAdministrationTab *tab : qAsConst(m_tabs))
+        connect(messageReceiver, changed, tab, &BodyTypeAdministrationTab::outdate);
+    connect(messageReceiver, changed, this, &BodyAdministrationDlg::update_config_locked);
     for (BodyTypeAdministrationTab *tab : qAsConst(m_tabs)) {
-        connect(messageReceiver, &BodyAdminMessageReceiver::activeConfigurationChanged, tab,
+        connect(messageReceiver, changed, tab,
                 &BodyTypeAdministrationTab::ON_activeConfigurationChanged);
     }
     // What an open dialog shows belongs to the configuration that is gone.
-    connect(messageReceiver, &BodyAdminMessageReceiver::activeConfigurationChanged, this,
-            &BodyAdministrationDlg::refreshIfVisible, Qt::QueuedConnection);
+    connect(messageReceiver, changed, this, &BodyAdministrationDlg::refreshIfVisible,
+            Qt::QueuedConnection);
     // The settings dialogs that are open hear of it through here, whoever opened them.
-    connect(messageReceiver, &BodyAdminMessageReceiver::activeConfigurationChanged, this,
-            [this] { ConfigurationWatch::announce(iom); });
+    connect(messageReceiver, changed, this, [this] { ConfigurationWatch::announce(iom); });
 }
 
 void BodyAdministrationDlg::addPages()
@@ -153,33 +167,51 @@ void BodyAdministrationDlg::addPages()
                 &BodyAdministrationDlg::onAdminTabWidget_selectionChanged);
         ui->tabWidget->addTab(tab, tab->getTabTitle());
     }
+    ui->tabWidget->installEventFilter(this);
+    ui->tabWidget->tabBar()->installEventFilter(this);
 }
 
 void BodyAdministrationDlg::about_to_exit()
 {
+    if (std::exchange(m_isExiting, true))
+        return;
     m_link.unregisterReceiver("BodyAdministrationModule", messageReceiver);
     m_link.unregisterReceiver("GlobalEvent", messageReceiver);
+    for (BodyTypeAdministrationTab *tab : qAsConst(m_tabs))
+        tab->retire();
 }
 
 // Opening, closing, reopening
 
 void BodyAdministrationDlg::update_and_exec()
 {
-    prepare();
+    showAfter([this] { return prepare(); });
+}
+
+void BodyAdministrationDlg::showAfter(const std::function<bool()> &reading)
+{
+    // The opening that is under way shows the dialog.
+    if (m_opening)
+        return;
+    m_opening = true;
+    if (!reading())
+        return;
+    m_opening = false;
     runModally();
 }
 
-void BodyAdministrationDlg::prepare()
+bool BodyAdministrationDlg::prepare()
 {
     const Waiting waiting(m_observer, Waiting::For::Refresh, tr("Reading bodies ..."));
-    update_config_locked();
-    readMissing();
-    m_is_joywand_multiuser = m_joywandTab->is_multiuser_enabled();
-    showLockState();
-    ui->pushButton_calibration->setVisible(m_current_tab == MeasurementToolTab);
-    applyButtonRules();
-    refreshCurrentTab();
-    fitToContents();
+    bool isMultiuser = false;
+    return runSteps(this, {[&] { update_config_locked(); }, [&] { readMissing(); },
+                           [&] { isMultiuser = m_joywandTab->is_multiuser_enabled(); },
+                           [&] {
+                               m_is_joywand_multiuser = isMultiuser;
+                               showLockState();
+                           },
+                           [&] { applyButtonRules(); }, [&] { refreshCurrentTab(); },
+                           [&] { fitToContents(); }});
 }
 
 void BodyAdministrationDlg::readMissing()
@@ -206,20 +238,24 @@ void BodyAdministrationDlg::runModally()
     do {
         m_reopenPending = false;
         exec();
-    } while (self && m_reopenPending);
+    } while (self && m_reopenPending && !m_isExiting);
     if (self)
         m_running = false;
 }
 
 void BodyAdministrationDlg::onReceiveReopen()
 {
-    refreshCurrentTab();
-    runModally();
+    if (m_isExiting)
+        return;
+    showLockState();
+    showAfter([this] {
+        return runSteps(this, {[this] { refreshCurrentTab(); }, [this] { fitToContents(); }});
+    });
 }
 
 void BodyAdministrationDlg::refreshIfVisible()
 {
-    if (!isVisible())
+    if (!isVisible() || m_isExiting)
         return;
     showLockState();
     refreshCurrentTab();
@@ -237,14 +273,30 @@ void BodyAdministrationDlg::reject()
 
 void BodyAdministrationDlg::leave()
 {
-    if (isCalTargetlibactive()) {
-        m_link.log(QString::fromLatin1(QT_TRANSLATE_NOOP(
+    const ControllerLink link = m_link;
+    const bool searching = isCalTargetlibactive();
+    if (link.isClosed())
+        return;
+    if (searching) {
+        offerStop();
+        link.log(QString::fromLatin1(QT_TRANSLATE_NOOP(
                 "MessageLine", "Unable to close dialog during calibration is running")));
         return;
     }
+    currentTab()->commitEditing();
     for (BodyTypeAdministrationTab *tab : qAsConst(m_tabs))
         tab->about_to_exit();
     accept();
+}
+
+void BodyAdministrationDlg::offerStop()
+{
+    for (const BodyTypeAdministrationTab *tab : qAsConst(m_tabs)) {
+        if (tab->isSearchRunning())
+            return;
+    }
+    // A search whose poll was lost, or another client's: the operator can end what keeps him here.
+    currentTab()->offerStop();
 }
 
 bool BodyAdministrationDlg::isCalTargetlibactive() const
@@ -270,7 +322,23 @@ void BodyAdministrationDlg::keyPressEvent(QKeyEvent *event)
         QDialog::keyPressEvent(event);
         return;
     }
+    currentTab()->commitEditing();
     ui->tabWidget->setCurrentIndex((ui->tabWidget->currentIndex() + 1) % ui->tabWidget->count());
+}
+
+bool BodyAdministrationDlg::eventFilter(QObject *watched, QEvent *event)
+{
+    // What is typed is taken over before its page is left: a hidden one no longer acts. Keys come
+    // to the pages' frame, and so does what the pages leave over, which is no reason to leave one.
+    const auto *key = event->type() == QEvent::KeyPress ? static_cast<QKeyEvent *>(event) : nullptr;
+    const bool leavesByKey = key && (key->modifiers() & Qt::ControlModifier) != 0
+                             && (key->key() == Qt::Key_Tab || key->key() == Qt::Key_Backtab);
+    const bool leavesByBar = watched == ui->tabWidget->tabBar()
+                             && (event->type() == QEvent::Shortcut || event->type() == QEvent::Wheel
+                                 || event->type() == QEvent::MouseButtonPress);
+    if (leavesByKey || leavesByBar)
+        currentTab()->commitEditing();
+    return QDialog::eventFilter(watched, event);
 }
 
 // The current tab
@@ -283,10 +351,11 @@ BodyTypeAdministrationTab *BodyAdministrationDlg::currentTab() const
 void BodyAdministrationDlg::refreshCurrentTab()
 {
     const Waiting waiting(m_observer, Waiting::For::Refresh, tr("Reading bodies ..."));
-    BodyTypeAdministrationTab *tab = currentTab();
-    tab->updateCalStatusTablewidgetTl(tab->mainBodyType());
-    tab->update_tab();
-    applyButtonRules();
+    m_refresh.run(this, {[&] {
+                             BodyTypeAdministrationTab *tab = currentTab();
+                             tab->updateCalStatusTablewidgetTl(tab->mainBodyType());
+                         },
+                         [&] { currentTab()->update_tab(); }, [&] { applyButtonRules(); }});
 }
 
 void BodyAdministrationDlg::on_tabWidget_currentChanged(int index)
@@ -306,8 +375,7 @@ void BodyAdministrationDlg::onAdminTabWidget_selectionChanged(const QString &typ
 {
     current_btype = type;
     current_bid = index;
-    applyButtonRules();
-    activateSelectDeselectButtons(type);
+    runSteps(this, {[&] { applyButtonRules(); }, [&] { activateSelectDeselectButtons(type); }});
 }
 
 void BodyAdministrationDlg::activateSelectDeselectButtons(const QString &type)
@@ -325,10 +393,9 @@ void BodyAdministrationDlg::activateSelectDeselectButtons(const QString &type)
 
 void BodyAdministrationDlg::applyButtonRules()
 {
-    update_calibration_button();
-    update_body_adjustment_button();
-    update_body_hybridCalibration_button();
-    update_body_filter_button();
+    runSteps(this, {[&] { update_calibration_button(); }, [&] { update_body_adjustment_button(); },
+                    [&] { update_body_hybridCalibration_button(); },
+                    [&] { update_body_filter_button(); }});
 }
 
 void BodyAdministrationDlg::update_calibration_button()
@@ -345,7 +412,10 @@ void BodyAdministrationDlg::update_body_adjustment_button()
 
 void BodyAdministrationDlg::update_body_hybridCalibration_button()
 {
-    ui->pushButton_hybridCalibration->setEnabled(currentTab()->is_hybridbodycalibration_possible());
+    const QPointer<QPushButton> button = ui->pushButton_hybridCalibration;
+    const bool possible = currentTab()->is_hybridbodycalibration_possible();
+    if (button)
+        button->setEnabled(possible);
 }
 
 void BodyAdministrationDlg::update_body_filter_button()
@@ -387,10 +457,10 @@ void BodyAdministrationDlg::on_pushButton_body_adjustment_clicked()
 
 void BodyAdministrationDlg::on_pushButton_filter_clicked()
 {
-    if (runFilterDialog(this, iom, beVers, m_current_tab, getCurrentBodyindex(m_current_tab))) {
-        currentTab()->update_tab();
-        applyButtonRules();
-    }
+    currentTab()->perform([this] {
+        if (runFilterDialog(this, iom, beVers, m_current_tab, getCurrentBodyindex(m_current_tab)))
+            runSteps(this, {[&] { currentTab()->update_tab(); }, [&] { applyButtonRules(); }});
+    });
 }
 
 int BodyAdministrationDlg::getCurrentBodyindex(int type) const
@@ -418,13 +488,19 @@ bool BodyAdministrationDlg::is_config_locked() const
 
 void BodyAdministrationDlg::update_config_locked()
 {
-    m_is_config_locked = is_config_locked();
-    for (BodyTypeAdministrationTab *tab : qAsConst(m_tabs))
-        tab->setConfigLockedStatus(m_is_config_locked);
+    const ControllerLink link = m_link;
+    const bool locked = is_config_locked();
+    if (link.isClosed())
+        return;
+    m_is_config_locked = locked;
+    const auto tabs = m_tabs;
+    for (auto tab = tabs.begin(); tab != tabs.end() && !link.isClosed(); ++tab)
+        (*tab)->setConfigLockedStatus(locked);
 }
 
 void BodyAdministrationDlg::showLockState()
 {
+    ui->pushButton_calibration->setVisible(m_current_tab == MeasurementToolTab);
     setWindowIcon(m_is_config_locked ? m_icon_lock : m_parent ? m_parent->windowIcon() : QIcon());
     for (QPushButton *button : {ui->pushButton_filter, ui->pushButton_calibration,
                                 ui->pushButton_hybridCalibration, ui->pushButton_body_adjustment})

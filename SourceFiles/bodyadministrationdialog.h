@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controllerlink.h"
+#include "support/refreshgate.h"
 
 #include <QDialog>
 #include <QIcon>
@@ -46,6 +47,7 @@ public slots:
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private slots:
     void on_tabWidget_currentChanged(int index);
@@ -80,8 +82,12 @@ private:
     void update_body_filter_button();
     void activateSelectDeselectButtons(const QString &type);
     bool hasCurrentBody() const;
-    void prepare();
     void readMissing();
+    /** Reads what an opening shows; false when the dialog was deleted meanwhile. */
+    bool prepare();
+    /** Shows the dialog after `reading`, which is false when the dialog was deleted meanwhile. */
+    void showAfter(const std::function<bool()> &reading);
+    void offerStop();
     void runModally();
     void leave();
 
@@ -103,6 +109,9 @@ private:
     bool m_is_joywand_multiuser = false;
     bool m_is_config_locked = false;
     QIcon m_icon_lock;
+    RefreshGate m_refresh;
+    bool m_opening = false;       ///< reads what it is about to show
+    bool m_isExiting = false;     ///< the host shuts down
     bool m_running = false;       ///< exec() is on the stack
     bool m_reopenPending = false; ///< "reopen" came before exec() had returned
 };

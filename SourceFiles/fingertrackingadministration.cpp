@@ -5,6 +5,8 @@
 #include "editdelegate.h"
 #include "targetlibrary.h"
 
+#include <QHeaderView>
+#include <QPointer>
 #include <QResizeEvent>
 
 namespace {
@@ -61,22 +63,26 @@ bool FingertrackingAdministration::is_fingertracking_available() const
         return false;
     if (link().protocolAtLeast(1, 22))
         return true;
-    const auto available = link().text("fingertracking available");
+    const ControllerLink host = link();
+    const auto available = host.text("fingertracking available");
     if (!available)
-        link().log(QStringLiteral("Error: Unable to get availability of hands"));
+        host.log(QStringLiteral("Error: Unable to get availability of hands"));
     return available == QLatin1String("yes");
 }
 
 void FingertrackingAdministration::checkActivateFingertracking()
 {
-    if (!m_available && is_fingertracking_available()) {
+    const QPointer<QWidget> self(this);
+    if (!m_available && is_fingertracking_available() && self) {
         registerBodyType(handsType);
+        if (!self)
+            return;
         registerSpinBox(handsType, ui->spinBox_hands);
         setupTableWidgetData();
         registerTableWidget_tl(handsType, ui->tableWidget_targetlibrary);
         m_available = true;
     }
-    if (!m_available) {
+    if (self && !m_available) {
         ui->label_error->setText(
                 tr("<b><font color=red>Fingertracking is not available!</font></b>"));
     }
@@ -109,8 +115,9 @@ void FingertrackingAdministration::set_table_column_size()
 void FingertrackingAdministration::update_fingertracking_table()
 {
     if (m_available) {
-        showLimit(ui->label_error, ui->spinBox_hands,
-                  tr("<b><font color=red>Max. number of Hands is reached!</font></b>"));
+        BodyTableFiller::showLimit(
+                ui->label_error, ui->spinBox_hands,
+                tr("<b><font color=red>Max. number of Hands is reached!</font></b>"));
     }
     set_table_column_size();
     emit selection_changed(current_btype, current_bid);
@@ -132,10 +139,8 @@ void FingertrackingAdministration::updateView()
 
 void FingertrackingAdministration::update_tab()
 {
-    refreshTargets();
-    checkActivateFingertracking();
-    displayErrorMessage(!m_available);
-    refreshBodies();
+    m_refresh.run(this, {[&] { refreshTargets(); }, [&] { checkActivateFingertracking(); },
+                         [&] { displayErrorMessage(!m_available); }, [&] { refreshBodies(); }});
 }
 
 int FingertrackingAdministration::morvek2_getMaxNumberOfBodies(const QString &type)
@@ -161,5 +166,7 @@ void FingertrackingAdministration::on_pushButton_calibration_clicked()
 void FingertrackingAdministration::resizeEvent(QResizeEvent *event)
 {
     BodyTypeAdministrationTab::resizeEvent(event);
-    set_table_column_size();
+    // The first sizing comes with the first rows.
+    if (!ui->tableWidget_fingertracking->horizontalHeader()->stretchLastSection())
+        set_table_column_size();
 }

@@ -5,6 +5,8 @@
 #include "editdelegate.h"
 #include "targetlibrary.h"
 
+#include <QHeaderView>
+#include <QPointer>
 #include <QResizeEvent>
 #include <QTableWidgetItem>
 
@@ -84,7 +86,10 @@ void JoywandAdministration::setup_joywand_table()
 
 void JoywandAdministration::setup_header_table()
 {
+    const QPointer<QWidget> self(this);
     registerBodyType(headType);
+    if (!self)
+        return;
     m_headColumns = {{COLUMN_TYPE_ID, tr("ID")},
                      {COLUMN_TYPE_CALIBRATED, tr("Calibration"), false, true},
                      {COLUMN_TYPE_DELETE, tr("Delete")},
@@ -103,8 +108,9 @@ void JoywandAdministration::set_table_column_size()
 
 void JoywandAdministration::update_joywand_table()
 {
-    showLimit(ui->label_error, ui->spinBox_joywands,
-              tr("<b><font color=red>Max. number of joywands is reached!</font></b>"));
+    BodyTableFiller::showLimit(
+            ui->label_error, ui->spinBox_joywands,
+            tr("<b><font color=red>Max. number of joywands is reached!</font></b>"));
     set_table_column_size();
     emit selection_changed(current_btype, current_bid);
 }
@@ -116,10 +122,12 @@ void JoywandAdministration::updateView()
 
 void JoywandAdministration::update_tab()
 {
-    refreshTargets();
-    check_multiuser_header();
-    refreshBodies();
-    ui->pushButton_filter->setEnabled(is_filter6d_possible() && !isSearchRunning());
+    m_refresh.run(this, {[&] { refreshTargets(); }, [&] { check_multiuser_header(); },
+                         [&] { refreshBodies(); },
+                         [&] {
+                             ui->pushButton_filter->setEnabled(is_filter6d_possible()
+                                                               && !isSearchRunning());
+                         }});
 }
 
 // Devices
@@ -128,8 +136,12 @@ QString JoywandAdministration::deviceText(int index)
 {
     // Two columns of a row show parts of one answer.
     if (m_deviceIndex != index) {
+        const ControllerLink host = link();
+        const QString device = reader().readDevice(index);
+        if (host.isClosed())
+            return noDevice;
         m_deviceIndex = index;
-        m_deviceText = reader().readDevice(index);
+        m_deviceText = device;
     }
     return m_deviceText;
 }
@@ -140,7 +152,10 @@ void JoywandAdministration::updateTableWidgetCell(const QString &type, int index
     const bool isModel = column == m_columns.titled(tr("Model"));
     if (type != joywandType || (!isModel && column != m_columns.titled(tr("Serial"))))
         return;
+    const QPointer<QWidget> self(this);
     const QString device = deviceText(index);
+    if (!self)
+        return;
     if (isModel) {
         item->setText(device == noDevice
                               ? noDevice
@@ -170,7 +185,7 @@ bool JoywandAdministration::morvek2_setNumberOfBodies(const QString &type, int c
 void JoywandAdministration::ON_spinBox_joywands_valueChanged(int count)
 {
     // As many head targets as devices.
-    if (m_headTableShown && ui->spinBox_joywands->isVisible())
+    if (m_headTableShown && !isRetired() && ui->spinBox_joywands->isVisible())
         setNumberOfBodies(headType, count);
 }
 
@@ -183,36 +198,38 @@ void JoywandAdministration::ON_activeConfigurationChanged()
 
 bool JoywandAdministration::is_multiuser_enabled() const
 {
-    if (!link().protocolAtLeast(0, 13))
+    const ControllerLink host = link();
+    if (!host.protocolAtLeast(0, 13))
         return false;
-    const auto available = link().text("joywand multiuser_available");
+    const auto available = host.text("joywand multiuser_available");
     if (!available)
-        link().log(
+        host.log(
                 QStringLiteral("Error: Unable to get info whether multiuser joywand is available"));
     if (!available || *available == QLatin1String("no"))
         return false;
-    if (link().protocolAtLeast(0, 14)) {
-        const auto withHead = link().text("joywand multiuser_with_head_available");
+    if (host.protocolAtLeast(0, 14)) {
+        const auto withHead = host.text("joywand multiuser_with_head_available");
         if (!withHead)
-            link().log(QStringLiteral(
+            host.log(QStringLiteral(
                     "Error: Unable to get info multiuser joywand with head available"));
         if (!withHead || *withHead == QLatin1String("no"))
             return false;
     }
-    const auto enabled = link().text("joywand multiuser");
+    const auto enabled = host.text("joywand multiuser");
     if (!enabled)
-        link().log(
+        host.log(
                 QStringLiteral("Error: Unable to get info whether multiuser joywand is activated"));
     return enabled && *enabled != QLatin1String("no");
 }
 
 bool JoywandAdministration::is_header_enabled() const
 {
+    const ControllerLink host = link();
     if (!is_multiuser_enabled())
         return false;
-    const auto withHead = link().text("joywand multiuser_with_head");
+    const auto withHead = host.text("joywand multiuser_with_head");
     if (!withHead) {
-        link().log(QStringLiteral(
+        host.log(QStringLiteral(
                 "Error: Unable to get info whether multiuser joywand with head is activated"));
     }
     return withHead && *withHead != QLatin1String("no");
@@ -220,7 +237,11 @@ bool JoywandAdministration::is_header_enabled() const
 
 void JoywandAdministration::check_multiuser_header()
 {
-    m_headTableShown = is_header_enabled();
+    const QPointer<QWidget> self(this);
+    const bool shown = is_header_enabled();
+    if (!self)
+        return;
+    m_headTableShown = shown;
     ui->label_head->setVisible(m_headTableShown);
     ui->tableWidget_head->setVisible(m_headTableShown);
     if (m_headTableShown && !isBodyTypeRegistered(headType))
@@ -241,12 +262,16 @@ void JoywandAdministration::on_pushButton_calibration_clicked()
 
 void JoywandAdministration::on_pushButton_filter_clicked()
 {
-    if (openFilterDialog(1, getCurrentBodyindex()))
-        update_tab();
+    perform([this] {
+        if (openFilterDialog(1, getCurrentBodyindex()))
+            update_tab();
+    });
 }
 
 void JoywandAdministration::resizeEvent(QResizeEvent *event)
 {
     BodyTypeAdministrationTab::resizeEvent(event);
-    set_table_column_size();
+    // The first sizing comes with the first rows.
+    if (!ui->tableWidget_joywand->horizontalHeader()->stretchLastSection())
+        set_table_column_size();
 }

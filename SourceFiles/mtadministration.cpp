@@ -4,10 +4,14 @@
 
 #include "bodynumber.h"
 #include "editdelegate.h"
+#include "support/steps.h"
 #include "support/userquestion.h"
 #include "targetlibrary.h"
 
+#include <QHeaderView>
 #include <QTableWidgetItem>
+
+#include <utility>
 
 using UserQuestion::Answer;
 
@@ -100,9 +104,10 @@ bool MtAdministration::is_mt_available() const
 {
     if (!link().protocolAtLeast(1, 4))
         return false;
-    const auto available = link().text("measurementtool available");
+    const ControllerLink host = link();
+    const auto available = host.text("measurementtool available");
     if (!available)
-        link().log(QStringLiteral("Error: Unable to get availability of measurement tools"));
+        host.log(QStringLiteral("Error: Unable to get availability of measurement tools"));
     return available == QLatin1String("yes");
 }
 
@@ -110,14 +115,19 @@ void MtAdministration::checkActivateMeasurementtool()
 {
     if (m_activated)
         return;
-    if (!is_mt_available()) {
+    const QPointer<QWidget> self(this);
+    const bool available = is_mt_available();
+    if (!self)
+        return;
+    if (!available) {
         displayErrorMessage(true);
         return;
     }
     m_activated = true;
-    registerBodyType(toolType);
-    registerSpinBox(toolType, ui->spinBox_mt);
-    registerBodyType(referenceType);
+    if (!runSteps(this, {[&] { registerBodyType(toolType); },
+                         [&] { registerSpinBox(toolType, ui->spinBox_mt); },
+                         [&] { registerBodyType(referenceType); }}))
+        return;
     registerSpinBox(referenceType, ui->spinBox_mtref);
     setupTableWidgetData();
     registerTableWidget_tl(toolType, ui->tableWidget_targetlibrary);
@@ -147,39 +157,61 @@ void MtAdministration::update_mt_table()
 {
     if (!m_activated)
         return;
-    showLimit(ui->label_error, ui->spinBox_mt,
-              tr("<b><font color=red>Max. number of Measurement Tools is reached!</font></b>"));
+    BodyTableFiller::showLimit(
+            ui->label_error, ui->spinBox_mt,
+            tr("<b><font color=red>Max. number of Measurement Tools is reached!</font></b>"));
 }
 
 void MtAdministration::update_ref_table()
 {
-    showLimit(ui->label_error_ref, ui->spinBox_mtref,
-              tr("<b><font color=red>Max. number of Measurement references is reached!"
-                 "</font></b>"));
+    BodyTableFiller::showLimit(
+            ui->label_error_ref, ui->spinBox_mtref,
+            tr("<b><font color=red>Max. number of Measurement references is reached!"
+               "</font></b>"));
+}
+
+void MtAdministration::set_table_column_size()
+{
+    for (const auto &[table, columns] :
+         {std::make_pair(ui->tableWidget_mt, &m_toolColumns),
+          std::make_pair(ui->tableWidget_ref, &m_referenceColumns)}) {
+        if (table->horizontalHeader()->stretchLastSection())
+            BodyTableFiller::sizeColumns(table, *columns);
+    }
 }
 
 void MtAdministration::updateView()
 {
+    set_table_column_size();
     update_mt_table();
     update_ref_table();
 }
 
 void MtAdministration::update_tab()
 {
-    if (!m_activated) {
-        checkActivateMeasurementtool();
-        displayErrorMessage(!m_activated);
-    }
+    m_refresh.run(this, {[&] { activateLate(); }, [&] { refreshToolTargets(); },
+                         [&] { BodyTypeAdministrationTab::update_tab(); },
+                         [&] { restoreSelectionOfMtTables(); }, [&] { resetSearchWidgets(); },
+                         [&] { emit selection_changed(current_btype, current_bid); }});
+}
+
+void MtAdministration::activateLate()
+{
+    if (m_activated)
+        return;
+    runSteps(this,
+             {[&] { checkActivateMeasurementtool(); }, [&] { displayErrorMessage(!m_activated); }});
+}
+
+void MtAdministration::refreshToolTargets()
+{
+    const QPointer<QWidget> self(this);
     saveSelectionOfMtTables();
     update_tableWidget_targetlibrary(ui->tableWidget_targetlibrary, toolType, currentGroup());
-    if (!isBodyTypeRegistered(current_btype) || current_bid < 0) {
+    if (self && (!isBodyTypeRegistered(current_btype) || current_bid < 0)) {
         current_btype = toolType;
         current_bid = 0;
     }
-    BodyTypeAdministrationTab::update_tab();
-    restoreSelectionOfMtTables();
-    resetSearchWidgets();
-    emit selection_changed(current_btype, current_bid);
 }
 
 void MtAdministration::saveSelectionOfMtTables()
@@ -193,10 +225,13 @@ void MtAdministration::restoreSelectionOfMtTables()
     // Restoring a selection is no choice of a current body.
     const QString type = current_btype;
     const int index = current_bid;
-    BodyTableFiller::restoreRow(ui->tableWidget_mt, qMax(0, m_toolRow));
-    BodyTableFiller::restoreRow(ui->tableWidget_ref, qMax(0, m_referenceRow));
-    current_btype = type;
-    current_bid = index;
+    runSteps(this,
+             {[&] { BodyTableFiller::restoreRow(ui->tableWidget_mt, qMax(0, m_toolRow)); },
+              [&] { BodyTableFiller::restoreRow(ui->tableWidget_ref, qMax(0, m_referenceRow)); },
+              [&] {
+                  current_btype = type;
+                  current_bid = index;
+              }});
 }
 
 void MtAdministration::updateTableWidgetCell(const QString &type, int index, int column,
@@ -225,14 +260,15 @@ QVector<int> MtAdministration::toolsOfReference(int reference) const
 
 void MtAdministration::setBodyActive(const QString &type, int index, bool active)
 {
-    const bool stopsTool = !active && type == referenceType && isBodyCalibrated(type, index)
-                           && !toolsOfReference(index).isEmpty();
-    if (stopsTool) {
-        const Answer answer =
+    const QVector<int> tools = toolsOfReference(index);
+    if (!active && type == referenceType && isBodyCalibrated(type, index) && !tools.isEmpty()) {
+        Answer answer =
                 questions().confirm(type, index,
                                     tr("After deactivating the reference,\n"
                                        "the corresponding Measurement Tool will not be tracked."),
                                     tr("Continue?"));
+        if (answer == Answer::Accepted && !areStillUsing(index, tools))
+            answer = Answer::Declined;
         if (answer == Answer::Declined)
             updateTableWidget(referenceType);
         if (answer != Answer::Accepted)
@@ -253,18 +289,25 @@ bool MtAdministration::deleteBody(const QString &type, int index)
                             : tr("Delete Measurement Tool reference body %1?\n"
                                  "If yes, the assignment to the Measurement Tool will be deleted.");
     if (questions().confirm(type, index, question.arg(bodyNumber(index)), tr("Continue?"))
-        != Answer::Accepted)
+                != Answer::Accepted
+        || !areStillUsing(index, tools))
         return false;
-    // Which tools use it may have changed while the question was shown.
-    const bool done =
-            commands().clearToolReference(typeLabel(referenceType), index, toolsOfReference(index));
-    if (!done
-        && !UserQuestion::warning(this, tr("Warning"),
-                                  tr("Delete body %1 failed").arg(bodyNumber(index))))
+    const QPointer<QWidget> self(this);
+    const bool done = commands().clearToolReference(typeLabel(referenceType), index, tools);
+    if (!self
+        || (!done
+            && !UserQuestion::warning(this, tr("Warning"),
+                                      tr("Delete body %1 failed").arg(bodyNumber(index)))))
         return false;
-    updateBodyTypesInfo();
-    updateView();
-    return done;
+    return runSteps(this, {[&] { updateBodyTypesInfo(); }, [&] { updateView(); }}) && done;
+}
+
+bool MtAdministration::areStillUsing(int reference, const QVector<int> &tools) const
+{
+    if (toolsOfReference(reference) == tools)
+        return true;
+    BodyQuestions::logChanged(link());
+    return false;
 }
 
 bool MtAdministration::mayAssignTarget(const QString &targetShortName)

@@ -50,13 +50,18 @@ private:
     void setupTableWidgetData();
     void checkActivateMeasurementtool();
     bool is_mt_available() const;
+    void set_table_column_size();
     void update_mt_table();
     void update_ref_table();
     void displayErrorMessage(bool unavailable);
     void restoreSelectionOfMtTables();
+    void refreshToolTargets();
+    void activateLate();
     bool deleteCalibrationStandardTargetIfNeeded(const QString &shortName);
     /** Zero-based indexes of the tools measured against that reference, as their table shows. */
     QVector<int> toolsOfReference(int reference) const;
+    /** True while exactly these tools are measured against that reference; else logged. */
+    bool areStillUsing(int reference, const QVector<int> &tools) const;
 
     std::unique_ptr<Ui::MtAdministrationClass> ui;
     BodyColumns m_toolColumns;

@@ -3,10 +3,12 @@
 #include "ui_standardadministration.h"
 
 #include "editdelegate.h"
+#include "support/steps.h"
 #include "support/userquestion.h"
 #include "targetlibrary.h"
 #include "targets/target.h"
 
+#include <QHeaderView>
 #include <QResizeEvent>
 #include <QTableWidgetItem>
 
@@ -96,35 +98,38 @@ void StandardAdministration::update_standard_table()
     const bool noSensor = getNumberOfInertialSensors(standardType) == 0;
     ui->tableWidget_standard->setColumnHidden(m_columns.titled(tr("Model")), noSensor);
     ui->tableWidget_standard->setColumnHidden(m_columns.titled(tr("Device ID")), noSensor);
+    if (ui->tableWidget_standard->horizontalHeader()->stretchLastSection())
+        set_table_column_size();
     update_label_error();
     emit selection_changed(current_btype, current_bid);
 }
 
 void StandardAdministration::update_label_error()
 {
-    showLimit(ui->label_error, ui->spinBox_standard_bodies,
-              tr("<b><font color=red>Max. number of bodies is reached!</font></b>"));
+    BodyTableFiller::showLimit(
+            ui->label_error, ui->spinBox_standard_bodies,
+            tr("<b><font color=red>Max. number of bodies is reached!</font></b>"));
 }
 
 void StandardAdministration::updateView()
 {
-    update_standard_table();
-    update_up_button();
-    update_down_button();
+    runSteps(this, {[&] { update_standard_table(); }, [&] { update_up_button(); },
+                    [&] { update_down_button(); }});
 }
 
 void StandardAdministration::update_tab()
 {
-    refreshTargets();
-    refreshBodies();
-    ui->pushButton_filter->setEnabled(is_filter6d_possible() && !isSearchRunning());
+    m_refresh.run(this, {[&] { refreshTargets(); }, [&] { refreshBodies(); },
+                         [&] {
+                             ui->pushButton_filter->setEnabled(is_filter6d_possible()
+                                                               && !isSearchRunning());
+                         }});
 }
 
 void StandardAdministration::setConfigLockedStatus(bool locked)
 {
-    BodyTypeAdministrationTab::setConfigLockedStatus(locked);
-    update_up_button();
-    update_down_button();
+    runSteps(this, {[&] { BodyTypeAdministrationTab::setConfigLockedStatus(locked); },
+                    [&] { update_up_button(); }, [&] { update_down_button(); }});
 }
 
 void StandardAdministration::updateTableWidgetCell(const QString &type, int index, int column,
@@ -171,21 +176,23 @@ void StandardAdministration::moveBody(int offset)
     const bool moved = switchBody(standardType, row, target);
     if (!self || !moved)
         return;
-    ui->tableWidget_standard->selectRow(target);
-    current_bid = target;
-    updateBodyTypesInfo();
-    update_standard_table();
-    emit selection_changed(current_btype, current_bid);
+    runSteps(this, {[&] { ui->tableWidget_standard->selectRow(target); },
+                    [&] {
+                        current_bid = target;
+                        updateBodyTypesInfo();
+                    },
+                    [&] { update_standard_table(); },
+                    [&] { emit selection_changed(current_btype, current_bid); }});
 }
 
 void StandardAdministration::on_pushButton_up_clicked()
 {
-    moveBody(-1);
+    perform([this] { moveBody(-1); });
 }
 
 void StandardAdministration::on_pushButton_down_clicked()
 {
-    moveBody(1);
+    perform([this] { moveBody(1); });
 }
 
 void StandardAdministration::update_up_button()
@@ -238,13 +245,13 @@ void StandardAdministration::setBodyActive(const QString &type, int index, bool 
         if (answer == Answer::Gone)
             return;
         if (answer == Answer::Declined) {
-            updateTableWidget(standardType);
-            updateView();
+            runSteps(this, {[&] { updateTableWidget(standardType); }, [&] { updateView(); }});
             return;
         }
     }
+    const QPointer<QWidget> self(this);
     BodyTypeAdministrationTab::setBodyActive(type, index, active);
-    if (active || type == standardType)
+    if (self && (active || type == standardType))
         update_label_error();
 }
 
@@ -285,8 +292,10 @@ void StandardAdministration::on_pushButton_customCalibration_clicked()
 
 void StandardAdministration::on_pushButton_filter_clicked()
 {
-    if (openFilterDialog(0, getCurrentBodyindex()))
-        update_tab();
+    perform([this] {
+        if (openFilterDialog(0, getCurrentBodyindex()))
+            update_tab();
+    });
 }
 
 void StandardAdministration::resizeEvent(QResizeEvent *event)

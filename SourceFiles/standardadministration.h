@@ -67,5 +67,4 @@ private:
     EditDelegate *editDelegate;
     QComboBox *combo = nullptr;
     bool m_is_6dof_filter_available = false;
-    int selectedRowTl = -1;
 };

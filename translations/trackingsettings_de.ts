@@ -899,6 +899,10 @@ Richtungswechseln über. Mit 0 ms wird nichts vorhergesagt; ein negativer Wert l
         <translation>Körper lassen sich nicht verschieben: diese Steuerung ist zu alt dafür</translation>
     </message>
     <message>
+        <source>The bodies have changed meanwhile. Nothing was sent.</source>
+        <translation>Die Körper haben sich inzwischen geändert. Es wurde nichts gesendet.</translation>
+    </message>
+    <message>
         <source>Unable to close dialog during calibration is running</source>
         <translation>Das Fenster kann während einer laufenden Kalibrierung nicht geschlossen werden</translation>
     </message>
@@ -1004,6 +1008,10 @@ Die Zuordnung zum Messwerkzeug wird dann ebenfalls gelöscht.</translation>
 </context>
 <context>
     <name>MtAdministrationClass</name>
+    <message>
+        <source>Measurement Tool is not available!</source>
+        <translation>Messwerkzeuge sind nicht verfügbar!</translation>
+    </message>
     <message>
         <source>&amp;number of Measurement Tools</source>
         <translation>A&amp;nzahl der Messwerkzeuge</translation>

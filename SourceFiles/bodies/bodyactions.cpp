@@ -1,6 +1,7 @@
 #include "bodies/bodyactions.h"
 
 #include "bodies/bodyregistry.h"
+#include "bodies/bodysnapshot.h"
 
 using Outcome = BodyActions::Outcome;
 using UserQuestion::Answer;
@@ -13,7 +14,7 @@ Outcome BodyActions::reset(const QString &type, int index) const
     if (!body.tlibName.isEmpty())
         return resetToLibrary(type, index);
     if (!body.inertialSensor.isEmpty())
-        return resetSensor(type, index);
+        return resetSensor(BodySnapshot(m_registry, type, index));
     m_questions.showUnknownReset(type, index);
     return Outcome::Left;
 }
@@ -23,16 +24,19 @@ Outcome BodyActions::resetToLibrary(const QString &type, int index) const
     if (m_questions.confirmResetToLibrary(type, index) != Answer::Accepted)
         return Outcome::Left;
     const QString target = m_registry.body(type, index).tlibName;
-    return resetOutcome(type, index, m_commands.resetToLibrary(type, index, target));
+    const BodyCommands commands = m_commands;
+    const bool done = commands.resetToLibrary(type, index, target);
+    return commands.isClosed() ? Outcome::Left : resetOutcome(type, index, done);
 }
 
-Outcome BodyActions::resetSensor(const QString &type, int index) const
+Outcome BodyActions::resetSensor(const BodySnapshot &body) const
 {
-    const QString sensor = m_registry.body(type, index).inertialSensor;
-    const BodyCommands::SensorReset how = m_commands.sensorReset(sensor);
-    if (m_questions.confirmSensorReset(type, index, how) != Answer::Accepted)
+    const BodyCommands commands = m_commands;
+    const BodyCommands::SensorReset how = commands.sensorReset(body.sensor());
+    if (commands.isClosed() || m_questions.confirmSensorReset(body, how) != Answer::Accepted)
         return Outcome::Left;
-    return resetOutcome(type, index, m_commands.resetSensor(sensor, how));
+    const bool done = commands.resetSensor(body.sensor(), how);
+    return commands.isClosed() ? Outcome::Left : resetOutcome(body.type(), body.index(), done);
 }
 
 Outcome BodyActions::resetOutcome(const QString &type, int index, bool done) const
@@ -47,9 +51,13 @@ Outcome BodyActions::clear(const QString &type, int index) const
     if (!m_registry.hasBody(type, index)
         || m_questions.confirmDelete(type, index) != Answer::Accepted)
         return Outcome::Left;
-    if (m_registry.body(type, index).isReference)
-        m_commands.resetReference();
-    const auto step = m_commands.clearBody(m_registry.type(type), type, index);
+    const BodyCommands commands = m_commands;
+    const AdminBodyType record = m_registry.type(type);
+    if (record.bodies.at(index).isReference)
+        commands.resetReference();
+    const auto step = commands.clearBody(record, type, index);
+    if (commands.isClosed())
+        return Outcome::Left;
     if (step == BodyCommands::DeleteStep::Done)
         return Outcome::Done;
     return m_questions.showDeleteFailed(type, index, step) ? Outcome::Failed : Outcome::Left;
@@ -60,8 +68,10 @@ Outcome BodyActions::exchange(const QString &type, int index, int otherIndex) co
     if (!m_registry.hasBody(type, index) || !m_registry.hasBody(type, otherIndex)
         || !m_commands.canSwitchBodies())
         return Outcome::Left;
-    if (m_commands.switchBodies(type, index, otherIndex))
+    const BodyCommands commands = m_commands;
+    if (commands.switchBodies(type, index, otherIndex))
         return Outcome::Done;
-    m_questions.showSwitchFailed(type, index, otherIndex);
+    if (!commands.isClosed())
+        m_questions.showSwitchFailed(type, index, otherIndex);
     return Outcome::Left;
 }

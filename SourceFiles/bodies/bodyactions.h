@@ -6,6 +6,7 @@
 #include <QString>
 
 class BodyRegistry;
+class BodySnapshot;
 
 /**
  * Resetting, deleting and exchanging bodies from the question to the box that says what failed. The
@@ -36,7 +37,7 @@ public:
 
 private:
     Outcome resetToLibrary(const QString &type, int index) const;
-    Outcome resetSensor(const QString &type, int index) const;
+    Outcome resetSensor(const BodySnapshot &body) const;
     Outcome resetOutcome(const QString &type, int index, bool done) const;
 
     BodyCommands m_commands;

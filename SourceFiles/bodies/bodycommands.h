@@ -24,6 +24,9 @@ public:
 
     explicit BodyCommands(const ControllerLink &link) : m_link(link) {}
 
+    /** True once the owner of the link may be gone. */
+    bool isClosed() const { return m_link.isClosed(); }
+
     /** Switches a body on or off. */
     bool setActive(const QString &type, int index, bool active) const;
     /** Names a body; a line break in the name is refused. */

@@ -19,11 +19,26 @@ bool BodyQuestions::warn(const QString &text) const
 Answer BodyQuestions::confirm(const QString &type, int index, const QString &text,
                               const QString &informativeText) const
 {
-    const BodySnapshot asked(m_registry, type, index);
+    return confirm(BodySnapshot(m_registry, type, index), text, informativeText);
+}
+
+Answer BodyQuestions::confirm(const BodySnapshot &asked, const QString &text,
+                              const QString &informativeText) const
+{
     const Answer answer = UserQuestion::yesNo(m_parent, tr("MORVEK3"), text, informativeText);
     if (answer != Answer::Accepted)
         return answer;
-    return asked.isCurrent(m_registry) ? Answer::Accepted : Answer::Declined;
+    if (asked.isCurrent(m_registry))
+        return Answer::Accepted;
+    logChanged(m_link);
+    return Answer::Declined;
+}
+
+void BodyQuestions::logChanged(const ControllerLink &link)
+{
+    link.log(QStringLiteral("Error: ")
+             + QString::fromLatin1(QT_TRANSLATE_NOOP(
+                     "MessageLine", "The bodies have changed meanwhile. Nothing was sent.")));
 }
 
 Answer BodyQuestions::confirmResetToLibrary(const QString &type, int index) const
@@ -31,14 +46,14 @@ Answer BodyQuestions::confirmResetToLibrary(const QString &type, int index) cons
     return confirm(type, index, about(tr("Reset %1 %2\nto Target-Library geometry?"), type, index));
 }
 
-Answer BodyQuestions::confirmSensorReset(const QString &type, int index,
+Answer BodyQuestions::confirmSensorReset(const BodySnapshot &asked,
                                          const BodyCommands::SensorReset &reset) const
 {
     const QString question = reset.hasStorage ? tr("Reset %1 %2\nto sensor stored values?")
                              : reset.hasHandEye
                                      ? tr("Reset %1 %2?\nHand eye calibration will be deleted!")
                                      : tr("Reset %1 %2?");
-    return confirm(type, index, about(question, type, index));
+    return confirm(asked, about(question, asked.type(), asked.index()));
 }
 
 Answer BodyQuestions::confirmDelete(const QString &type, int index) const

@@ -7,6 +7,7 @@
 #include <QString>
 
 class BodyRegistry;
+class BodySnapshot;
 class QWidget;
 
 /**
@@ -20,21 +21,30 @@ class BodyQuestions {
 
 public:
     /** Both outlive the object, except that the parent may be deleted while a box is open. */
-    BodyQuestions(QWidget *parent, const BodyRegistry &registry)
-        : m_parent(parent), m_registry(registry)
+    BodyQuestions(QWidget *parent, const ControllerLink &link, const BodyRegistry &registry)
+        : m_parent(parent), m_link(link), m_registry(registry)
     {
     }
 
-    /** Asks Yes or No, No preset, about one body. */
+    /**
+     * Asks Yes or No, No preset, about one body as the operator saw it. A body that changed
+     * meanwhile is logged and counts as declined.
+     */
+    UserQuestion::Answer confirm(const BodySnapshot &asked, const QString &text,
+                                 const QString &informativeText = QString()) const;
+    /** The same about the body as its record reads now. */
     UserQuestion::Answer confirm(const QString &type, int index, const QString &text,
                                  const QString &informativeText = QString()) const;
 
     UserQuestion::Answer confirmResetToLibrary(const QString &type, int index) const;
-    UserQuestion::Answer confirmSensorReset(const QString &type, int index,
+    UserQuestion::Answer confirmSensorReset(const BodySnapshot &asked,
                                             const BodyCommands::SensorReset &reset) const;
     UserQuestion::Answer confirmDelete(const QString &type, int index) const;
     /** The last body carries the reference mark and is about to be dropped. */
     UserQuestion::Answer confirmReferenceDropped(const QString &type, int index) const;
+
+    /** Puts into the log that what was confirmed has changed meanwhile. */
+    static void logChanged(const ControllerLink &link);
 
     // Boxes with OK: false when the parent was deleted meanwhile.
 
@@ -52,5 +62,6 @@ private:
     QString about(const QString &text, const QString &type, int index) const;
 
     QWidget *m_parent;
+    ControllerLink m_link;
     const BodyRegistry &m_registry;
 };

@@ -81,6 +81,8 @@ std::optional<int> BodyReader::readCount(const BodyRegistry &registry, const QSt
 {
     const auto count =
             m_link.count("body number_of_bodies %s", ControllerLink::argument(type).constData());
+    if (m_link.isClosed())
+        return std::nullopt;
     const AdminBodyType &record = registry.type(type);
     if (count && (!record.isLimitRead || *count <= *record.limit))
         return count;
@@ -95,11 +97,15 @@ void BodyReader::readBodies(BodyRegistry &registry, const QString &type, int fir
         return;
     const std::optional<int> read = readCount(registry, type);
     const std::optional<int> count = read ? read : accepted;
+    if (m_link.isClosed())
+        return;
     if (AdminBodyType *record = registry.find(type)) {
         const int known = qMin(record->bodies.size(), count.value_or(0));
         record->isCountRead = count.has_value();
         record->bodies.resize(count.value_or(0));
         const int answered = readSweep(registry, type, first);
+        if (m_link.isClosed())
+            return;
         record = registry.find(type);
         // Bodies that never answered are not there: a garbled count made them up.
         if (record && answered < record->bodies.size())
@@ -116,6 +122,8 @@ int BodyReader::readSweep(BodyRegistry &registry, const QString &type, int first
     for (; registry.hasBody(type, index) && silent < patience; ++index) {
         m_link.progress(index + 1, registry.type(type).bodies.size());
         silent = readBody(*registry.find(type), type, index) ? 0 : silent + 1;
+        if (m_link.isClosed())
+            return index;
     }
     if (silent < patience || !registry.hasBody(type, index))
         return index;
@@ -129,6 +137,7 @@ bool BodyReader::readBody(AdminBodyType &record, const QString &type, int index)
         return false;
     // A copy: the host may run its event loop in any query, and bodies may be dropped meanwhile.
     AdminBody body = record.bodies.at(index);
+    const bool hasFilter = record.filter6dAvailable;
     const QByteArray word = ControllerLink::argument(type);
     bool isAnswered = false;
     if (!m_link.protocolAtLeast(0, 16)) {
@@ -142,14 +151,14 @@ bool BodyReader::readBody(AdminBodyType &record, const QString &type, int index)
     isAnswered = readCalibration(body, type, index) || isAnswered;
     readSensor(body, type, index);
     body.calibrationStatus = calibrationText(body);
-    if (record.filter6dAvailable)
+    if (hasFilter)
         readFilter(body, type, index);
     // Only standard bodies carry the mark, yet the question belongs to reading a body of any type.
     if (!m_link.protocolAtLeast(1, 24))
         body.isReference = false;
     else if (const auto isNamed = isReference(index))
         body.isReference = *isNamed && type == QLatin1String("standard");
-    if (record.isValidIndex(index))
+    if (!m_link.isClosed() && record.isValidIndex(index))
         record.bodies[index] = body;
     return isAnswered;
 }
@@ -240,7 +249,7 @@ void BodyReader::readFilterSummary(AdminBodyType &record, const QString &type, i
         return;
     AdminBody body = record.bodies.at(index);
     readFilter(body, type, index);
-    if (record.isValidIndex(index))
+    if (!m_link.isClosed() && record.isValidIndex(index))
         record.bodies[index].filter6dPreset = body.filter6dPreset;
 }
 

@@ -14,7 +14,8 @@ class BodyRegistry;
  * Every read of body types and bodies. A plain value without widgets. A failed query is logged
  * unless its comment says otherwise, its field keeps its value or gets its default, and reading
  * goes on. A body is read into a copy, which is stored only if the record still has a body of its
- * index. Indexes are zero-based.
+ * index; once the link is closed, which a host may bring about in any query, no record is touched.
+ * Indexes are zero-based.
  */
 class BodyReader {
 public:

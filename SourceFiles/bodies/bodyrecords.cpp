@@ -4,8 +4,13 @@
 
 void BodyRecords::registerBodyType(const QString &type)
 {
+    const ControllerLink host = link();
     AdminBodyType fresh;
-    m_reader.readType(fresh, type);
+    reader().readType(fresh, type);
+    if (host.isClosed())
+        return;
+    // Its table of targets may have been registered before.
+    fresh.tableWidget_tl = bodytypes.type(type).tableWidget_tl;
     bodytypes.insert(type, fresh);
 }
 
@@ -23,11 +28,11 @@ QStringList BodyRecords::readMissingOfTypes()
 void BodyRecords::updateBodyInfo(const QString &type, int index)
 {
     if (AdminBodyType *record = bodytypes.find(type))
-        m_reader.readBody(*record, type, index);
+        reader().readBody(*record, type, index);
 }
 
 void BodyRecords::updateBodyFilter6dPreset(const QString &type, int index)
 {
     if (AdminBodyType *record = bodytypes.find(type))
-        m_reader.readFilterSummary(*record, type, index);
+        reader().readFilterSummary(*record, type, index);
 }

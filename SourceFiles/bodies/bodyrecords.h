@@ -65,7 +65,7 @@ public:
     /** True when the body's inertial sensor is present; false, and logged, when unreadable. */
     bool is_hybridbodycalibration_available(const QString &type, int index) const
     {
-        return m_reader.isSensorPresent(type, index);
+        return reader().isSensorPresent(type, index);
     }
 
     // The commands alone, without reading back: false, and logged, when the controller refused.
@@ -73,20 +73,20 @@ public:
     /** Switches a body on or off. */
     bool morvek2_setBodyActive(const QString &type, int index, bool active)
     {
-        return m_commands.setActive(type, index, active);
+        return commands().setActive(type, index, active);
     }
     /** Names a body; a line break in the name is refused. */
     bool morvek2_setBodyDescription(const QString &type, int index, const QString &text)
     {
-        return m_commands.setDescription(type, index, text);
+        return commands().setDescription(type, index, text);
     }
     /** Makes a standard body the reference, the only kind that can be; false: no body at all. */
     bool morvek2_setBodyIsReference(const QString &type, int index, bool reference)
     {
-        return reference ? m_commands.setReference(type, index) : m_commands.clearReference();
+        return reference ? commands().setReference(type, index) : commands().clearReference();
     }
     /** Makes no body the reference. Kept for other tabs: deleting a body does the same. */
-    void resetReferenceTargetIfAny() { m_commands.resetReference(); }
+    void resetReferenceTargetIfAny() { commands().resetReference(); }
 
     // From the records, nothing is sent.
 
@@ -153,11 +153,14 @@ protected:
         : m_link(link), m_reader(link), m_commands(link)
     {
     }
-    ~BodyRecords() = default;
+    /** Closes the link, so that what is under way on the stack sends nothing more. */
+    ~BodyRecords() { m_link.close(); }
 
-    const ControllerLink &link() const { return m_link; }
-    const BodyReader &reader() const { return m_reader; }
-    const BodyCommands &commands() const { return m_commands; }
+    // By value: a host may delete the tab while they work.
+
+    ControllerLink link() const { return m_link; }
+    BodyReader reader() const { return m_reader; }
+    BodyCommands commands() const { return m_commands; }
 
     /** The type's description, or its word when the controller gave none. */
     QString typeLabel(const QString &type) const { return bodytypes.label(type); }

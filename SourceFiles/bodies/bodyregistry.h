@@ -51,8 +51,12 @@ public:
     /** The configuration that the bodies belong to cannot be changed. */
     bool isLocked() const { return m_locked; }
     void setLocked(bool locked) { m_locked = locked; }
+    /** Counts the configurations that became active: what was read before belongs to another. */
+    int generation() const { return m_generation; }
+    void beginGeneration() { ++m_generation; }
 
 private:
     QMap<QString, AdminBodyType> m_types;
     bool m_locked = false;
+    int m_generation = 0;
 };

@@ -18,6 +18,7 @@ public:
         : m_type(type),
           m_index(index),
           m_count(registry.type(type).bodies.size()),
+          m_generation(registry.generation()),
           m_locked(registry.isLocked())
     {
         const AdminBody &body = registry.body(type, index);
@@ -30,23 +31,27 @@ public:
     QString type() const { return m_type; }
     int index() const { return m_index; }
     QString name() const { return m_name; }
+    /** Name of its inertial sensor; empty when none. */
+    QString sensor() const { return m_sensor; }
 
     /**
      * True while the records know the body, with the same name, target, sensor and reference mark,
-     * among as many bodies of its type, under the same lock.
+     * among as many bodies of its type, in the same configuration under the same lock.
      */
     bool isCurrent(const BodyRegistry &registry) const
     {
         const BodySnapshot now(registry, m_type, m_index);
         return registry.hasBody(m_type, m_index) && m_count == now.m_count
-               && m_locked == now.m_locked && m_name == now.m_name && m_target == now.m_target
-               && m_sensor == now.m_sensor && m_isReference == now.m_isReference;
+               && m_generation == now.m_generation && m_locked == now.m_locked
+               && m_name == now.m_name && m_target == now.m_target && m_sensor == now.m_sensor
+               && m_isReference == now.m_isReference;
     }
 
 private:
     QString m_type;
     int m_index = -1;
     int m_count = 0;
+    int m_generation = 0;
     bool m_locked = false;
     QString m_name;
     QString m_target;

@@ -1,9 +1,12 @@
 #include "bodies/bodytablefiller.h"
 
+#include "bodies/bodyregistry.h"
 #include "controllerlink.h"
 #include "support/columnsizingpause.h"
 
 #include <QCoreApplication>
+#include <QLabel>
+#include <QPointer>
 #include <QSignalBlocker>
 #include <QSpinBox>
 #include <QTableWidget>
@@ -54,10 +57,9 @@ BodyTableIcons::BodyTableIcons(const QIcon &okIcon, const QIcon &notCalibratedIc
 {
 }
 
-BodyTableFiller::Allowed BodyTableFiller::Allowed::by(const ControllerLink &link, bool locked)
+BodyTableFiller::Allowed BodyTableFiller::Allowed::by(const ControllerLink &link)
 {
-    return {!locked, !locked && link.protocolAtLeast(0, 16), !locked && link.protocolAtLeast(1, 11),
-            !locked && link.protocolAtLeast(1, 24)};
+    return {link.protocolAtLeast(0, 16), link.protocolAtLeast(1, 11), link.protocolAtLeast(1, 24)};
 }
 
 void BodyTableFiller::setUp(QTableWidget *table, const BodyColumns &columns)
@@ -72,7 +74,6 @@ void BodyTableFiller::setUp(QTableWidget *table, const BodyColumns &columns)
     table->setSelectionBehavior(QAbstractItemView::SelectRows);
     for (int column = 0; column < columns.size(); ++column)
         table->setColumnHidden(column, columns.at(column).hidden);
-    sizeColumns(table, columns);
 }
 
 void BodyTableFiller::sizeColumns(QTableWidget *table, const BodyColumns &columns)
@@ -109,6 +110,11 @@ void BodyTableFiller::showCount(const AdminBodyType &record)
     spinBox->setValue(count);
 }
 
+void BodyTableFiller::showLimit(QLabel *label, const QSpinBox *spinBox, const QString &text)
+{
+    label->setText(spinBox->value() >= spinBox->maximum() ? text : QString());
+}
+
 void BodyTableFiller::restoreRow(QTableWidget *table, int row, int column)
 {
     const int existing = qMin(row, table->rowCount() - 1);
@@ -116,27 +122,40 @@ void BodyTableFiller::restoreRow(QTableWidget *table, int row, int column)
         table->setCurrentCell(existing, column < 0 ? qMax(0, table->currentColumn()) : column);
 }
 
-void BodyTableFiller::fill(const QString &type, const AdminBodyType &record,
-                           const CustomCell &custom) const
+void BodyTableFiller::fill(const QString &type, const CustomCell &custom) const
 {
-    QTableWidget *table = record.tableWidget;
+    const AdminBodyType &record = m_registry.type(type);
+    const QPointer<QTableWidget> table = record.tableWidget;
+    const QVector<COLUMN_TYPE> kinds = record.tableWidgetColumns;
+    const int rows = record.bodies.size();
     ColumnSizingPause pause(table->horizontalHeader());
-    if (table->rowCount() != record.bodies.size())
+    if (table->rowCount() != rows)
         pause.begin();
-    table->setRowCount(record.bodies.size());
-    for (int row = 0; row < record.bodies.size(); ++row) {
-        for (int column = 0; column < record.tableWidgetColumns.size(); ++column) {
-            const COLUMN_TYPE kind = record.tableWidgetColumns.at(column);
-            QTableWidgetItem wanted = cell(kind, record, row);
+    table->setRowCount(rows);
+    for (int row = 0; row < table->rowCount(); ++row) {
+        for (int column = 0; column < kinds.size(); ++column) {
+            // A custom cell may have let the host change the records, and fill the table again.
+            if (!m_registry.hasBody(type, row))
+                return;
+            const COLUMN_TYPE kind = kinds.at(column);
+            QTableWidgetItem wanted = cell(kind, m_registry.type(type), row);
             if (kind == COLUMN_TYPE_CUSTOM)
                 custom(type, row, column, &wanted);
-            if (QTableWidgetItem *item = table->item(row, column)) {
-                apply(item, wanted, &pause);
-                continue;
-            }
-            pause.begin();
-            table->setItem(row, column, new QTableWidgetItem(wanted));
+            if (!table)
+                return;
+            put(table, row, column, wanted, &pause);
         }
+    }
+}
+
+void BodyTableFiller::put(QTableWidget *table, int row, int column, const QTableWidgetItem &wanted,
+                          ColumnSizingPause *pause)
+{
+    if (QTableWidgetItem *item = table->item(row, column)) {
+        apply(item, wanted, pause);
+    } else if (row < table->rowCount()) {
+        pause->begin();
+        table->setItem(row, column, new QTableWidgetItem(wanted));
     }
 }
 
@@ -154,7 +173,8 @@ QTableWidgetItem BodyTableFiller::cell(COLUMN_TYPE kind, const AdminBodyType &re
     case COLUMN_TYPE_REFERENCE:
         return checkCell(body, body.isReference, m_allowed.reference);
     case COLUMN_TYPE_NAME:
-        item.setFlags(m_allowed.names ? shown | Qt::ItemIsEditable : shown);
+        item.setFlags(m_allowed.names && !m_registry.isLocked() ? shown | Qt::ItemIsEditable
+                                                                : shown);
         item.setText(body.desc);
         break;
     case COLUMN_TYPE_CALIBRATED:
@@ -184,7 +204,7 @@ QTableWidgetItem BodyTableFiller::checkCell(const AdminBody &body, bool checked,
     item.setFlags(shown);
     if (!body.calibrated && !body.active)
         return item;
-    if (checkable)
+    if (checkable && !m_registry.isLocked())
         item.setFlags(shown | Qt::ItemIsUserCheckable);
     item.setCheckState(checked ? Qt::Checked : Qt::Unchecked);
     return item;
@@ -208,7 +228,7 @@ QTableWidgetItem BodyTableFiller::buttonCell(bool live, const QIcon &icon,
                                              const QIcon &disabledIcon,
                                              const QString &accessibleText) const
 {
-    const bool acts = live && m_allowed.actions;
+    const bool acts = live && !m_registry.isLocked();
     QTableWidgetItem item;
     item.setFlags(shown);
     item.setIcon(acts ? icon : disabledIcon);

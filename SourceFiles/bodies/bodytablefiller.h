@@ -9,7 +9,10 @@
 
 #include <functional>
 
+class BodyRegistry;
+class ColumnSizingPause;
 class ControllerLink;
+class QLabel;
 class QSpinBox;
 
 /** The status and button icons of the body tables; disabled variants are made once. */
@@ -39,14 +42,16 @@ public:
     /** Integer on delete and reset cells: 1 when a click acts, 0 when they are shown disabled. */
     static constexpr int liveRole = Qt::UserRole + 1;
 
-    /** Columns, headers and selection of an empty body table. */
+    /** Columns, headers and selection of an empty body table, whose last column stretches. */
     static void setUp(QTableWidget *table, const BodyColumns &columns);
-    /** Every column as wide as its contents but those that take what is left. */
+    /** Once there are rows: columns as wide as their contents but those that take what is left. */
     static void sizeColumns(QTableWidget *table, const BodyColumns &columns);
 
     /** Shows or hides the filter column, if there is one, as the type has the 6DOF filter or not.
      */
     static void showFilterColumn(const AdminBodyType &record);
+    /** Shows `text` while the spin box is at its maximum. */
+    static void showLimit(QLabel *label, const QSpinBox *spinBox, const QString &text);
     /** Shows the number of bodies in the record's spin box, which emits nothing. */
     static void showCount(const AdminBodyType &record);
     /**
@@ -55,27 +60,36 @@ public:
      */
     static void restoreRow(QTableWidget *table, int row, int column = -1);
 
-    /** What the operator may do; a cell that would lead to nothing is shown, but not editable. */
+    /** Which commands the controller knows; a cell that would lead to nothing is not editable. */
     struct Allowed {
-        bool actions = true; ///< false while the configuration is locked; then nothing is editable
-        bool names = true;   ///< this and the next two: the controller knows the command
+        bool names = true;
         bool activity = true;
         bool reference = true;
 
-        /** What a controller of that protocol takes; nothing while the configuration is locked. */
-        static Allowed by(const ControllerLink &link, bool locked);
+        /** What a controller of that protocol takes. */
+        static Allowed by(const ControllerLink &link);
     };
 
-    /** @param warmupRuleMet inertial sensors are there and their warm-up does not run */
-    BodyTableFiller(const BodyTableIcons &icons, bool warmupRuleMet, const Allowed &allowed)
-        : m_icons(icons), m_warmupRuleMet(warmupRuleMet), m_allowed(allowed)
+    /**
+     * @param warmupRuleMet inertial sensors are there and their warm-up does not run
+     * @param registry      while it is locked, nothing is editable or live; outlives the filler
+     */
+    BodyTableFiller(const BodyTableIcons &icons, bool warmupRuleMet, const BodyRegistry &registry,
+                    const Allowed &allowed)
+        : m_icons(icons), m_warmupRuleMet(warmupRuleMet), m_registry(registry), m_allowed(allowed)
     {
     }
 
-    /** Shows the record; `custom` is called for each cell that the tab fills itself. */
-    void fill(const QString &type, const AdminBodyType &record, const CustomCell &custom) const;
+    /**
+     * Shows the records of a type that has a table; `custom` is called for each cell that the tab
+     * fills itself. It may query the controller: afterwards the row is looked up again, and when
+     * the table was deleted meanwhile nothing is touched.
+     */
+    void fill(const QString &type, const CustomCell &custom) const;
 
 private:
+    static void put(QTableWidget *table, int row, int column, const QTableWidgetItem &wanted,
+                    ColumnSizingPause *pause);
     QTableWidgetItem cell(COLUMN_TYPE kind, const AdminBodyType &record, int row) const;
     QTableWidgetItem checkCell(const AdminBody &body, bool checked, bool checkable) const;
     QTableWidgetItem calibrationCell(const AdminBody &body) const;
@@ -84,5 +98,6 @@ private:
 
     const BodyTableIcons &m_icons;
     bool m_warmupRuleMet;
+    const BodyRegistry &m_registry;
     Allowed m_allowed;
 };

@@ -6,6 +6,7 @@
 #include <QAbstractItemDelegate>
 #include <QKeyEvent>
 #include <QPointer>
+#include <QSignalBlocker>
 #include <QSpinBox>
 #include <QTableWidget>
 
@@ -17,6 +18,7 @@ void BodyTableInput::watchTable(const QString &type)
     table->setEditTriggers(QAbstractItemView::DoubleClicked);
     table->setTabKeyNavigation(false);
     table->installEventFilter(this);
+    table->viewport()->installEventFilter(this);
     const int nameColumn = record.columnOf(COLUMN_TYPE_NAME);
     if (nameColumn < 0)
         return;
@@ -43,18 +45,76 @@ void BodyTableInput::deliver(const std::function<void()> &gesture)
         return;
     QMetaObject::invokeMethod(
             this,
-            [this, gesture] {
-                // Of two that arrived before the first was delivered, the second may arrive here
-                // while the first one's question is shown.
-                if (m_isActing)
-                    return;
-                const QPointer<QObject> self(this);
-                m_isActing = true;
-                gesture();
-                if (self)
-                    m_isActing = false;
+            [this, gesture, generation = m_registry.generation()] {
+                // Another configuration's bodies are not what the operator saw.
+                if (generation == m_registry.generation())
+                    perform(gesture);
             },
             Qt::QueuedConnection);
+}
+
+void BodyTableInput::perform(const std::function<void()> &gesture)
+{
+    // Of two that arrived before the first was delivered, the second may come here while the first
+    // one's question is shown.
+    if (m_isActing || m_isRetired)
+        return;
+    const QPointer<QObject> self(this);
+    m_isActing = true;
+    gesture();
+    if (self)
+        m_isActing = false;
+}
+
+void BodyTableInput::commit() const
+{
+    const QStringList types = m_registry.names();
+    for (const QString &type : types) {
+        const AdminBodyType &record = m_registry.type(type);
+        if (record.tableWidget && record.tableWidgetColumnNameStartEdit)
+            endName(record, true);
+        if (record.spinBox)
+            record.spinBox->interpretText();
+    }
+}
+
+void BodyTableInput::discard() const
+{
+    const QStringList types = m_registry.names();
+    for (const QString &type : types) {
+        const AdminBodyType &record = m_registry.type(type);
+        if (record.tableWidget && record.tableWidgetColumnNameStartEdit)
+            endName(record, false);
+        if (record.spinBox)
+            BodyTableFiller::showCount(record);
+    }
+}
+
+void BodyTableInput::disconnectWidgets(const QObject *listener) const
+{
+    const QStringList types = m_registry.names();
+    for (const QString &type : types) {
+        const AdminBodyType &record = m_registry.type(type);
+        if (record.tableWidget)
+            record.tableWidget->disconnect(listener);
+        if (record.spinBox)
+            record.spinBox->disconnect(listener);
+    }
+}
+
+void BodyTableInput::endName(const AdminBodyType &record, bool take)
+{
+    const QTableWidget *table = record.tableWidget;
+    const int column = record.columnOf(COLUMN_TYPE_NAME);
+    QAbstractItemDelegate *delegate = table->itemDelegateForColumn(column);
+    for (int row = 0; delegate && row < table->rowCount(); ++row) {
+        QWidget *editor = table->cellWidget(row, column);
+        if (editor && take)
+            emit delegate->commitData(editor);
+        if (editor)
+            emit delegate->closeEditor(editor, take ? QAbstractItemDelegate::NoHint
+                                                    : QAbstractItemDelegate::RevertModelCache);
+    }
 }
 
 // Tables
@@ -66,6 +126,7 @@ void BodyTableInput::cellClicked(QObject *sender, int row, int column)
     if (type.isEmpty() || !table->isVisible())
         return;
     // The press that made another cell current has announced the body already.
+    m_isMouseDown = false;
     const bool announced = m_announced == std::make_pair(type, row);
     m_announced.reset();
     const QTableWidgetItem *item = table->item(row, column);
@@ -117,7 +178,10 @@ void BodyTableInput::itemChanged(QTableWidgetItem *item)
     const COLUMN_TYPE kind = record->tableWidgetColumns.at(column);
     if (kind == COLUMN_TYPE_NAME && record->tableWidgetColumnNameStartEdit) {
         record->tableWidgetColumnNameStartEdit = false;
-        deliver([this, type, row, name = item->text()] { emit nameEntered(type, row, name); });
+        deliver([this, type, row, name = item->text()] {
+            if (!m_registry.isLocked())
+                emit nameEntered(type, row, name);
+        });
     } else if (kind == COLUMN_TYPE_ACTIVE || kind == COLUMN_TYPE_REFERENCE) {
         // Mouse and space bar both come here and a click beside the check box does not.
         deliver([this, type, row, column] { toggle(type, row, column); });
@@ -154,7 +218,9 @@ void BodyTableInput::currentItemChanged(QTableWidgetItem *current)
     const QString type = m_registry.typeOfTable(current->tableWidget());
     if (type.isEmpty())
         return;
-    m_announced = std::make_pair(type, current->row());
+    // A key or the program announces a body, too, but no click follows that belongs to it.
+    if (m_isMouseDown)
+        m_announced = std::make_pair(type, current->row());
     emit currentBodyChanged(type, current->row());
 }
 
@@ -167,7 +233,8 @@ void BodyTableInput::spinBoxChanged(QObject *sender)
     if (type.isEmpty() || !spinBox->isVisible())
         return;
     deliver([this, type] {
-        if (const QSpinBox *box = m_registry.type(type).spinBox)
+        const QSpinBox *box = m_registry.type(type).spinBox;
+        if (box && !m_registry.isLocked())
             emit countEntered(type, box->value());
     });
 }
@@ -176,10 +243,17 @@ void BodyTableInput::spinBoxChanged(QObject *sender)
 
 bool BodyTableInput::eventFilter(QObject *watched, QEvent *event)
 {
-    const auto *spinBox = qobject_cast<QSpinBox *>(watched);
+    auto *spinBox = qobject_cast<QSpinBox *>(watched);
     if (spinBox && event->type() == QEvent::Wheel && !spinBox->hasFocus()) {
         event->ignore();
         return true;
+    }
+    if (spinBox && event->type() == QEvent::KeyPress
+        && discardsCount(spinBox, static_cast<QKeyEvent *>(event)->key()))
+        return true;
+    if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::KeyPress) {
+        m_isMouseDown = event->type() == QEvent::MouseButtonPress;
+        m_announced.reset();
     }
     auto *table = qobject_cast<QTableWidget *>(watched);
     if (table && event->type() == QEvent::KeyPress
@@ -197,5 +271,17 @@ bool BodyTableInput::pressesCell(QTableWidget *table, int key)
         return false;
     // The keyboard presses the button cells as a click does.
     deliver([this, type, row = item->row(), column = item->column()] { press(type, row, column); });
+    return true;
+}
+
+bool BodyTableInput::discardsCount(QSpinBox *spinBox, int key) const
+{
+    bool isNumber = false;
+    const int typed = spinBox->locale().toInt(spinBox->cleanText(), &isNumber);
+    if (key != Qt::Key_Escape || (isNumber && typed == spinBox->value()))
+        return false;
+    // The first Escape takes back what was typed; the next one goes on to the dialog.
+    const QSignalBlocker silent(spinBox);
+    spinBox->setValue(spinBox->value());
     return true;
 }

@@ -9,6 +9,7 @@
 #include <optional>
 #include <utility>
 
+struct AdminBodyType;
 class BodyRegistry;
 class QSpinBox;
 class QTableWidget;
@@ -42,8 +43,19 @@ public:
     void currentItemChanged(QTableWidgetItem *current);
     void spinBoxChanged(QObject *spinBox);
 
+    /** Acts at once, unless a gesture is acted on: what a button asks for, one at a time. */
+    void perform(const std::function<void()> &gesture);
+    /** What waits to be delivered will not be, nor will anything else: the host shuts down. */
+    void retire() { m_isRetired = true; }
+    bool isRetired() const { return m_isRetired; }
+    /** Ends every edit as Enter does: the widgets are about to be hidden. */
+    void commit() const;
+    /** Ends every edit as Escape does and shows the records again. */
+    void discard() const;
+    /** The tables and boxes report to `listener` no longer. */
+    void disconnectWidgets(const QObject *listener) const;
     /** While the guard lives, changed items are the program's own and no gesture. */
-    FillGuard startFilling() { return FillGuard(m_filling); }
+    FillGuard startFilling() { return FillGuard(this, m_filling); }
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
@@ -67,10 +79,14 @@ private:
     void press(const QString &type, int row, int column);
     void toggle(const QString &type, int row, int column);
     bool pressesCell(QTableWidget *table, int key);
+    bool discardsCount(QSpinBox *spinBox, int key) const;
+    static void endName(const AdminBodyType &record, bool take);
 
     BodyRegistry &m_registry;
     int m_filling = 0;
     bool m_isActing = false;
+    bool m_isRetired = false;
+    bool m_isMouseDown = false; ///< the press on a table that no click has followed yet
     /** The body of the last currentBodyChanged() that no click has followed yet. */
     std::optional<std::pair<QString, int>> m_announced;
 };

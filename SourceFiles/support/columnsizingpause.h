@@ -1,20 +1,23 @@
 #pragma once
 
 #include <QHeaderView>
+#include <QPointer>
 #include <QVector>
 
 /**
  * Suspends the columns of a table that size themselves to their contents, from begin() on and for
  * as long as it lives, so that a fill measures them once and not with every cell. A fill that finds
- * no difference never begins, and nothing is measured.
+ * no difference never begins, and nothing is measured. The table may be deleted meanwhile.
  */
 class ColumnSizingPause {
 public:
     explicit ColumnSizingPause(QHeaderView *header) : m_header(header) {}
     ~ColumnSizingPause()
     {
-        for (int section : qAsConst(m_sections))
-            m_header->setSectionResizeMode(section, QHeaderView::ResizeToContents);
+        for (int section : qAsConst(m_sections)) {
+            if (m_header)
+                m_header->setSectionResizeMode(section, QHeaderView::ResizeToContents);
+        }
     }
     ColumnSizingPause(const ColumnSizingPause &) = delete;
     ColumnSizingPause &operator=(const ColumnSizingPause &) = delete;
@@ -34,7 +37,7 @@ public:
     }
 
 private:
-    QHeaderView *m_header;
+    QPointer<QHeaderView> m_header;
     QVector<int> m_sections;
     bool m_began = false;
 };

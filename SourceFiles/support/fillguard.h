@@ -1,13 +1,22 @@
 #pragma once
 
-/** Marks a stretch of code that fills widgets itself; nests. */
+#include <QObject>
+#include <QPointer>
+
+/** Marks a stretch of code that fills widgets itself; nests. The owner may be deleted meanwhile. */
 class FillGuard {
 public:
-    explicit FillGuard(int &depth) : m_depth(depth) { ++m_depth; }
-    ~FillGuard() { --m_depth; }
+    /** `depth` is a member of `owner`. */
+    FillGuard(QObject *owner, int &depth) : m_owner(owner), m_depth(depth) { ++m_depth; }
+    ~FillGuard()
+    {
+        if (m_owner)
+            --m_depth;
+    }
     FillGuard(const FillGuard &) = delete;
     FillGuard &operator=(const FillGuard &) = delete;
 
 private:
+    const QPointer<QObject> m_owner;
     int &m_depth;
 };

@@ -1,6 +1,7 @@
 #include "targets/assignmentflow.h"
 
 #include "bodies/bodycommands.h"
+#include "bodies/bodyquestions.h"
 #include "bodies/bodyreader.h"
 #include "bodies/tabwidgets.h"
 #include "support/userquestion.h"
@@ -36,8 +37,11 @@ bool AssignmentFlow::choose(const TabWidgets &widgets)
 bool AssignmentFlow::isChoiceUnchanged() const
 {
     const Choice now = current(m_choice.body.type(), m_bodyTable, m_targetTable);
-    return !m_registry.isLocked() && m_choice.body.isCurrent(m_registry)
-           && now.body.index() == m_choice.body.index() && now.targetId == m_choice.targetId;
+    if (!m_registry.isLocked() && m_choice.body.isCurrent(m_registry)
+        && now.body.index() == m_choice.body.index() && now.targetId == m_choice.targetId)
+        return true;
+    BodyQuestions::logChanged(m_link);
+    return false;
 }
 
 bool AssignmentFlow::confirmOverwrite(const QString &name) const
@@ -52,29 +56,34 @@ bool AssignmentFlow::assign(const Choice &choice, const QStringList &listed) con
 {
     if (!choice.isComplete())
         return false;
+    const TargetAssignment assignment = m_assignment;
     const QString type = choice.body.type();
-    m_assignment.freeElsewhere(choice.targetShortName, type, choice.body.index(),
-                               m_registry.type(type).bodies.size());
-    const bool assigned = m_assignment.assign(choice.targetId, type, choice.body.index());
-    // Freeing it elsewhere may have succeeded even when the assignment did not.
-    m_assignment.refreshUsed(assigned ? listed : QStringList(choice.targetId));
+    assignment.freeElsewhere(choice.targetShortName, type, choice.body.index(),
+                             m_registry.type(type).bodies.size());
+    const bool assigned = assignment.assign(choice.targetId, type, choice.body.index());
+    if (assigned)
+        assignment.refreshUsed(listed);
     return assigned;
 }
 
 bool AssignmentFlow::takeFromOtherType(const QString &type, const QString &targetShortName,
                                        const QString &text, const QString &question) const
 {
-    const BodyReader reader(m_link);
+    const ControllerLink host = m_link;
+    const BodyReader reader(host);
     const int count = targetShortName.isEmpty() ? 0 : reader.readHolderCount(type);
     for (int index = 0; index < count; ++index) {
-        if (reader.readHolder(type, index) != targetShortName)
+        const auto held = reader.readHolder(type, index);
+        if (host.isClosed())
+            return false;
+        if (held != targetShortName)
             continue;
         const Answer answer = UserQuestion::okCancel(m_parent, tr("Warning"), text.arg(index + 1),
                                                      question.arg(index + 1));
         if (answer != Answer::Accepted || !isChoiceUnchanged())
             return false;
-        BodyCommands(m_link).freeOtherHolder(type, index);
-        return true;
+        BodyCommands(host).freeOtherHolder(type, index);
+        return !host.isClosed();
     }
-    return true;
+    return !host.isClosed();
 }

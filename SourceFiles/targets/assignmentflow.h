@@ -43,15 +43,16 @@ public:
     bool choose(const TabWidgets &widgets);
     /** What choose() remembered. */
     const Choice &choice() const { return m_choice; }
-    /** True while it is still current, its body reads the same, and nothing is locked. */
+    /** True while it is still current, its body reads the same, and nothing is locked; else logged.
+     */
     bool isChoiceUnchanged() const;
 
     /** Asks whether a named body may be overwritten; true without asking for one without name. */
     bool confirmOverwrite(const QString &name) const;
     /**
      * Frees a target from the bodies of the type that hold it, but not from the one that is about
-     * to receive it, and gives it to that one. Reads the use of `listed` targets, on a failure of
-     * the chosen one. False when the choice is incomplete or the controller refused.
+     * to receive it, and gives it to that one; then reads the use of the `listed` targets. False
+     * when the choice is incomplete or the controller refused.
      */
     bool assign(const Choice &choice, const QStringList &listed) const;
     /**

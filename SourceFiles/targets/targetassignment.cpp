@@ -5,6 +5,13 @@
 #include "targetlibrary.h"
 #include "targets/target.h"
 
+TargetAssignment::TargetAssignment(const ControllerLink &link, Targetlibrary *library)
+    : m_link(link), m_library(library)
+{
+}
+TargetAssignment::TargetAssignment(const TargetAssignment &) = default;
+TargetAssignment::~TargetAssignment() = default;
+
 bool TargetAssignment::assign(const QString &targetId, const QString &type, int index) const
 {
     return BodyCommands(m_link).calibrateFromTarget(type, index, targetId);
@@ -32,11 +39,13 @@ QString TargetAssignment::targetOfBody(const QString &type, int index) const
 
 void TargetAssignment::refreshUsed(const QString &targetId) const
 {
-    Target *target = m_library->target(targetId);
+    Target *target = m_library ? m_library->target(targetId) : nullptr;
     if (!target)
         return;
     const auto state = m_link.text("targetlib target_status_calibrated %s",
                                    ControllerLink::argument(targetId).constData());
+    if (isClosed())
+        return;
     if (state)
         target->setCalibrated(*state != QLatin1String("none"));
     else
@@ -58,6 +67,8 @@ void TargetAssignment::refreshTracked(Target *target) const
         m_link.log(QStringLiteral("Error: Unable to get tracked state of target %1")
                            .arg(target->id()));
     }
+    if (isClosed())
+        return;
     target->setIsTracked(state && state->startsWith(QLatin1String("ye")));
 }
 

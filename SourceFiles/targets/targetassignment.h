@@ -2,6 +2,7 @@
 
 #include "controllerlink.h"
 
+#include <QPointer>
 #include <QSet>
 #include <QString>
 #include <QStringList>
@@ -12,14 +13,17 @@ class Targetlibrary;
 /**
  * Every command and query about library targets: assigning and freeing them, their
  * used, custom and tracked states. Without widgets. Failures are logged; the next body or target
- * follows.
+ * follows. A host may delete the owner in any of it, so callers work with a copy.
  */
 class TargetAssignment {
 public:
-    TargetAssignment(const ControllerLink &link, Targetlibrary *library)
-        : m_link(link), m_library(library)
-    {
-    }
+    TargetAssignment(const ControllerLink &link, Targetlibrary *library);
+    TargetAssignment(const TargetAssignment &other);
+    TargetAssignment &operator=(const TargetAssignment &) = delete;
+    ~TargetAssignment();
+
+    /** True once the owner of the link may be gone, and the library with it. */
+    bool isClosed() const { return m_link.isClosed(); }
 
     /** Calibrates a body from the target of that identifier; logs a failure. */
     bool assign(const QString &targetId, const QString &type, int index) const;
@@ -41,5 +45,5 @@ public:
 
 private:
     ControllerLink m_link;
-    Targetlibrary *m_library;
+    QPointer<Targetlibrary> m_library;
 };

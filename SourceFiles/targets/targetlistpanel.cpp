@@ -8,6 +8,18 @@
 #include <QSignalBlocker>
 #include <QTableWidget>
 
+namespace {
+
+QStringList idsOf(const QVector<const Target *> &targets)
+{
+    QStringList ids;
+    for (const Target *target : targets)
+        ids.append(target->id());
+    return ids;
+}
+
+} // namespace
+
 TargetListPanel::TargetListPanel(const TargetAssignment &assignment, Targetlibrary *library,
                                  const QIcon &foundIcon)
     : m_assignment(assignment), m_library(library), m_filler(*library, m_customTargets, foundIcon)
@@ -23,52 +35,54 @@ void TargetListPanel::setWidgets(const TabWidgets &widgets)
 void TargetListPanel::list(QTableWidget *table, const QString &type, const QString &category)
 {
     const QVector<const Target *> targets = m_filler.inCategory(type, category);
-    QStringList ids;
-    for (const Target *target : targets)
-        ids.append(target->id());
-    m_assignment.readCustom(ids, &m_customTargets);
+    const TargetAssignment assignment = m_assignment;
+    QSet<QString> custom = m_customTargets;
+    assignment.readCustom(idsOf(targets), &custom);
+    if (assignment.isClosed())
+        return;
+    m_customTargets = custom;
     m_filler.fill(table, targets, category.isNull());
 }
 
 void TargetListPanel::refreshUsed(QTableWidget *table, const QString &type) const
 {
-    for (const Target *target : m_filler.inCategory(type, category()))
-        m_assignment.refreshUsed(target->id());
-    m_filler.refreshMarks(table);
+    const TargetAssignment assignment = m_assignment;
+    for (const QString &id : idsOf(m_filler.inCategory(type, category())))
+        assignment.refreshUsed(id);
+    if (!assignment.isClosed())
+        m_filler.refreshMarks(table);
 }
 
 void TargetListPanel::refreshTracked(const QString &type) const
 {
-    for (Target *target : m_library->targets()) {
-        if (m_library->isOfType(*target, type))
-            refreshTracked(target);
+    const TargetAssignment assignment = m_assignment;
+    const QMap<QString, Target *> targets = m_library->targets();
+    for (Target *target : targets) {
+        if (!assignment.isClosed() && m_library->isOfType(*target, type))
+            assignment.refreshTracked(target);
     }
-}
-
-void TargetListPanel::refreshTracked(Target *target) const
-{
-    const bool wasTracked = target->isTracked();
-    m_assignment.refreshTracked(target);
-    // What is known of a target that was not listed may be old.
-    if (!wasTracked && target->isTracked())
-        m_assignment.refreshUsed(target->id());
 }
 
 void TargetListPanel::refreshTrackedRows(QTableWidget *table, int *tracked, int *alreadyUsed) const
 {
     // The category of the found targets was listed from states that were read just before.
     const bool statesKnown = category() == TargetTableFiller::foundTargets();
-    *tracked = 0;
-    *alreadyUsed = 0;
+    const TargetAssignment assignment = m_assignment;
+    int trackedRows = 0;
+    int usedRows = 0;
     for (const QString &id : listedIds(table)) {
         Target *target = m_library->target(id);
         if (!target)
             continue;
         if (!statesKnown)
-            refreshTracked(target);
-        *tracked += target->isTracked() ? 1 : 0;
-        *alreadyUsed += target->isTracked() && target->isCalibrated() ? 1 : 0;
+            assignment.refreshTracked(target);
+        if (assignment.isClosed())
+            return;
+        trackedRows += target->isTracked() ? 1 : 0;
+        usedRows += target->isTracked() && target->isCalibrated() ? 1 : 0;
     }
+    *tracked = trackedRows;
+    *alreadyUsed = usedRows;
     // Without a category filter the found targets move to the top as they are found.
     if (category().isNull())
         m_filler.fill(table, m_filler.inCategory(m_type, QString()), true);
@@ -133,12 +147,10 @@ void TargetListPanel::selectCategory(const QString &name) const
 
 void TargetListPanel::refreshUsedInCategory(const QString &name) const
 {
-    for (const Target *target : m_library->targets()) {
-        if (m_library->getGroupFromTid(target->id()) == name)
-            m_assignment.refreshUsed(target->id());
-    }
-    if (name == TargetTableFiller::foundTargets()) {
-        for (const Target *target : m_filler.inCategory(m_type, name))
-            m_assignment.refreshUsed(target->id());
+    const TargetAssignment assignment = m_assignment;
+    const QStringList ids = m_library->targets().keys();
+    for (const QString &id : ids) {
+        if (!assignment.isClosed() && m_library->getGroupFromTid(id) == name)
+            assignment.refreshUsed(id);
     }
 }

@@ -53,8 +53,6 @@ public:
     void refreshUsedInCategory(const QString &name) const;
 
 private:
-    void refreshTracked(Target *target) const;
-
     TargetAssignment m_assignment;
     Targetlibrary *m_library;
     QSet<QString> m_customTargets;

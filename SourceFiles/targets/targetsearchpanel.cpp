@@ -5,6 +5,7 @@
 #include <QComboBox>
 #include <QCoreApplication>
 #include <QLabel>
+#include <QPointer>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QTableWidget>
@@ -31,6 +32,11 @@ bool TargetSearchPanel::isRunning() const
     return m_run.isRunning() && m_pollTimer->isActive();
 }
 
+void TargetSearchPanel::offerStop()
+{
+    m_widgets.stop->setEnabled(true);
+}
+
 void TargetSearchPanel::showRunning()
 {
     m_widgets.start->setEnabled(false);
@@ -47,7 +53,11 @@ void TargetSearchPanel::start()
         if (used && used->text() == TargetTableFiller::usedText())
             inUse.append(TargetTableFiller::shortName(table, row));
     }
-    if (m_run.start(inUse)) {
+    const QPointer<QTimer> guard(m_pollTimer);
+    const bool started = m_run.start(inUse);
+    if (!guard)
+        return;
+    if (started) {
         m_widgets.progressBar->setValue(0);
         m_pollTimer->start(pollIntervalMs);
     } else {
@@ -60,7 +70,10 @@ void TargetSearchPanel::start()
 
 TargetSearchRun::Step TargetSearchPanel::poll()
 {
+    const QPointer<QTimer> guard(m_pollTimer);
     const TargetSearchRun::Poll result = m_run.poll();
+    if (!guard)
+        return result.step;
     if (result.percent)
         m_widgets.progressBar->setValue(*result.percent);
     if (result.step == TargetSearchRun::Step::Searching)
@@ -78,8 +91,10 @@ void TargetSearchPanel::cancel()
 {
     m_pollTimer->stop();
     m_widgets.progressBar->setValue(0);
+    const QPointer<QTimer> guard(m_pollTimer);
     m_run.cancel();
-    m_widgets.resultLabel->clear();
+    if (guard)
+        m_widgets.resultLabel->clear();
 }
 
 void TargetSearchPanel::showIdle()
@@ -128,6 +143,14 @@ void TargetSearchPanel::stopTimers()
 {
     m_trackedTimer->stop();
     m_pollTimer->stop();
+}
+
+void TargetSearchPanel::disconnectWidgets(const QObject *listener) const
+{
+    m_widgets.bodyTable->disconnect(listener);
+    m_widgets.targetTable->disconnect(listener);
+    if (m_widgets.category)
+        m_widgets.category->disconnect(listener);
 }
 
 void TargetSearchPanel::setControlsEnabled(bool enabled)

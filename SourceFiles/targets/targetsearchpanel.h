@@ -29,11 +29,15 @@ public:
     bool isSearching() const;
     /** True while this tab polls a search it started. */
     bool isRunning() const;
+    /** Lets the operator stop a search that this tab does not poll. */
+    void offerStop();
 
     /** Asks whether a search can start; logs why not. */
     bool canStart() const { return m_run.canStart(); }
     /** The start and stop buttons while a search runs. */
     void showRunning();
+    // A host may delete the tab in these: the owner of the panel looks after itself afterwards.
+
     /** Starts a search, or goes back to refreshing the tracked states when it cannot. */
     void start();
     /** One step of a running search: moves the bar, and stops polling after the last step. */
@@ -52,6 +56,9 @@ public:
     void reset();
     /** No more polls and no more tracked states. */
     void stopTimers();
+
+    /** The tables and the category box report to `listener` no longer. */
+    void disconnectWidgets(const QObject *listener) const;
 
     /** Enables what a running search locks, as far as the configuration lets it. */
     void setControlsEnabled(bool enabled);

@@ -8,8 +8,8 @@ namespace {
 /** A fraction as whole percent, truncated from the decimal value: 0.29 is 29. */
 int wholePercent(double fraction)
 {
-    constexpr double stepsPerUnit = 1e8;
-    constexpr qint64 stepsPerPercent = 1000000;
+    constexpr double stepsPerUnit = 1e14;
+    constexpr qint64 stepsPerPercent = 1000000000000;
     return int(qRound64(qBound(0.0, fraction, 1.0) * stepsPerUnit) / stepsPerPercent);
 }
 
@@ -17,19 +17,20 @@ int wholePercent(double fraction)
 
 bool TargetSearchRun::canStart() const
 {
-    if (m_link.text("cal available targetlib") != QLatin1String("yes")) {
-        m_link.log(QStringLiteral("Error: Unable to start target library calibration. "
-                                  "Calibration type is not available"));
+    const ControllerLink link = m_link;
+    if (link.text("cal available targetlib") != QLatin1String("yes")) {
+        link.log(QStringLiteral("Error: Unable to start target library calibration. "
+                                "Calibration type is not available"));
         return false;
     }
-    const auto active = m_link.text("status active");
+    const auto active = link.text("status active");
     if (!active) {
-        m_link.log(QStringLiteral("Error: Unable to start target library calibration"));
+        link.log(QStringLiteral("Error: Unable to start target library calibration"));
         return false;
     }
     if (*active != QLatin1String("none") && *active != QLatin1String("err")) {
-        m_link.log(QStringLiteral("Error: Unable to start target library calibration. "
-                                  "Calibration is already active."));
+        link.log(QStringLiteral("Error: Unable to start target library calibration. "
+                                "Calibration is already active."));
         return false;
     }
     return true;
@@ -37,37 +38,46 @@ bool TargetSearchRun::canStart() const
 
 bool TargetSearchRun::start(const QStringList &shortNamesInUse)
 {
-    m_running = m_link.command("morvek2 cal targetlib start");
+    const ControllerLink link = m_link;
+    const bool started = link.command("morvek2 cal targetlib start");
+    if (link.isClosed())
+        return false;
+    m_running = started;
     m_isProgressLost = false;
-    if (!m_running) {
-        m_link.log(QStringLiteral("Error: Unable to start target library calibration"));
+    if (!started) {
+        link.log(QStringLiteral("Error: Unable to start target library calibration"));
         return false;
     }
-    m_link.log(QStringLiteral("target library calibration started"));
+    link.log(QStringLiteral("target library calibration started"));
     for (const QString &shortName : shortNamesInUse)
-        m_link.log(QStringLiteral("%1 already calibrated").arg(shortName));
-    return true;
+        link.log(QStringLiteral("%1 already calibrated").arg(shortName));
+    return !link.isClosed();
 }
 
 TargetSearchRun::Poll TargetSearchRun::poll()
 {
-    const auto step = m_link.text("status step_active");
+    const ControllerLink link = m_link;
+    const auto step = link.text("status step_active");
+    if (link.isClosed())
+        return {Step::Aborted, std::nullopt};
     if (!step) {
         m_running = false;
-        m_link.log(QStringLiteral("Error during target library calibration. Calibration aborted"));
+        link.log(QStringLiteral("Error during target library calibration. Calibration aborted"));
         return {Step::Aborted, std::nullopt};
     }
     if (!step->startsWith(QLatin1String("cal"))) {
         m_running = false;
-        m_link.log(QStringLiteral("target library calibration stopped"));
+        link.log(QStringLiteral("target library calibration stopped"));
         return {Step::Ended, std::nullopt};
     }
     Poll result;
-    const auto progress = m_link.real("status progress");
+    const auto progress = link.real("status progress");
+    if (link.isClosed())
+        return {Step::Aborted, std::nullopt};
     if (progress)
         result.percent = wholePercent(*progress);
     else if (!m_isProgressLost)
-        m_link.log(QStringLiteral("Error: Unable to get progress of target library calibration"));
+        link.log(QStringLiteral("Error: Unable to get progress of target library calibration"));
     m_isProgressLost = !progress;
     return result;
 }
@@ -75,22 +85,24 @@ TargetSearchRun::Poll TargetSearchRun::poll()
 void TargetSearchRun::cancel()
 {
     m_running = false;
-    m_link.command("morvek2 cal targetlib stop");
-    m_link.log(QStringLiteral("target library calibration cancelled"));
+    const ControllerLink link = m_link;
+    link.command("morvek2 cal targetlib stop");
+    link.log(QStringLiteral("target library calibration cancelled"));
 }
 
 int TargetSearchRun::countTracked(const Targetlibrary &library, const QString &type) const
 {
+    const ControllerLink link = m_link;
+    const QMap<QString, Target *> targets = library.targets();
     int tracked = 0;
-    for (const Target *target : library.targets()) {
-        if (!library.isOfType(*target, type))
+    for (const Target *target : targets) {
+        if (link.isClosed() || !library.isOfType(*target, type))
             continue;
-        const auto state = m_link.text("targetlib target_status_tracked %s",
-                                       ControllerLink::argument(target->id()).constData());
-        if (!state) {
-            m_link.log(QStringLiteral("Error: Unable to get tracked state of target %1")
-                               .arg(target->id()));
-        }
+        const QString id = target->id();
+        const auto state = link.text("targetlib target_status_tracked %s",
+                                     ControllerLink::argument(id).constData());
+        if (!state)
+            link.log(QStringLiteral("Error: Unable to get tracked state of target %1").arg(id));
         tracked += state == QLatin1String("yes") ? 1 : 0;
     }
     return tracked;

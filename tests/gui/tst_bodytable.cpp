@@ -1,5 +1,6 @@
 #include "administrationfixture.h"
 
+#include <QHeaderView>
 #include <QIcon>
 
 #include <clocale>
@@ -39,6 +40,7 @@ private slots:
     void filterSummary_data();
     void filterSummary();
     void germanDesktopChangesNothing();
+    void lastColumnStretchesUntilTheFirstFilling();
 };
 
 void tst_BodyTable::showsEveryBody()
@@ -384,6 +386,27 @@ void tst_BodyTable::germanDesktopChangesNothing()
         Drive::settle();
         QCOMPARE(host.writes(), QStringList{"standard number_of_bodies 13"});
     });
+}
+
+void tst_BodyTable::lastColumnStretchesUntilTheFirstFilling()
+{
+    TestHost host;
+    BodyAdministrationDlg dialog(&host.io, &host.mainWindow, &host.versions);
+    const QStringList names{"tableWidget_standard", "tableWidget_joywand",
+                            "tableWidget_fingertracking", "tableWidget_mt", "tableWidget_ref"};
+    const auto stretches = [&dialog](const QString &name) {
+        const auto *table = Drive::find<QTableWidget>(&dialog, name.toLatin1().constData());
+        return table->horizontalHeader()->stretchLastSection();
+    };
+    for (const QString &name : names)
+        QVERIFY2(stretches(name), qPrintable(name));
+    robot().expectDialog(QStringLiteral("BodyAdministrationDlg"), [](QWidget *window) {
+        for (int page = 0; page < 4; ++page)
+            QTest::keyClick(window, Qt::Key_F8);
+    });
+    dialog.update_and_exec();
+    for (const QString &name : names)
+        QVERIFY2(!stretches(name), qPrintable(name));
 }
 
 TRACKING_TEST_MAIN(tst_BodyTable)

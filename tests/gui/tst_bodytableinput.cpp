@@ -49,9 +49,8 @@ public:
         const FillGuard filling = input.startFilling();
         const QIcon none;
         const BodyTableIcons icons(none, none, none, none, none);
-        BodyTableFiller(icons, false, {})
-                .fill(standard, registry.type(standard),
-                      [](const QString &, int, int, QTableWidgetItem *) {});
+        BodyTableFiller(icons, false, registry, {})
+                .fill(standard, [](const QString &, int, int, QTableWidgetItem *) {});
     }
 
     const BodyColumns columns{{COLUMN_TYPE_ID, QStringLiteral("ID")},

@@ -40,6 +40,7 @@ private slots:
     void isUnavailable_data();
     void isUnavailable();
     void becomesAvailableLater();
+    void formSaysThatToolsAreMissing();
     void changesCounts_data();
     void changesCounts();
     void reportsCountFailures_data();
@@ -209,6 +210,18 @@ void tst_MtAdministration::becomesAvailableLater()
         goTo(window, standardPage);
         goTo(window, toolsPage);
         QVERIFY(!host.queries().contains(QStringLiteral("measurementtool available")));
+    });
+}
+
+void tst_MtAdministration::formSaysThatToolsAreMissing()
+{
+    TestHost host;
+    BodyAdministrationDlg dialog(&host.io, &host.mainWindow, &host.versions);
+    QCOMPARE(label(page(&dialog, toolsPage), "label_error"),
+             QStringLiteral("Measurement Tool is not available!"));
+    open(&dialog, [](QWidget *window) {
+        goTo(window, toolsPage);
+        QCOMPARE(label(page(window, toolsPage), "label_error"), QString());
     });
 }
 

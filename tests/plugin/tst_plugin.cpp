@@ -56,6 +56,7 @@ private slots:
     void shutDownBeforeTheEntriesDoesNothing();
     void aboutToExitWithdrawsTheReceiver();
     void exitDeletesTheDialogsAndKeepsTheActions();
+    void parentMayBeDeletedBeforeTheShutDown();
     void unloadingWithoutExitLeavesTheDialogsToTheirParent();
     void loadUseUnloadTwice();
 
@@ -329,6 +330,29 @@ void tst_plugin::exitDeletesTheDialogsAndKeepsTheActions()
 
     QVERIFY(host.loader.unload());
     QVERIFY(!action);
+}
+
+void tst_plugin::parentMayBeDeletedBeforeTheShutDown()
+{
+    PluginHost host;
+    ModuleInterface *module = host.module();
+    auto window = std::make_unique<QWidget>();
+    module->set_param(QStringLiteral("CommandManager"),
+                      QVariant::fromValue(static_cast<IOManager *>(host.io.get())));
+    module->set_param(QStringLiteral("BackendVersions"), QVariant::fromValue(&host.versions));
+    module->set_param(QStringLiteral("ModuleParent"), QVariant::fromValue(window.get()));
+    const QList<_GuiElement *> elements = module->get_gui_elements();
+    QCOMPARE(host.io->receiverCount("GlobalEvent"), 1);
+
+    window.reset();
+    QVERIFY(!elements.at(0)->content);
+    QVERIFY(!elements.at(1)->content);
+    QCOMPARE(host.io->receiverCount("GlobalEvent"), 0);
+    QCOMPARE(host.io->receiverCount("BodyAdministrationModule"), 0);
+    elements.at(1)->menu_entry->trigger(); // leads nowhere now
+    module->about_to_exit_module();
+    module->exit_module();
+    QVERIFY(host.loader.unload());
 }
 
 void tst_plugin::unloadingWithoutExitLeavesTheDialogsToTheirParent()

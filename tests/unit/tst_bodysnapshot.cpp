@@ -65,6 +65,8 @@ void tst_BodySnapshot::noticesChanges_data()
     QTest::newRow("no bodies") << Change([](BodyRegistry &r) { r[standard].bodies.clear(); })
                                << false;
     QTest::newRow("type gone") << Change([](BodyRegistry &r) { r.remove(standard); }) << false;
+    QTest::newRow("another configuration")
+            << Change([](BodyRegistry &r) { r.beginGeneration(); }) << false;
     QTest::newRow("locked") << Change([](BodyRegistry &r) { r.setLocked(true); }) << false;
 }
 

@@ -175,6 +175,7 @@ void tst_TargetSearchRun::readsProgress_data()
     QTest::addColumn<int>("percent"); // -1 for none
     QTest::newRow("begin") << "answer \"0.0\"" << 0;
     QTest::newRow("truncated") << "answer \"0.999\"" << 99;
+    QTest::newRow("nearly one") << "answer \"0.999999995\"" << 99;
     QTest::newRow("below one") << "answer \"0.0099\"" << 0;
     QTest::newRow("decimal value") << "answer \"0.29\"" << 29;
     QTest::newRow("half") << "answer \"0.5\"" << 50;

@@ -1,0 +1,428 @@
+#include "administrationfixture.h"
+#include "interruption.h"
+
+#include <QComboBox>
+#include <QLineEdit>
+#include <QSignalSpy>
+
+namespace {
+
+const QString changedLine =
+        QStringLiteral("Error: The bodies have changed meanwhile. Nothing was sent.");
+const QString morvek = QStringLiteral("MORVEK3");
+const QString warning = QStringLiteral("Warning");
+constexpr int deleteColumn = 8;
+constexpr int resetColumn = 9;
+
+/** A question of the body administration and how an operator comes to it. */
+struct Question {
+    const char *form;
+    std::function<void(QWidget *page)> ask;
+    QString title;
+    QString text;
+    QMessageBox::StandardButton accept = QMessageBox::Yes;
+};
+
+QTableWidget *tableOf(QWidget *page, const char *name)
+{
+    return Drive::find<QTableWidget>(page, name);
+}
+
+std::function<void(QWidget *)> clicking(const char *name, int row, int column)
+{
+    return [=](QWidget *page) { Drive::clickCell(tableOf(page, name), row, column); };
+}
+
+std::function<void(QWidget *)> toggling(const char *name, int row, int column)
+{
+    return [=](QWidget *page) { Drive::toggleCell(tableOf(page, name), row, column); };
+}
+
+/** Presses select for a body and a target of the page. */
+std::function<void(QWidget *)> assigning(const char *name, int row, const QString &category,
+                                         int target)
+{
+    return [=](QWidget *page) {
+        Drive::clickCell(tableOf(page, name), row, 0);
+        Drive::choose(Drive::find<QComboBox>(page, "comboBox_filter"), category);
+        Drive::clickCell(tableOf(page, "tableWidget_targetlibrary"), target, 1);
+        Drive::click(page, "pushButton_select");
+        Drive::settle();
+    };
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(Question)
+
+/** What was confirmed is what is done; what was typed goes where it was meant to go. */
+class tst_Confirmations : public AdministrationFixture {
+    Q_OBJECT
+
+private slots:
+    void anotherConfigurationVoidsTheAnswer_data();
+    void anotherConfigurationVoidsTheAnswer();
+    void aLockVoidsTheAnswer_data();
+    void aLockVoidsTheAnswer();
+    void anotherClientsChangeVoidsTheAnswer();
+    void unchangedAnswerCounts_data();
+    void unchangedAnswerCounts();
+    void lockDropsWhatIsTyped_data();
+    void lockDropsWhatIsTyped();
+    void anotherConfigurationDropsTheOpenEditor();
+    void clicksBehindASlowQueryOpenOneWindow_data();
+    void clicksBehindASlowQueryOpenOneWindow();
+    void clickAfterAKeyAnnouncesTheBody();
+    void leavingThePageTakesOverAName_data();
+    void leavingThePageTakesOverAName();
+    void leavingThePageTakesOverACount();
+    void escapeDiscardsAName();
+    void escapeDiscardsACount();
+
+private:
+    static void addQuestions();
+    void ask(TestHost &host, const Question &question, const std::function<void()> &meanwhile);
+};
+
+void tst_Confirmations::addQuestions()
+{
+    QTest::addColumn<Question>("question");
+    const auto standard = "tableWidget_standard";
+    const auto references = "tableWidget_ref";
+    QTest::newRow("delete") << Question{standardPage, clicking(standard, 1, deleteColumn), morvek,
+                                        "Delete geometry of Standard body 02?"};
+    QTest::newRow("deselect") << Question{standardPage,
+                                          [](QWidget *page) {
+                                              QTableWidget *bodies =
+                                                      tableOf(page, "tableWidget_standard");
+                                              Drive::clickCell(bodies, 3, 0);
+                                              Drive::click(page, "pushButton_deselect");
+                                              Drive::settle();
+                                          },
+                                          morvek,
+                                          "Delete assignment of sensor vendorone mini 'A7' and \n"
+                                          "delete geometry of Standard body 04?"};
+    QTest::newRow("deactivate the reference")
+            << Question{standardPage, toggling(standard, 2, 1), morvek,
+                        "After deactivating the reference target,\n"
+                        "all targets will not be tracked.\nContinue?"};
+    QTest::newRow("reset to library")
+            << Question{standardPage, clicking(standard, 1, resetColumn), morvek,
+                        "Reset Standard body 02\nto Target-Library geometry?"};
+    QTest::newRow("drop the reference") << Question{
+            standardPage,
+            [](QWidget *page) {
+                Drive::typeNumber(Drive::find<QSpinBox>(page, "spinBox_standard_bodies"),
+                                  QStringLiteral("2"));
+            },
+            morvek,
+            "Decreasing the number of standard bodies will disable the reference!\n\nContinue?"};
+    QTest::newRow("overwrite") << Question{
+            standardPage, assigning(standard, 0, QStringLiteral("Cross Target"), 1), warning,
+            "Overwrite body calibration data of Cap?", Box::Ok};
+    QTest::newRow("take from a tool reference") << Question{
+            standardPage, assigning(standard, 7, QStringLiteral("Cross Target"), 4), warning,
+            "This target is already calibrated as Measurement Tool Reference MR3.\n"
+            "Delete the Measurement Tool Reference MR3?",
+            Box::Ok};
+    QTest::newRow("delete a tool reference")
+            << Question{toolsPage, clicking(references, 0, 4), morvek,
+                        "Delete Measurement Tool reference body 01?\nIf yes, the assignment to the "
+                        "Measurement Tool will be deleted.\nContinue?"};
+    QTest::newRow("deactivate a tool reference")
+            << Question{toolsPage, toggling(references, 0, 1), morvek,
+                        "After deactivating the reference,\nthe corresponding Measurement Tool "
+                        "will not be tracked.\nContinue?"};
+}
+
+void tst_Confirmations::ask(TestHost &host, const Question &question,
+                            const std::function<void()> &meanwhile)
+{
+    openAt(host, question.form, [&](QWidget *page) {
+        if (question.text.startsWith(QLatin1String("Decreasing"))) {
+            host.edit([](ControllerState &state) { state.bodyTypes["standard"].bodies.resize(3); });
+            configurationChanged(host);
+        }
+        host.clear();
+        robot().expectBox(question.title, question.text, question.accept, meanwhile);
+        question.ask(page);
+        robot().verify();
+        Drive::settle();
+    });
+}
+
+void tst_Confirmations::anotherConfigurationVoidsTheAnswer_data()
+{
+    addQuestions();
+}
+
+void tst_Confirmations::anotherConfigurationVoidsTheAnswer()
+{
+    QFETCH(Question, question);
+    TestHost host;
+    // Its bodies read the same: nothing but the message tells that it is another one.
+    ask(host, question, [&] { configurationChanged(host); });
+    QCOMPARE(changes(host), QStringList());
+    QCOMPARE(host.log(), QStringList(changedLine));
+}
+
+void tst_Confirmations::aLockVoidsTheAnswer_data()
+{
+    addQuestions();
+}
+
+void tst_Confirmations::aLockVoidsTheAnswer()
+{
+    QFETCH(Question, question);
+    TestHost host;
+    ask(host, question, [&] {
+        host.edit([](ControllerState &state) { state.configChangeable = false; });
+        configurationChanged(host);
+    });
+    QCOMPARE(changes(host), QStringList());
+    QCOMPARE(host.log(), QStringList(changedLine));
+}
+
+void tst_Confirmations::anotherClientsChangeVoidsTheAnswer()
+{
+    TestHost host;
+    openAt(host, standardPage, [&](QWidget *page) {
+        QTableWidget *bodies = table(page, "tableWidget_standard");
+        host.clear();
+        robot().expectBox(
+                morvek, QStringLiteral("Delete geometry of Standard body 02?"), Box::Yes, [&] {
+                    host.edit([](ControllerState &state) {
+                        state.bodyTypes["standard"].bodies[1].description = QStringLiteral("Mine");
+                    });
+                    host.io.send_message("BodyAdministrationModule", "Any", 1, "reopen");
+                    Drive::settle();
+                });
+        Drive::clickCell(bodies, 1, deleteColumn);
+        QCOMPARE(Drive::cell(bodies, 1, 3), QStringLiteral("Mine"));
+    });
+    QCOMPARE(changes(host), QStringList());
+    QCOMPARE(host.log(), QStringList(changedLine));
+}
+
+void tst_Confirmations::unchangedAnswerCounts_data()
+{
+    addQuestions();
+}
+
+void tst_Confirmations::unchangedAnswerCounts()
+{
+    QFETCH(Question, question);
+    TestHost host;
+    ask(host, question, {});
+    QVERIFY(!changes(host).isEmpty());
+    QCOMPARE(host.log(), QStringList());
+}
+
+void tst_Confirmations::lockDropsWhatIsTyped_data()
+{
+    QTest::addColumn<bool>("isName");
+    QTest::newRow("name") << true;
+    QTest::newRow("count") << false;
+}
+
+void tst_Confirmations::lockDropsWhatIsTyped()
+{
+    QFETCH(bool, isName);
+    TestHost host;
+    openAt(host, standardPage, [&](QWidget *page) {
+        QTableWidget *bodies = table(page, "tableWidget_standard");
+        auto *count = Drive::find<QSpinBox>(page, "spinBox_standard_bodies");
+        if (isName) {
+            Drive::doubleClickCell(bodies, 0, 3);
+            QTest::keyClicks(bodies->viewport()->findChild<QLineEdit *>(), QStringLiteral("Half"));
+        } else {
+            count->setFocus();
+            count->selectAll();
+            QTest::keyClicks(count, QStringLiteral("2"));
+        }
+        host.edit([](ControllerState &state) { state.configChangeable = false; });
+        host.clear();
+        configurationChanged(host);
+        QVERIFY(!bodies->viewport()->findChild<QLineEdit *>()
+                || bodies->viewport()->findChild<QLineEdit *>()->isHidden());
+        QCOMPARE(Drive::cell(bodies, 0, 3), QStringLiteral("Cap"));
+        QCOMPARE(count->text(), QStringLiteral("8"));
+    });
+    QCOMPARE(changes(host), QStringList());
+}
+
+void tst_Confirmations::anotherConfigurationDropsTheOpenEditor()
+{
+    TestHost host;
+    openAt(host, standardPage, [&](QWidget *page) {
+        QTableWidget *bodies = table(page, "tableWidget_standard");
+        Drive::doubleClickCell(bodies, 0, 3);
+        QTest::keyClicks(bodies->viewport()->findChild<QLineEdit *>(), QStringLiteral("Half"));
+        host.clear();
+        configurationChanged(host);
+        QCOMPARE(Drive::cell(bodies, 0, 3), QStringLiteral("Cap"));
+    });
+    QCOMPARE(changes(host), QStringList());
+}
+
+// Gestures
+
+void tst_Confirmations::clicksBehindASlowQueryOpenOneWindow_data()
+{
+    QTest::addColumn<QByteArray>("button");
+    QTest::addColumn<QByteArray>("query");
+    QTest::newRow("page's filter")
+            << QByteArray("standard") << QByteArray("body filter6d_preset standard b01");
+    QTest::newRow("dialog's filter")
+            << QByteArray("dialog") << QByteArray("body filter6d_preset standard b01");
+    QTest::newRow("filter cell") << QByteArray("cell")
+                                 << QByteArray("body filter6d_preset standard b01");
+    QTest::newRow("deselect") << QByteArray("deselect")
+                              << QByteArray("body targetlib_name standard b04");
+}
+
+void tst_Confirmations::clicksBehindASlowQueryOpenOneWindow()
+{
+    QFETCH(QByteArray, button);
+    QFETCH(QByteArray, query);
+    TestHost host;
+    BodyAdministrationDlg dialog(&host.io, &host.mainWindow, &host.versions);
+    open(&dialog, [&](QWidget *window) {
+        QWidget *standard = page(window, standardPage);
+        QTableWidget *bodies = table(window, "tableWidget_standard");
+        Drive::clickCell(bodies, button == "deselect" ? 3 : 0, 0);
+        const auto press = [&] {
+            if (button == "cell")
+                Drive::clickCell(bodies, 0, 7);
+            else if (button == "deselect")
+                QTest::mouseClick(Drive::find<QWidget>(standard, "pushButton_deselect"),
+                                  Qt::LeftButton);
+            else
+                QTest::mouseClick(Drive::find<QWidget>(button == "dialog" ? window : standard,
+                                                       "pushButton_filter"),
+                                  Qt::LeftButton);
+            Drive::settle();
+        };
+        const Interruption second(host.io, Interruption::atFirst(query), press);
+        if (button == "deselect")
+            robot().expectBox(morvek,
+                              QStringLiteral("Delete assignment of sensor vendorone mini 'A7' and "
+                                             "\ndelete geometry of Standard body 04?"),
+                              Box::No);
+        else
+            robot().expectDialog(QStringLiteral("FilterDialog"), [](QWidget *) {});
+        press();
+        QCOMPARE(second.times(), 1);
+    });
+}
+
+void tst_Confirmations::clickAfterAKeyAnnouncesTheBody()
+{
+    TestHost host;
+    BodyAdministrationDlg dialog(&host.io, &host.mainWindow, &host.versions);
+    open(&dialog, [&](QWidget *window) {
+        QTableWidget *bodies = table(window, "tableWidget_standard");
+        Drive::clickCell(bodies, 0, 0);
+        QTest::keyClick(bodies, Qt::Key_Down);
+        QCOMPARE(bodies->currentRow(), 1);
+        QSignalSpy announced(qobject_cast<BodyTypeAdministrationTab *>(page(window, standardPage)),
+                             &BodyTypeAdministrationTab::selection_changed);
+        Drive::clickCell(bodies, 1, 0);
+        QCOMPARE(announced.count(), 1);
+        QCOMPARE(announced.first().at(1).toInt(), 1);
+    });
+}
+
+// What is typed when the page is left
+
+void tst_Confirmations::leavingThePageTakesOverAName_data()
+{
+    QTest::addColumn<QString>("way");
+    QTest::newRow("F8") << "F8";
+    QTest::newRow("tab") << "tab";
+    QTest::newRow("Ctrl+Tab") << "key";
+    QTest::newRow("Exit") << "Exit";
+}
+
+void tst_Confirmations::leavingThePageTakesOverAName()
+{
+    QFETCH(QString, way);
+    TestHost host;
+    BodyAdministrationDlg dialog(&host.io, &host.mainWindow, &host.versions);
+    open(&dialog, [&](QWidget *window) {
+        QTableWidget *bodies = table(window, "tableWidget_standard");
+        Drive::doubleClickCell(bodies, 0, 3);
+        auto *editor = bodies->viewport()->findChild<QLineEdit *>();
+        editor->selectAll();
+        QTest::keyClicks(editor, QStringLiteral("Hat"));
+        host.clear();
+        if (way == QLatin1String("F8"))
+            QTest::keyClick(editor, Qt::Key_F8);
+        else if (way == QLatin1String("tab"))
+            goTo(window, joywandPage);
+        else if (way == QLatin1String("key"))
+            QTest::keyClick(pages(window), Qt::Key_Tab, Qt::ControlModifier);
+        else
+            Drive::click(window, "pushButton_exit");
+        Drive::settle();
+        QCOMPARE(pages(window)->currentIndex(), way == QLatin1String("Exit") ? 0 : 1);
+        QCOMPARE(window->isVisible(), way != QLatin1String("Exit"));
+    });
+    Drive::settle();
+    QCOMPARE(changes(host), QStringList{QStringLiteral("body desc standard b01 \"Hat\"")});
+    QCOMPARE(host.state().bodyTypes["standard"].bodies.at(0).description, QStringLiteral("Hat"));
+}
+
+void tst_Confirmations::leavingThePageTakesOverACount()
+{
+    TestHost host;
+    BodyAdministrationDlg dialog(&host.io, &host.mainWindow, &host.versions);
+    open(&dialog, [&](QWidget *window) {
+        auto *count = Drive::find<QSpinBox>(window, "spinBox_standard_bodies");
+        count->setFocus();
+        count->selectAll();
+        QTest::keyClicks(count, QStringLiteral("9"));
+        host.clear();
+        QTest::keyClick(count, Qt::Key_F8);
+        Drive::settle();
+        QCOMPARE(pages(window)->currentIndex(), 1);
+    });
+    QCOMPARE(changes(host), QStringList{QStringLiteral("standard number_of_bodies 9")});
+}
+
+void tst_Confirmations::escapeDiscardsAName()
+{
+    TestHost host;
+    openAt(host, standardPage, [&](QWidget *page) {
+        QTableWidget *bodies = table(page, "tableWidget_standard");
+        Drive::doubleClickCell(bodies, 0, 3);
+        auto *editor = bodies->viewport()->findChild<QLineEdit *>();
+        QTest::keyClicks(editor, QStringLiteral("Hat"));
+        QTest::keyClick(editor, Qt::Key_Escape);
+        Drive::settle();
+        QVERIFY(page->isVisible());
+        QCOMPARE(Drive::cell(bodies, 0, 3), QStringLiteral("Cap"));
+    });
+    QCOMPARE(changes(host), QStringList());
+}
+
+void tst_Confirmations::escapeDiscardsACount()
+{
+    TestHost host;
+    openAt(host, standardPage, [&](QWidget *page) {
+        auto *count = Drive::find<QSpinBox>(page, "spinBox_standard_bodies");
+        count->setFocus();
+        count->selectAll();
+        QTest::keyClicks(count, QStringLiteral("2"));
+        QTest::keyClick(count, Qt::Key_Escape);
+        Drive::settle();
+        QVERIFY(page->isVisible());
+        QCOMPARE(count->text(), QStringLiteral("8"));
+        QTest::keyClick(count, Qt::Key_Escape);
+        QVERIFY(!page->isVisible());
+    });
+    QCOMPARE(changes(host), QStringList());
+}
+
+TRACKING_TEST_MAIN(tst_Confirmations)
+#include "tst_confirmations.moc"

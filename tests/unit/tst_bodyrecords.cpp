@@ -1,0 +1,77 @@
+#include "bodies/bodyrecords.h"
+#include "dialogtest.h"
+
+#include <QTableWidget>
+
+namespace {
+
+const QString standard = QStringLiteral("standard");
+
+/** Records as a tab has them. */
+class Records : public BodyRecords {
+public:
+    explicit Records(const ControllerLink &link) : BodyRecords(link) {}
+    ControllerLink ownLink() const { return link(); }
+    void addBody() { bodytypes[standard].bodies.append(AdminBody()); }
+    const AdminBodyType &record() const { return bodytypes.type(standard); }
+};
+
+} // namespace
+
+/** The registration of a type, and the end of the records' link. */
+class tst_BodyRecords : public DialogTest {
+    Q_OBJECT
+
+private slots:
+    void targetTableMayComeFirst();
+    void registeringAgainForgetsTheBodies();
+    void linkEndsWithTheRecords();
+};
+
+void tst_BodyRecords::targetTableMayComeFirst()
+{
+    TestHost host;
+    QTableWidget targets;
+    for (const bool tableFirst : {false, true}) {
+        Records records(ControllerLink(&host.io, &host.versions));
+        if (tableFirst)
+            records.registerTableWidget_tl(standard, &targets);
+        records.registerBodyType(standard);
+        if (!tableFirst)
+            records.registerTableWidget_tl(standard, &targets);
+        QCOMPARE(records.record().tableWidget_tl, &targets);
+        QCOMPARE(records.record().typedesc, QStringLiteral("Standard body"));
+    }
+}
+
+void tst_BodyRecords::registeringAgainForgetsTheBodies()
+{
+    TestHost host;
+    Records records(ControllerLink(&host.io, &host.versions));
+    records.registerBodyType(standard);
+    records.addBody();
+    QCOMPARE(records.getNumberOfBodies(standard), 1);
+    records.registerBodyType(standard);
+    QCOMPARE(records.getNumberOfBodies(standard), 0);
+}
+
+void tst_BodyRecords::linkEndsWithTheRecords()
+{
+    TestHost host;
+    auto records = std::make_unique<Records>(ControllerLink(&host.io, &host.versions));
+    const ControllerLink link = records->ownLink();
+    QVERIFY(link.set("inertial warmup yes"));
+    QVERIFY(!link.isClosed());
+    records.reset();
+    host.clear();
+    QVERIFY(link.isClosed());
+    QVERIFY(!link.set("inertial warmup yes"));
+    QVERIFY(!link.command("morvek2 cal targetlib stop"));
+    QCOMPARE(link.text("status active").has_value(), false);
+    link.log(QStringLiteral("too late"));
+    QCOMPARE(host.lines(), QStringList());
+    QCOMPARE(host.log(), QStringList());
+}
+
+TRACKING_TEST_MAIN(tst_BodyRecords)
+#include "tst_bodyrecords.moc"
