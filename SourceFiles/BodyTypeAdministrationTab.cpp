@@ -1,11 +1,11 @@
 #include "BodyTypeAdministrationTab.h"
 
-#include "linkobserver.h"
 #include "support/modulerequests.h"
 #include "support/steps.h"
 #include "support/timerpause.h"
 #include "targetlibrary.h"
 #include "targets/target.h"
+#include "waiting.h"
 
 #include <QLabel>
 #include <QPointer>
@@ -44,6 +44,7 @@ BodyTypeAdministrationTab::BodyTypeAdministrationTab(IOManager *manager, QWidget
     connect(input, &BodyTableInput::filterPressed, this, &Tab::editFilter);
     connect(input, &BodyTableInput::deletePressed, this, &Tab::deleteAndRefresh);
     connect(input, &BodyTableInput::resetPressed, this, &Tab::resetBody);
+    connect(this, &Tab::selection_changed, this, &Tab::applyPageRules);
 }
 
 BodyTypeAdministrationTab::~BodyTypeAdministrationTab() = default;
@@ -328,6 +329,7 @@ void BodyTypeAdministrationTab::switchGlobalFilterOn(const QString &type)
 
 void BodyTypeAdministrationTab::assignTarget()
 {
+    const Waiting waiting(observer(), Waiting::For::Action, tr("Changing bodies ..."));
     if (!m_flow.choose(tabWidgets()))
         return;
     const AssignmentFlow::Choice choice = m_flow.choice();
@@ -354,6 +356,7 @@ void BodyTypeAdministrationTab::assignTarget()
 
 void BodyTypeAdministrationTab::releaseTarget()
 {
+    const Waiting waiting(observer(), Waiting::For::Action, tr("Changing bodies ..."));
     if (tabWidgets().bodyTable->currentRow() < 0)
         return;
     runSteps(this, {[&] { pushButtonDeSelectClicked(mainBodyType(), tabWidgets().bodyTable); },
@@ -389,6 +392,7 @@ void BodyTypeAdministrationTab::updateCalStatusTablewidgetTl(const QString &type
 
 void BodyTypeAdministrationTab::categoryChosen(const QString &group)
 {
+    const Waiting waiting(observer(), Waiting::For::Refresh, tr("Reading targets ..."));
     runSteps(this, {[&] { m_targets.refreshUsedInCategory(group); },
                     [&] {
                         update_tableWidget_targetlibrary(tabWidgets().targetTable, mainBodyType(),
@@ -404,6 +408,11 @@ bool BodyTypeAdministrationTab::is_filter6d_possible()
     const QString type = bodytypes.names().value(0);
     return !m_is_config_locked && getBodyTypeFilter6dAvailable(type)
            && getNumberOfCalibratedBodies(type) > 0 && isBodyCalibrated(type, current_bid);
+}
+
+void BodyTypeAdministrationTab::applyPageRules()
+{
+    m_search.applyPageRules(is_filter6d_possible());
 }
 
 bool BodyTypeAdministrationTab::is_hybridbodycalibration_possible()
@@ -422,6 +431,7 @@ void BodyTypeAdministrationTab::setConfigLockedStatus(bool locked)
     m_search.setConfigLocked(locked);
     if (changed)
         m_input.discard();
+    applyPageRules();
     if (!changed || !isVisible())
         return;
     const QPointer<QWidget> self(this);

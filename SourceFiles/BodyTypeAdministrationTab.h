@@ -8,7 +8,9 @@
 #include "bodies/bodytablefiller.h"
 #include "bodies/bodytableinput.h"
 #include "bodies/tabwidgets.h"
+#include "linkobserver.h"
 #include "support/filterdialogrun.h"
+#include "support/steps.h"
 #include "support/refreshgate.h"
 #include "targets/assignmentflow.h"
 #include "targets/searchflow.h"
@@ -236,13 +238,17 @@ protected slots:
     }
     void on_pushButton_stop_clicked()
     {
-        perform([this] { m_searchFlow.stop(numTracked_tl); });
+        perform([this] {
+            runSteps(this, {[this] { m_searchFlow.stop(numTracked_tl); },
+                            [this] { applyPageRules(); }});
+        });
     }
     void on_tableWidget_targetlibrary_itemSelectionChanged() { rowChosen(); }
     void doMeasurement_tl()
     {
         selectedRowTl = tabWidgets().targetTable->currentRow();
-        m_searchFlow.poll(&numTracked_tl);
+        runSteps(this, {[this] { m_searchFlow.poll(&numTracked_tl); },
+                        [this] { applyPageRules(); }});
     }
     void updateTrackedAndAcceptStatus_tl()
     {
@@ -273,6 +279,10 @@ protected:
         activate_pushButton_select();
         activate_pushButton_deselect();
     }
+    /** The page's filter and calibration buttons follow the current body and the search. */
+    void applyPageRules();
+    /** Of the dialog that the tab belongs to; null when it has none. */
+    LinkObserver *observer() const { return LinkObserver::of(this); }
     /** First half of the tabs' refresh: remembers the current body and refills the target table. */
     void refreshTargets();
     /** Second half: reads the bodies, restores the selections, resets the search widgets. */
@@ -284,6 +294,7 @@ protected:
     {
         m_search.reset();
         rowChosen();
+        applyPageRules();
     }
     /** Hides the dialog and requests the current body's calibration from the other module. */
     void requestBodyCalibration();
@@ -339,7 +350,7 @@ private:
     BodyQuestions m_questions{this, link(), bodytypes};
     BodyActions m_actions{link(), bodytypes, m_questions};
     BodyTableIcons m_tableIcons{icon_ok, icon_not_cal, icon_yellow_hook, icon_cross, icon_reset};
-    BodyTableInput m_input{bodytypes};
+    BodyTableInput m_input{bodytypes, observer()};
     TargetAssignment m_assignment{link(), targetlib};
     TargetListPanel m_targets{m_assignment, targetlib, icon_ok};
     AssignmentFlow m_flow{this, link(), bodytypes, m_assignment};

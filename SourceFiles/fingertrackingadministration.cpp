@@ -27,6 +27,7 @@ FingertrackingAdministration::FingertrackingAdministration(IOManager *manager, Q
     TabWidgets widgets = commonTabWidgets(*ui);
     widgets.type = handsType;
     widgets.bodyTable = ui->tableWidget_fingertracking;
+    widgets.calibration = ui->pushButton_calibration;
     widgets.editControls = {ui->spinBox_hands, ui->pushButton_calibration};
     widgets.searchControls = widgets.editControls;
     setTabWidgets(widgets);

@@ -32,6 +32,8 @@ JoywandAdministration::JoywandAdministration(IOManager *manager, QWidget *parent
     TabWidgets widgets = commonTabWidgets(*ui);
     widgets.type = joywandType;
     widgets.bodyTable = ui->tableWidget_joywand;
+    widgets.filter = ui->pushButton_filter;
+    widgets.calibration = ui->pushButton_calibration;
     widgets.editControls = {ui->spinBox_joywands, ui->pushButton_filter,
                             ui->pushButton_calibration};
     widgets.searchControls = widgets.editControls;
@@ -123,11 +125,7 @@ void JoywandAdministration::updateView()
 void JoywandAdministration::update_tab()
 {
     m_refresh.run(this, {[&] { refreshTargets(); }, [&] { check_multiuser_header(); },
-                         [&] { refreshBodies(); },
-                         [&] {
-                             ui->pushButton_filter->setEnabled(is_filter6d_possible()
-                                                               && !isSearchRunning());
-                         }});
+                         [&] { refreshBodies(); }});
 }
 
 // Devices
@@ -158,7 +156,7 @@ void JoywandAdministration::updateTableWidgetCell(const QString &type, int index
         return;
     if (isModel) {
         item->setText(device == noDevice
-                              ? noDevice
+                              ? tr("none")
                               : reader().readDeviceModel(device).value_or(tr("unknown")));
         return;
     }

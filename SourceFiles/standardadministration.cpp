@@ -7,6 +7,7 @@
 #include "support/userquestion.h"
 #include "targetlibrary.h"
 #include "targets/target.h"
+#include "waiting.h"
 
 #include <QHeaderView>
 #include <QResizeEvent>
@@ -35,6 +36,8 @@ StandardAdministration::StandardAdministration(IOManager *manager, QWidget *pare
     TabWidgets widgets = commonTabWidgets(*ui);
     widgets.type = standardType;
     widgets.bodyTable = ui->tableWidget_standard;
+    widgets.filter = ui->pushButton_filter;
+    widgets.calibration = ui->pushButton_customCalibration;
     widgets.category = ui->comboBox_filter;
     widgets.editControls = {ui->spinBox_standard_bodies, ui->pushButton_filter,
                             ui->pushButton_customCalibration};
@@ -119,11 +122,7 @@ void StandardAdministration::updateView()
 
 void StandardAdministration::update_tab()
 {
-    m_refresh.run(this, {[&] { refreshTargets(); }, [&] { refreshBodies(); },
-                         [&] {
-                             ui->pushButton_filter->setEnabled(is_filter6d_possible()
-                                                               && !isSearchRunning());
-                         }});
+    m_refresh.run(this, {[&] { refreshTargets(); }, [&] { refreshBodies(); }});
 }
 
 void StandardAdministration::setConfigLockedStatus(bool locked)
@@ -170,6 +169,7 @@ int StandardAdministration::selectedRow() const
 
 void StandardAdministration::moveBody(int offset)
 {
+    const Waiting waiting(observer(), Waiting::For::Action, tr("Changing bodies ..."));
     const int row = selectedRow();
     const int target = row + offset;
     const QPointer<QWidget> self(this);

@@ -159,6 +159,13 @@
     </message>
 </context>
 <context>
+    <name>BodyTableInput</name>
+    <message>
+        <source>Changing bodies ...</source>
+        <translation>Körper werden geändert ...</translation>
+    </message>
+</context>
+<context>
     <name>BodyTypeAdministrationTab</name>
     <message>
         <source>Delete</source>
@@ -299,6 +306,66 @@ die Geometrie von %2 %3 löschen?</translation>
     <message>
         <source>Used</source>
         <translation>Belegt</translation>
+    </message>
+    <message>
+        <source>not calibrated</source>
+        <translation>nicht kalibriert</translation>
+    </message>
+    <message>
+        <source>Full</source>
+        <translation>Vollständig</translation>
+    </message>
+    <message>
+        <source>Optical</source>
+        <translation>Optisch</translation>
+    </message>
+    <message>
+        <source>Custom</source>
+        <translation>Eigene</translation>
+    </message>
+    <message>
+        <source>Custom, re-calibrated</source>
+        <translation>Eigene, neu kalibriert</translation>
+    </message>
+    <message>
+        <source>Target Library</source>
+        <translation>Target-Bibliothek</translation>
+    </message>
+    <message>
+        <source>Target Library, re-calibrated</source>
+        <translation>Target-Bibliothek, neu kalibriert</translation>
+    </message>
+    <message>
+        <source>not active</source>
+        <translation>nicht aktiv</translation>
+    </message>
+    <message>
+        <source>yes</source>
+        <translation>ja</translation>
+    </message>
+    <message>
+        <source>custom</source>
+        <translation>eigene</translation>
+    </message>
+    <message>
+        <source>Active</source>
+        <translation>Aktiv</translation>
+    </message>
+    <message>
+        <source>Reference</source>
+        <translation>Referenz</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <translation>%1, %2</translation>
+    </message>
+    <message>
+        <source>Changing bodies ...</source>
+        <translation>Körper werden geändert ...</translation>
+    </message>
+    <message>
+        <source>Reading targets ...</source>
+        <translation>Targets werden gelesen ...</translation>
     </message>
 </context>
 <context>
@@ -792,6 +859,10 @@ Richtungswechseln über. Mit 0 ms wird nichts vorhergesagt; ein negativer Wert l
         <source>unknown</source>
         <translation>unbekannt</translation>
     </message>
+    <message>
+        <source>none</source>
+        <translation>keines</translation>
+    </message>
 </context>
 <context>
     <name>JoywandAdministrationClass</name>
@@ -964,10 +1035,6 @@ Richtungswechseln über. Mit 0 ms wird nichts vorhergesagt; ein negativer Wert l
     <message>
         <source>&lt;b&gt;&lt;font color=red&gt;Max. number of Measurement references is reached!&lt;/font&gt;&lt;/b&gt;</source>
         <translation>&lt;b&gt;&lt;font color=red&gt;Mehr Referenzen sind nicht möglich!&lt;/font&gt;&lt;/b&gt;</translation>
-    </message>
-    <message>
-        <source>MORVEK3</source>
-        <translation>MORVEK3</translation>
     </message>
     <message>
         <source>After deactivating the reference,
@@ -1172,10 +1239,6 @@ Die Zuordnung zum Messwerkzeug wird dann ebenfalls gelöscht.</translation>
         <translation>&lt;b&gt;&lt;font color=red&gt;Mehr Körper sind nicht möglich!&lt;/font&gt;&lt;/b&gt;</translation>
     </message>
     <message>
-        <source>MORVEK3</source>
-        <translation>MORVEK3</translation>
-    </message>
-    <message>
         <source>After deactivating the reference target,
 all targets will not be tracked.</source>
         <translation>Ohne die Referenz
@@ -1212,6 +1275,10 @@ mount the target to the device prior to re-calibration)</source>
 
 (Damit sich die Geometrie nicht ändert,
 befestigen Sie das Target vor der Kalibrierung am Gerät)</translation>
+    </message>
+    <message>
+        <source>Changing bodies ...</source>
+        <translation>Körper werden geändert ...</translation>
     </message>
 </context>
 <context>

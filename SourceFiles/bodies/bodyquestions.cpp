@@ -41,9 +41,15 @@ void BodyQuestions::logChanged(const ControllerLink &link)
                      "MessageLine", "The bodies have changed meanwhile. Nothing was sent.")));
 }
 
+Answer BodyQuestions::confirmByName(const QString &type, int index, const QString &text) const
+{
+    return confirm(type, index, text, m_registry.body(type, index).desc);
+}
+
 Answer BodyQuestions::confirmResetToLibrary(const QString &type, int index) const
 {
-    return confirm(type, index, about(tr("Reset %1 %2\nto Target-Library geometry?"), type, index));
+    return confirmByName(type, index,
+                         about(tr("Reset %1 %2\nto Target-Library geometry?"), type, index));
 }
 
 Answer BodyQuestions::confirmSensorReset(const BodySnapshot &asked,
@@ -53,26 +59,26 @@ Answer BodyQuestions::confirmSensorReset(const BodySnapshot &asked,
                              : reset.hasHandEye
                                      ? tr("Reset %1 %2?\nHand eye calibration will be deleted!")
                                      : tr("Reset %1 %2?");
-    return confirm(asked, about(question, asked.type(), asked.index()));
+    return confirm(asked, about(question, asked.type(), asked.index()), asked.name());
 }
 
 Answer BodyQuestions::confirmDelete(const QString &type, int index) const
 {
     const AdminBody &body = m_registry.body(type, index);
     if (body.isReference) {
-        return confirm(
+        return confirmByName(
                 type, index,
                 about(tr("Delete geometry of %1 %2?\n"
                          "If yes, the assignment as reference to other bodies will be deleted."),
                       type, index));
     }
     if (!body.inertialSensor.isEmpty()) {
-        return confirm(
+        return confirmByName(
                 type, index,
                 tr("Delete assignment of sensor %1 and \ndelete geometry of %2 %3?")
                         .arg(body.inertialSensor, m_registry.label(type), bodyNumber(index)));
     }
-    return confirm(type, index, about(tr("Delete geometry of %1 %2?"), type, index));
+    return confirmByName(type, index, about(tr("Delete geometry of %1 %2?"), type, index));
 }
 
 Answer BodyQuestions::confirmReferenceDropped(const QString &type, int index) const

@@ -60,6 +60,8 @@ private:
     bool warn(const QString &text) const;
     /** `text` with the type's label as %1 and the body's number as %2. */
     QString about(const QString &text, const QString &type, int index) const;
+    /** confirm() with the body's name beside a text that has only its type and number. */
+    UserQuestion::Answer confirmByName(const QString &type, int index, const QString &text) const;
 
     QWidget *m_parent;
     ControllerLink m_link;

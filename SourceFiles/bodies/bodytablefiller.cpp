@@ -22,6 +22,29 @@ QIcon disabled(const QIcon &icon, const QIcon &sizes)
     return available.isEmpty() ? QIcon() : QIcon(icon.pixmap(available.first(), QIcon::Disabled));
 }
 
+/** The words of records that the table shows; records and commands keep the English ones. */
+const char *const words[] = {
+        QT_TRANSLATE_NOOP("BodyTypeAdministrationTab", "not calibrated"),
+        QT_TRANSLATE_NOOP("BodyTypeAdministrationTab", "Full"),
+        QT_TRANSLATE_NOOP("BodyTypeAdministrationTab", "Optical"),
+        QT_TRANSLATE_NOOP("BodyTypeAdministrationTab", "Custom"),
+        QT_TRANSLATE_NOOP("BodyTypeAdministrationTab", "Custom, re-calibrated"),
+        QT_TRANSLATE_NOOP("BodyTypeAdministrationTab", "Target Library"),
+        QT_TRANSLATE_NOOP("BodyTypeAdministrationTab", "Target Library, re-calibrated"),
+        QT_TRANSLATE_NOOP("BodyTypeAdministrationTab", "not active"),
+};
+
+/** `text` in the operator's language when it is one of our words, else as the controller gave it.
+ */
+QString inWords(const QString &text)
+{
+    for (const char *word : words) {
+        if (text == QLatin1String(word))
+            return QCoreApplication::translate("BodyTypeAdministrationTab", word);
+    }
+    return text;
+}
+
 /** Puts into `item` what differs in `wanted`. */
 void apply(QTableWidgetItem *item, const QTableWidgetItem &wanted, ColumnSizingPause *pause)
 {
@@ -169,9 +192,11 @@ QTableWidgetItem BodyTableFiller::cell(COLUMN_TYPE kind, const AdminBodyType &re
         item.setText(record.tableWidgetColumnIdFormat.arg(row + 1));
         break;
     case COLUMN_TYPE_ACTIVE:
-        return checkCell(body, body.active, m_allowed.activity);
+        return checkCell(body, body.active, m_allowed.activity,
+                         cellName(tr("Active"), record, row));
     case COLUMN_TYPE_REFERENCE:
-        return checkCell(body, body.isReference, m_allowed.reference);
+        return checkCell(body, body.isReference, m_allowed.reference,
+                         cellName(tr("Reference"), record, row));
     case COLUMN_TYPE_NAME:
         item.setFlags(m_allowed.names && !m_registry.isLocked() ? shown | Qt::ItemIsEditable
                                                                 : shown);
@@ -180,25 +205,31 @@ QTableWidgetItem BodyTableFiller::cell(COLUMN_TYPE kind, const AdminBodyType &re
     case COLUMN_TYPE_CALIBRATED:
         return calibrationCell(body);
     case COLUMN_TYPE_FILTER:
-        item.setText(body.filter6dPreset);
+        item.setText(inWords(body.filter6dPreset));
         break;
     case COLUMN_TYPE_DELETE:
         return buttonCell(body.calibrated || !body.inertialSensor.isEmpty(), m_icons.cross,
-                          m_icons.crossDisabled,
-                          QCoreApplication::translate("BodyTypeAdministrationTab", "Delete"));
+                          m_icons.crossDisabled, tr("Delete"));
     case COLUMN_TYPE_RESET:
         return buttonCell((body.recalibrated && !body.tlibName.isEmpty())
                                   || (!body.inertialSensor.isEmpty() && m_warmupRuleMet),
-                          m_icons.reset, m_icons.resetDisabled,
-                          QCoreApplication::translate("BodyTypeAdministrationTab", "Reset"));
+                          m_icons.reset, m_icons.resetDisabled, tr("Reset"));
     case COLUMN_TYPE_CUSTOM:
         break;
     }
     return item;
 }
 
-QTableWidgetItem BodyTableFiller::checkCell(const AdminBody &body, bool checked,
-                                            bool checkable) const
+QString BodyTableFiller::cellName(const QString &column, const AdminBodyType &record, int row)
+{
+    const QString &name = record.bodies.at(row).desc;
+    //: What a screen reader says of a check box: %1 is its column, %2 the body's name or number
+    return tr("%1, %2").arg(column,
+                            name.isEmpty() ? record.tableWidgetColumnIdFormat.arg(row + 1) : name);
+}
+
+QTableWidgetItem BodyTableFiller::checkCell(const AdminBody &body, bool checked, bool checkable,
+                                            const QString &accessibleText) const
 {
     QTableWidgetItem item;
     item.setFlags(shown);
@@ -207,6 +238,7 @@ QTableWidgetItem BodyTableFiller::checkCell(const AdminBody &body, bool checked,
     if (checkable && !m_registry.isLocked())
         item.setFlags(shown | Qt::ItemIsUserCheckable);
     item.setCheckState(checked ? Qt::Checked : Qt::Unchecked);
+    item.setData(Qt::AccessibleTextRole, accessibleText);
     return item;
 }
 
@@ -214,7 +246,7 @@ QTableWidgetItem BodyTableFiller::calibrationCell(const AdminBody &body) const
 {
     QTableWidgetItem item;
     item.setFlags(Qt::ItemIsEnabled);
-    item.setText(body.calibrationStatus);
+    item.setText(inWords(body.calibrationStatus));
     if (!body.calibrated)
         item.setIcon(m_icons.notCalibrated);
     else if (!body.inertialSensor.isEmpty() && !body.has_handeye)

@@ -3,6 +3,7 @@
 #include "bodies/adminbodytype.h"
 #include "bodies/bodycolumn.h"
 
+#include <QCoreApplication>
 #include <QIcon>
 #include <QString>
 #include <QTableWidgetItem>
@@ -35,6 +36,8 @@ public:
  * differs are touched; the caller guards against the item changes this makes.
  */
 class BodyTableFiller {
+    Q_DECLARE_TR_FUNCTIONS(BodyTypeAdministrationTab)
+
 public:
     /** Fills the item of a custom column: type, row, column, item. */
     using CustomCell = std::function<void(const QString &, int, int, QTableWidgetItem *)>;
@@ -91,7 +94,10 @@ private:
     static void put(QTableWidget *table, int row, int column, const QTableWidgetItem &wanted,
                     ColumnSizingPause *pause);
     QTableWidgetItem cell(COLUMN_TYPE kind, const AdminBodyType &record, int row) const;
-    QTableWidgetItem checkCell(const AdminBody &body, bool checked, bool checkable) const;
+    /** What a check box without a text is called. */
+    static QString cellName(const QString &column, const AdminBodyType &record, int row);
+    QTableWidgetItem checkCell(const AdminBody &body, bool checked, bool checkable,
+                               const QString &accessibleText) const;
     QTableWidgetItem calibrationCell(const AdminBody &body) const;
     QTableWidgetItem buttonCell(bool live, const QIcon &icon, const QIcon &disabledIcon,
                                 const QString &accessibleText) const;

@@ -2,6 +2,8 @@
 
 #include "bodies/bodyregistry.h"
 #include "bodies/bodytablefiller.h"
+#include "linkobserver.h"
+#include "waiting.h"
 
 #include <QAbstractItemDelegate>
 #include <QKeyEvent>
@@ -9,6 +11,13 @@
 #include <QSignalBlocker>
 #include <QSpinBox>
 #include <QTableWidget>
+
+BodyTableInput::BodyTableInput(BodyRegistry &registry, LinkObserver *observer)
+    : m_registry(registry), m_observer(observer)
+{
+}
+
+BodyTableInput::~BodyTableInput() = default;
 
 void BodyTableInput::watchTable(const QString &type)
 {
@@ -59,6 +68,7 @@ void BodyTableInput::perform(const std::function<void()> &gesture)
     // one's question is shown.
     if (m_isActing || m_isRetired)
         return;
+    const Waiting waiting(m_observer, Waiting::For::Action, tr("Changing bodies ..."));
     const QPointer<QObject> self(this);
     m_isActing = true;
     gesture();

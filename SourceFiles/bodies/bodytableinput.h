@@ -3,6 +3,7 @@
 #include "support/fillguard.h"
 
 #include <QObject>
+#include <QPointer>
 #include <QString>
 
 #include <functional>
@@ -11,6 +12,7 @@
 
 struct AdminBodyType;
 class BodyRegistry;
+class LinkObserver;
 class QSpinBox;
 class QTableWidget;
 class QTableWidgetItem;
@@ -27,8 +29,9 @@ class BodyTableInput : public QObject {
     Q_OBJECT
 
 public:
-    /** The registry outlives the object. */
-    explicit BodyTableInput(BodyRegistry &registry) : m_registry(registry) {}
+    /** The registry outlives the object; the observer, which may be null, need not. */
+    explicit BodyTableInput(BodyRegistry &registry, LinkObserver *observer = nullptr);
+    ~BodyTableInput() override;
 
     /** From now on the table of that registered type is listened to. */
     void watchTable(const QString &type);
@@ -83,6 +86,7 @@ private:
     static void endName(const AdminBodyType &record, bool take);
 
     BodyRegistry &m_registry;
+    QPointer<LinkObserver> m_observer;
     int m_filling = 0;
     bool m_isActing = false;
     bool m_isRetired = false;

@@ -21,9 +21,11 @@ struct TabWidgets {
     QPushButton *stop = nullptr;
     QProgressBar *progressBar = nullptr;
     QLabel *resultLabel = nullptr;
-    QComboBox *category = nullptr;     ///< null when the tab has no category filter
-    QVector<QWidget *> searchControls; ///< disabled while a search runs
-    QVector<QWidget *> editControls;   ///< disabled while the configuration is locked
+    QPushButton *filter = nullptr;      ///< null when the page has none
+    QPushButton *calibration = nullptr; ///< null when the page has none
+    QComboBox *category = nullptr;      ///< null when the tab has no category filter
+    QVector<QWidget *> searchControls;  ///< disabled while a search runs
+    QVector<QWidget *> editControls;    ///< disabled while the configuration is locked
 };
 
 /** The widgets that the forms of all tabs name alike; the others are filled in by the tab. */

@@ -1,5 +1,6 @@
 #include "support/userquestion.h"
 
+#include <QLabel>
 #include <QMessageBox>
 #include <QPointer>
 
@@ -23,7 +24,12 @@ int run(QWidget *parent, const BoxContent &content, bool *gone)
     const bool hadParent = parent != nullptr;
     QPointer<QMessageBox> box =
             new QMessageBox(content.icon, content.title, content.text, content.buttons, parent);
+    // Both may hold names, which are shown letter by letter whatever they look like.
+    box->setTextFormat(Qt::PlainText);
     box->setInformativeText(content.informativeText);
+    // The box gives no other way to its second label, which ignores the format of the first.
+    if (auto *label = box->findChild<QLabel *>(QStringLiteral("qt_msgbox_informativelabel")))
+        label->setTextFormat(Qt::PlainText);
     box->setDefaultButton(content.preset);
     const int button = box->exec();
     delete box;

@@ -1,12 +1,24 @@
 #include "targets/searchflow.h"
 
 #include "bodies/bodyquestions.h"
+#include "linkobserver.h"
 #include "support/steps.h"
 #include "targets/targetlistpanel.h"
 #include "targets/targetsearchpanel.h"
+#include "waiting.h"
 
+#include <QCoreApplication>
 #include <QPointer>
 #include <QWidget>
+
+namespace {
+
+QString waitingText()
+{
+    return QCoreApplication::translate("BodyTypeAdministrationTab", "Reading targets ...");
+}
+
+} // namespace
 
 void SearchFlow::start() const
 {
@@ -36,6 +48,7 @@ void SearchFlow::poll(int *found)
 {
     if (m_isBusy)
         return;
+    const Waiting waiting(LinkObserver::of(m_tab), Waiting::For::Refresh, waitingText());
     const QPointer<QWidget> tab(m_tab);
     m_isBusy = true;
     const TargetSearchRun::Step step = m_search.poll();
@@ -66,6 +79,7 @@ void SearchFlow::refresh(int *found)
     // While another module has the screen nobody sees the list.
     if (m_isBusy || !m_tab->window()->isVisible())
         return;
+    const Waiting waiting(LinkObserver::of(m_tab), Waiting::For::Refresh, waitingText());
     const QPointer<QWidget> tab(m_tab);
     m_isBusy = true;
     showTracked(found);

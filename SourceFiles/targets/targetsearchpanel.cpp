@@ -49,8 +49,7 @@ void TargetSearchPanel::start()
     QStringList inUse;
     const QTableWidget *table = m_widgets.targetTable;
     for (int row = 0; row < table->rowCount(); ++row) {
-        const QTableWidgetItem *used = table->item(row, TargetTableFiller::UsedColumn);
-        if (used && used->text() == TargetTableFiller::usedText())
+        if (TargetTableFiller::isUsed(table, row))
             inUse.append(TargetTableFiller::shortName(table, row));
     }
     const QPointer<QTimer> guard(m_pollTimer);
@@ -186,6 +185,17 @@ void TargetSearchPanel::applyControls()
         const bool searchControl = m_widgets.searchControls.contains(control);
         control->setEnabled(!m_locked && (m_controlsEnabled || !searchControl)
                             && !m_unusable.contains(control));
+    }
+}
+
+void TargetSearchPanel::applyPageRules(bool filterPossible)
+{
+    if (m_widgets.filter)
+        m_widgets.filter->setEnabled(filterPossible && m_controlsEnabled
+                                     && !m_unusable.contains(m_widgets.filter));
+    if (m_widgets.calibration) {
+        m_widgets.calibration->setEnabled(!m_locked && m_controlsEnabled
+                                          && m_widgets.bodyTable->currentRow() >= 0);
     }
 }
 

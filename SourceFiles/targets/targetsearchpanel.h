@@ -66,6 +66,8 @@ public:
     void setConfigLocked(bool locked);
     /** An editing control that is not usable stays disabled, whatever else would enable it. */
     void setUsable(QWidget *control, bool usable);
+    /** Enables the page's filter and calibration buttons, as far as no search runs. */
+    void applyPageRules(bool filterPossible);
     /** Enables select while a body and a target are current and no search runs. */
     void applySelectRule();
     /** Enables select by the target table alone. */

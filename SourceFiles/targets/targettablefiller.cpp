@@ -11,6 +11,11 @@
 
 namespace {
 
+/** The word of the record behind a "Used" cell, whatever the language shown. */
+constexpr int usedRole = Qt::UserRole;
+const char *const usedWord = QT_TRANSLATE_NOOP("BodyTypeAdministrationTab", "yes");
+const char *const customWord = QT_TRANSLATE_NOOP("BodyTypeAdministrationTab", "custom");
+
 /** The item of a cell, made when it is not there yet. */
 QTableWidgetItem *itemAt(QTableWidget *table, int row, int column, ColumnSizingPause &pause)
 {
@@ -65,9 +70,10 @@ QString TargetTableFiller::foundTargets()
     return tr("- Found Targets -");
 }
 
-QString TargetTableFiller::usedText()
+bool TargetTableFiller::isUsed(const QTableWidget *table, int row)
 {
-    return QStringLiteral("yes");
+    const QTableWidgetItem *item = table->item(row, UsedColumn);
+    return item && item->data(usedRole) == QLatin1String(usedWord);
 }
 
 void TargetTableFiller::setUp(QTableWidget *table)
@@ -161,11 +167,11 @@ QString TargetTableFiller::shortName(const QTableWidget *table, int row)
     return item ? item->text() : QString();
 }
 
-QString TargetTableFiller::used(const Target &target) const
+const char *TargetTableFiller::used(const Target &target) const
 {
     if (m_customTargets.contains(target.id()))
-        return QStringLiteral("custom");
-    return target.isCalibrated() ? usedText() : QString();
+        return customWord;
+    return target.isCalibrated() ? usedWord : "";
 }
 
 void TargetTableFiller::fillRow(QTableWidget *table, int row, const Target &target,
@@ -176,7 +182,9 @@ void TargetTableFiller::fillRow(QTableWidget *table, int row, const Target &targ
     setCell(table, row, IdColumn, target.id(), false, selectable, *pause);
     setCell(table, row, ShortNameColumn, target.shortName(), found, selectable, *pause);
     setCell(table, row, NameColumn, target.longName(), false, selectable, *pause);
-    setCell(table, row, UsedColumn, used(target), false, selectable, *pause);
+    const char *const word = used(target);
+    setCell(table, row, UsedColumn, *word ? tr(word) : QString(), false, selectable, *pause);
+    table->item(row, UsedColumn)->setData(usedRole, QLatin1String(word));
     setIcon(table->item(row, ShortNameColumn), found ? m_foundIcon : QIcon(), *pause);
 }
 
@@ -186,6 +194,7 @@ void TargetTableFiller::fillHeading(QTableWidget *table, int row, ColumnSizingPa
         setCell(table, row, column, column == ShortNameColumn ? foundTargets() : QString(), true,
                 Qt::NoItemFlags, *pause);
     }
+    table->item(row, UsedColumn)->setData(usedRole, QVariant());
     setIcon(table->item(row, ShortNameColumn), QIcon(), *pause);
     table->setSpan(row, ShortNameColumn, 1, ColumnCount - ShortNameColumn);
 }

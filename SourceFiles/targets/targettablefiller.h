@@ -20,8 +20,9 @@ public:
 
     /** The category, and the heading row, of the targets that a search found. */
     static QString foundTargets();
-    /** What the "Used" column reads for a target that a body holds. */
-    static QString usedText();
+    /** True when the target in that row was in use, and not by a custom calibration, when it was
+     * last read. */
+    static bool isUsed(const QTableWidget *table, int row);
 
     /**
      * @param library outlives the filler
@@ -60,7 +61,8 @@ public:
 
 private:
     QVector<const Target *> all(const QString &type) const;
-    QString used(const Target &target) const;
+    /** The word of the "Used" cell, which is translated where it is shown. */
+    const char *used(const Target &target) const;
     void fillRow(QTableWidget *table, int row, const Target &target,
                  ColumnSizingPause *pause) const;
     void fillHeading(QTableWidget *table, int row, ColumnSizingPause *pause) const;

@@ -90,6 +90,7 @@ private slots:
     void nothingIsUntranslated();
     void nothingIsClipped_data() { addPlaces(); }
     void nothingIsClipped();
+    void statesInCellsAreTranslated();
 
 private:
     PseudoTranslator m_translator;
@@ -158,6 +159,33 @@ void tst_PseudoLanguage::nothingIsClipped()
                                             + table->horizontalHeaderItem(column)->text()));
                     }
                 }
+            }
+        }
+    });
+}
+
+void tst_PseudoLanguage::statesInCellsAreTranslated()
+{
+    openPlace(QStringLiteral("StandardAdministrationClass"), [](QWidget *, QWidget *page) {
+        const QTableWidget *bodies = table(page, "tableWidget_standard");
+        constexpr int calibration = 6;
+        constexpr int filter = 7;
+        QVERIFY(bodies->rowCount() > 0);
+        bool isOneFilterOff = false;
+        for (int row = 0; row < bodies->rowCount(); ++row) {
+            const QString state = Drive::cell(bodies, row, calibration);
+            QVERIFY2(state.contains(mark), qPrintable(state));
+            const QString shown = Drive::cell(bodies, row, filter);
+            QVERIFY2(!shown.contains(QLatin1String("active")), qPrintable(shown));
+            isOneFilterOff = isOneFilterOff || shown.contains(mark);
+        }
+        QVERIFY(isOneFilterOff);
+        const QTableWidget *targets = table(page, "tableWidget_targetlibrary");
+        for (int i = 0; i < Drive::find<QComboBox>(page, "comboBox_filter")->count(); ++i) {
+            Drive::find<QComboBox>(page, "comboBox_filter")->setCurrentIndex(i);
+            for (int row = 0; row < targets->rowCount(); ++row) {
+                const QString used = Drive::cell(targets, row, 3);
+                QVERIFY2(used.isEmpty() || used.contains(mark), qPrintable(used));
             }
         }
     });

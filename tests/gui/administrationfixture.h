@@ -108,6 +108,13 @@ protected:
         return host.state().bodyTypes["standard"].bodies.value(index);
     }
 
+    /** The question with the standard body's name below, as its box shows it. */
+    static QString named(const TestHost &host, int index, const QString &question)
+    {
+        const QString name = body(host, index).description;
+        return name.isEmpty() ? question : question + QLatin1Char('\n') + name;
+    }
+
     static QStringList titles(QWidget *window)
     {
         QStringList texts;

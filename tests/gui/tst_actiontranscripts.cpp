@@ -199,7 +199,7 @@ void tst_ActionTranscripts::deleteOrDeselect(bool byButton)
     open(host, [&](QWidget *window, QTableWidget *bodies) {
         press(bodies, row, IdColumn);
         host.clear();
-        robot().expectBox(question, asked, QMessageBox::Yes);
+        robot().expectBox(question, named(host, row, asked), QMessageBox::Yes);
         if (byButton) {
             // The button follows the text of the model column.
             auto *deselect = Drive::find<QPushButton>(page(window), "pushButton_deselect");
@@ -303,7 +303,7 @@ void tst_ActionTranscripts::resets()
     open(host, [&](QWidget *window, QTableWidget *bodies) {
         press(bodies, row, IdColumn);
         host.clear();
-        robot().expectBox(question, asked, QMessageBox::Yes);
+        robot().expectBox(question, named(host, row, asked), QMessageBox::Yes);
         press(bodies, row, ResetColumn);
         const QStringList sent = host.lines();
         QCOMPARE(sent, asksForButtons(sensor, row) + lines + refreshOfBody(host, window, row));

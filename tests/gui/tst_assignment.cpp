@@ -408,7 +408,7 @@ void tst_Assignment::deselects()
         host.clear();
         robot().expectBox(QStringLiteral("MORVEK3"),
                           "Delete assignment of sensor vendorone mini 'B12' and \n"
-                          "delete geometry of Standard body 05?",
+                          "delete geometry of Standard body 05?\nPointer",
                           QMessageBox::Yes);
         Drive::click(page(window), "pushButton_deselect");
         Drive::settle();
@@ -433,7 +433,7 @@ void tst_Assignment::declinedDeselect()
         host.clear();
         robot().expectBox(QStringLiteral("MORVEK3"),
                           "Delete assignment of sensor vendorone mini 'B12' and \n"
-                          "delete geometry of Standard body 05?",
+                          "delete geometry of Standard body 05?\nPointer",
                           QMessageBox::No);
         Drive::click(page(window), "pushButton_deselect");
         Drive::settle();
@@ -465,7 +465,7 @@ void tst_Assignment::failedDeselect()
         host.fault(QStringLiteral("set body number_of_marker* refuse"));
         robot().expectBox(QStringLiteral("MORVEK3"),
                           "Delete assignment of sensor vendorone mini 'B12' and \n"
-                          "delete geometry of Standard body 05?",
+                          "delete geometry of Standard body 05?\nPointer",
                           QMessageBox::Yes);
         robot().expectBox(warning,
                           "Unable to reset markers of Standard body 05\n"
@@ -486,7 +486,7 @@ void tst_Assignment::dialogDeletedInDeselect()
         press(bodies, 4, IdColumn);
         robot().expectBox(QStringLiteral("MORVEK3"),
                           "Delete assignment of sensor vendorone mini 'B12' and \n"
-                          "delete geometry of Standard body 05?",
+                          "delete geometry of Standard body 05?\nPointer",
                           QMessageBox::Yes, deletion());
         Drive::click(page(window), "pushButton_deselect");
     });

@@ -44,24 +44,26 @@ void tst_BodyActions::resets_data()
     QTest::addColumn<bool>("warmup");
     QTest::addColumn<QString>("asked");
     QTest::addColumn<QStringList>("writes");
-    const QString toLibrary = QStringLiteral("Reset Standard body 02\nto Target-Library geometry?");
+    const QString toLibrary =
+            QStringLiteral("Reset Standard body 02\nto Target-Library geometry?\nGlasses round");
     const QStringList library{"morvek2 body calibrate_from_targetlib standard b02 GL01"};
     QTest::newRow("library, 1.11") << "1.11" << 1 << false << toLibrary << library;
     QTest::newRow("library, 1.24") << "1.24" << 1 << true << toLibrary << library;
     QTest::newRow("library comes before sensor")
-            << "1.24" << 4 << false << "Reset Standard body 05\nto Target-Library geometry?"
+            << "1.24" << 4 << false
+            << "Reset Standard body 05\nto Target-Library geometry?\nPointer"
             << QStringList{"morvek2 body calibrate_from_targetlib standard b05 PL02"};
-    const QString losesHandEye =
-            QStringLiteral("Reset Standard body 04?\nHand eye calibration will be deleted!");
+    const QString losesHandEye = QStringLiteral(
+            "Reset Standard body 04?\nHand eye calibration will be deleted!\nCamera rig");
     QTest::newRow("hand-eye") << "1.24" << 3 << false << losesHandEye << QStringList{handEyeA7};
     QTest::newRow("hand-eye, 1.20")
             << "1.20" << 3 << false << losesHandEye << QStringList{handEyeA7};
     QTest::newRow("storage") << "1.21" << 6 << false
-                             << "Reset Standard body 07\nto sensor stored values?"
+                             << "Reset Standard body 07\nto sensor stored values?\nHelmet"
                              << QStringList{defaultC3};
     QTest::newRow("storage unknown to 1.20")
             << "1.20" << 6 << false
-            << "Reset Standard body 07?\nHand eye calibration will be deleted!"
+            << "Reset Standard body 07?\nHand eye calibration will be deleted!\nHelmet"
             << QStringList{"inertial sensor_handeye vendortwo core 'C3' none"};
 }
 
@@ -94,13 +96,15 @@ void tst_BodyActions::declinedResetReadsNothing()
     open(host, [&](QWidget *, QTableWidget *bodies) {
         bodies->setCurrentCell(1, IdColumn);
         host.clear();
-        robot().expectBox(question, "Reset Standard body 02\nto Target-Library geometry?",
+        robot().expectBox(question,
+                          "Reset Standard body 02\nto Target-Library geometry?\nGlasses round",
                           QMessageBox::No);
         press(bodies, 1, ResetColumn);
         QCOMPARE(host.lines(), QStringList());
-        robot().expectBox(question,
-                          "Reset Standard body 04?\nHand eye calibration will be deleted!",
-                          QMessageBox::No);
+        robot().expectBox(
+                question,
+                "Reset Standard body 04?\nHand eye calibration will be deleted!\nCamera rig",
+                QMessageBox::No);
         press(bodies, 3, ResetColumn);
         QCOMPARE(host.writes(), QStringList());
     });
@@ -117,7 +121,8 @@ void tst_BodyActions::resetFailure_data()
     QTest::addColumn<bool>("shown");
     const QStringList library{"morvek2 body calibrate_from_targetlib standard b02 GL01"};
     const QStringList libraryLog{"Error: Unable to reset body from target library"};
-    const QString toLibrary = QStringLiteral("Reset Standard body 02\nto Target-Library geometry?");
+    const QString toLibrary =
+            QStringLiteral("Reset Standard body 02\nto Target-Library geometry?\nGlasses round");
     const QString libraryFault = QStringLiteral("command morvek2 body calibrate* ");
     for (const QString &effect :
          {QStringLiteral("fail"), QStringLiteral("refuse"), QStringLiteral("empty"),
@@ -126,7 +131,8 @@ void tst_BodyActions::resetFailure_data()
                 << 1 << false << QStringList{libraryFault + effect} << toLibrary << library
                 << libraryLog << true;
     }
-    const QString stored = QStringLiteral("Reset Standard body 07\nto sensor stored values?");
+    const QString stored =
+            QStringLiteral("Reset Standard body 07\nto sensor stored values?\nHelmet");
     QTest::newRow("storage") << 6 << false << QStringList{"command morvek2 set inertial* refuse"}
                              << stored << QStringList{defaultC3}
                              << QStringList{"Error: Unable to reset body to sensor stored values"}
@@ -135,8 +141,8 @@ void tst_BodyActions::resetFailure_data()
             << 6 << true << QStringList{"command morvek2 set inertial* refuse"} << stored
             << QStringList{"inertial warmup no", defaultC3, "inertial warmup yes"}
             << QStringList{"Error: Unable to reset body to sensor stored values"} << true;
-    const QString losesHandEye =
-            QStringLiteral("Reset Standard body 04?\nHand eye calibration will be deleted!");
+    const QString losesHandEye = QStringLiteral(
+            "Reset Standard body 04?\nHand eye calibration will be deleted!\nCamera rig");
     QTest::newRow("hand-eye") << 3 << true << QStringList{"set inertial sensor_handeye* refuse"}
                               << losesHandEye
                               << QStringList{"inertial warmup no", handEyeA7, "inertial warmup yes"}
@@ -199,12 +205,12 @@ void tst_BodyActions::sensorQueriesOfReset_data()
     QTest::addColumn<QString>("write");
     QTest::newRow("storage unreadable")
             << "inertial sensor_has_storage* fail"
-            << "Reset Standard body 07?\nHand eye calibration will be deleted!"
+            << "Reset Standard body 07?\nHand eye calibration will be deleted!\nHelmet"
             << "Unable to get storage info from sensor"
             << "inertial sensor_handeye vendortwo core 'C3' none";
     QTest::newRow("no storage, hand-eye unreadable")
             << "get inertial sensor_handeye vendorone mini 'A7' fail"
-            << "Reset Standard body 04?"
+            << "Reset Standard body 04?\nCamera rig"
             << "Unable to get info about hand eye calibration from sensor"
             << "";
 }
@@ -230,8 +236,10 @@ void tst_BodyActions::dialogDeletedInReset_data()
     QTest::addColumn<int>("row");
     QTest::addColumn<QString>("asked");
     QTest::addColumn<bool>("inFailure");
-    const QString toLibrary = QStringLiteral("Reset Standard body 02\nto Target-Library geometry?");
-    const QString stored = QStringLiteral("Reset Standard body 07\nto sensor stored values?");
+    const QString toLibrary =
+            QStringLiteral("Reset Standard body 02\nto Target-Library geometry?\nGlasses round");
+    const QString stored =
+            QStringLiteral("Reset Standard body 07\nto sensor stored values?\nHelmet");
     QTest::newRow("library question") << 1 << toLibrary << false;
     QTest::newRow("library failure") << 1 << toLibrary << true;
     QTest::newRow("sensor question") << 6 << stored << false;
@@ -264,7 +272,7 @@ void tst_BodyActions::bodyDroppedInResetQuestion()
 {
     TestHost host;
     open(host, [&](QWidget *, QTableWidget *bodies) {
-        robot().expectBox(question, "Reset Standard body 07\nto sensor stored values?",
+        robot().expectBox(question, "Reset Standard body 07\nto sensor stored values?\nHelmet",
                           QMessageBox::Yes, [&] {
                               host.edit([](ControllerState &state) {
                                   state.bodyTypes["standard"].bodies.resize(3);

@@ -75,7 +75,7 @@ void tst_BodyDeletion::deletes()
     QFETCH(QStringList, writes);
     TestHost host(studio(protocol));
     open(host, [&](QWidget *, QTableWidget *bodies) {
-        robot().expectBox(question, asked, QMessageBox::Yes);
+        robot().expectBox(question, named(host, row, asked), QMessageBox::Yes);
         press(bodies, row, DeleteColumn);
         QCOMPARE(host.writes(), writes + QStringList{customCheck});
         QCOMPARE(host.queries().contains(
@@ -147,7 +147,7 @@ void tst_BodyDeletion::deleteFailure()
             asked += QStringLiteral("\nIf yes, the assignment as reference to other bodies will "
                                     "be deleted.");
         }
-        robot().expectBox(question, asked, QMessageBox::Yes);
+        robot().expectBox(question, named(host, row, asked), QMessageBox::Yes);
         if (!detail.isEmpty()) {
             robot().expectBox(
                     failure,
@@ -183,7 +183,8 @@ void tst_BodyDeletion::keysPressDeleteCell()
         bodies->setCurrentCell(5, DeleteColumn);
         host.clear();
         robot().expectBox(QStringLiteral("MORVEK3"),
-                          QStringLiteral("Delete geometry of Standard body 06?"), QMessageBox::Yes);
+                          QStringLiteral("Delete geometry of Standard body 06?\nCrate"),
+                          QMessageBox::Yes);
         QTest::keyClick(bodies, Qt::Key(key));
         Drive::settle();
         QCOMPARE(host.writes().count(QStringLiteral("body number_of_marker standard b06 0")), 1);
@@ -206,7 +207,7 @@ void tst_BodyDeletion::deletedTargetIsFree()
         QCOMPARE(Drive::row(table, 2), (QStringList{"t03", "CR03", "Cross large", "yes"}));
         robot().expectBox(question,
                           "Delete geometry of Standard body 03?\nIf yes, the assignment as "
-                          "reference to other bodies will be deleted.",
+                          "reference to other bodies will be deleted.\nRoom frame",
                           QMessageBox::Yes);
         host.clear();
         press(bodies, 2, DeleteColumn);
@@ -238,7 +239,7 @@ void tst_BodyDeletion::declinedDeleteWritesNothing()
     open(host, [&](QWidget *, QTableWidget *bodies) {
         robot().expectBox(question,
                           "Delete geometry of Standard body 03?\nIf yes, the assignment as "
-                          "reference to other bodies will be deleted.",
+                          "reference to other bodies will be deleted.\nRoom frame",
                           QMessageBox::No);
         press(bodies, 2, DeleteColumn);
         QCOMPARE(host.writes(), QStringList{customCheck});
@@ -250,13 +251,16 @@ void tst_BodyDeletion::bodyDroppedInDeleteQuestion()
 {
     TestHost host;
     open(host, [&](QWidget *, QTableWidget *bodies) {
-        robot().expectBox(question, "Delete geometry of Standard body 06?", QMessageBox::Yes, [&] {
-            host.edit([](ControllerState &state) { state.bodyTypes["standard"].bodies.resize(3); });
-            host.io.send_message("GlobalEvent", "ConfigurationModule", 1,
-                                 "ActiveConfigurationChanged");
-            Drive::settle();
-            host.clear();
-        });
+        robot().expectBox(question, "Delete geometry of Standard body 06?\nCrate", QMessageBox::Yes,
+                          [&] {
+                              host.edit([](ControllerState &state) {
+                                  state.bodyTypes["standard"].bodies.resize(3);
+                              });
+                              host.io.send_message("GlobalEvent", "ConfigurationModule", 1,
+                                                   "ActiveConfigurationChanged");
+                              Drive::settle();
+                              host.clear();
+                          });
         press(bodies, 5, DeleteColumn);
         QCOMPARE(bodies->rowCount(), 3);
         QCOMPARE(host.writes(), QStringList{customCheck});
@@ -276,7 +280,7 @@ void tst_BodyDeletion::dialogDeletedInDelete()
     TestHost host;
     host.fault(QStringLiteral("set body* refuse"));
     openDeletable(host, [&](QWidget *, QTableWidget *bodies) {
-        const QString asked = QStringLiteral("Delete geometry of Standard body 01?");
+        const QString asked = QStringLiteral("Delete geometry of Standard body 01?\nCap");
         if (!inFailure) {
             robot().expectBox(question, asked, QMessageBox::Yes, deletion());
         } else {

@@ -421,7 +421,8 @@ void tst_JoywandAdministration::deletesHead()
     openAt(host, joywandPage, [&](QWidget *shown) {
         host.clear();
         robot().expectBox(QStringLiteral("MORVEK3"),
-                          QStringLiteral("Delete geometry of Multi-user head 02?"), Box::Yes);
+                          QStringLiteral("Delete geometry of Multi-user head 02?\nHead two"),
+                          Box::Yes);
         Drive::clickCell(heads(shown), 1, 2);
         QCOMPARE(changes(host), (QStringList{"body number_of_marker multiuserjoywand_head b02 0",
                                              "body desc multiuserjoywand_head b02 \"\""}));
@@ -491,7 +492,7 @@ void tst_JoywandAdministration::deselects()
         QVERIFY(isEnabled(shown, "pushButton_deselect"));
         host.clear();
         robot().expectBox(QStringLiteral("MORVEK3"),
-                          QStringLiteral("Delete geometry of Joywand 01?"), Box::Yes);
+                          QStringLiteral("Delete geometry of Joywand 01?\nJoywand red"), Box::Yes);
         Drive::click(shown, "pushButton_deselect");
         QCOMPARE(changes(host), (QStringList{"body filter6d_preset joywand b01 preset6d_default",
                                              "body number_of_marker joywand b01 0",

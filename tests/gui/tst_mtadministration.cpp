@@ -471,7 +471,8 @@ void tst_MtAdministration::deletesTool()
     openAt(host, toolsPage, [&](QWidget *shown) {
         host.clear();
         robot().expectBox(QStringLiteral("MORVEK3"),
-                          QStringLiteral("Delete geometry of Measurement tool 03?"), Box::Yes);
+                          QStringLiteral("Delete geometry of Measurement tool 03?\nProbe bent"),
+                          Box::Yes);
         Drive::clickCell(tools(shown), 2, ToolDelete);
         QCOMPARE(changes(host), (QStringList{"body number_of_marker measurementtool b03 0",
                                              "body desc measurementtool b03 \"\""}));

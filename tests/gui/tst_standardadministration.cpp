@@ -217,7 +217,7 @@ void tst_StandardAdministration::filterColumnNeedsFilter()
     open(host, [&](QWidget *window, QTableWidget *bodies) {
         QVERIFY(bodies->isColumnHidden(FilterColumn));
         QVERIFY(!Drive::find<QPushButton>(page(window), "pushButton_filter")->isEnabled());
-        robot().expectBox(QStringLiteral("MORVEK3"), "Delete geometry of Standard body 01?",
+        robot().expectBox(QStringLiteral("MORVEK3"), "Delete geometry of Standard body 01?\nCap",
                           QMessageBox::Yes);
         press(bodies, 0, DeleteColumn);
         QCOMPARE(host.writes(), (QStringList{"body number_of_marker standard b01 0",
