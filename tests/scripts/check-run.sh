@@ -1,10 +1,11 @@
 #!/bin/bash
-# Checks the command `run` in a copy of its own, with stand-ins for cmake and the package manager
-# that write down how they were called.
+# Checks the command `run` in a copy of its own, with stand-ins for the build tools and the package
+# manager that write down how they were called.
 set -euo pipefail
 project=$(readlink -f "$(dirname "${BASH_SOURCE[0]}")/../..")
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
+build=$work/copy/build/release
 
 fail() {
     echo "FAIL: $1" >&2
@@ -24,17 +25,16 @@ stand_in() {
 start() {
     : >"$work/calls"
     status=0
-    (cd "$work/elsewhere" && env -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM -u DISPLAY \
-        ${display:+DISPLAY=$display} PATH="$work/bin:$PATH" WORK="$work" \
+    (cd "$work/elsewhere" && PATH="$work/bin:$PATH" WORK="$work" \
         "$work/copy/run" "$@" </dev/null) >"$work/output" 2>&1 || status=$?
 }
 
 called() { grep -q "^$1" "$work/calls"; }
 said() { grep -qF -- "$1" "$work/output"; }
+started_alone() { [[ $(<"$work/calls") == "workbench in $work/elsewhere with $*" ]]; }
 
-mkdir -p "$work"/{bin,elsewhere,copy/SourceFiles,copy/build/release/bin}
-cp -r "$project/run" "$project/cmake" "$work/copy/"
-echo 'int x;' >"$work/copy/SourceFiles/x.cpp"
+mkdir -p "$work"/{bin,elsewhere,copy}
+cp -r "$project/run" "$project/cmake" "$project/CMakePresets.json" "$work/copy/"
 cat >"$work/workbench" <<'TEXT'
 #!/bin/bash
 echo "workbench in $PWD with $*" >>"$WORK/calls"
@@ -49,57 +49,65 @@ stand_in apt-get 'echo "apt-get $*" >>"$WORK/calls"
 [[ -e $WORK/updated ]] || exit 100
 touch "$WORK/installed"'
 stand_in sudo 'exec "$@"'
-stand_in cmake 'echo "cmake $* in $PWD" >>"$WORK/calls"
-[[ $* == *--build* ]] && cp "$WORK/workbench" build/release/bin/workbench
-exit 0'
-
-display=
-start
-[[ $status == 2 ]] || fail "without a display the exit status is $status"
-said "--tour" && said "--headless" && said "no display" || fail "the offscreen ways are not named"
-[[ ! -s $work/calls ]] || fail "without a display something was built or started"
+# The build tool: a file says that something is out of date.
+stand_in ninja '[[ -e $WORK/outdated ]] && echo "[1/2] Building x" || echo "ninja: no work to do."'
+working_cmake='echo "cmake $* in $PWD" >>"$WORK/calls"
+if [[ $* == *--build* ]]; then
+    mkdir -p build/release/bin && cp "$WORK/workbench" build/release/bin/workbench
+    rm -f "$WORK/outdated"
+else
+    echo "CMAKE_HOME_DIRECTORY:INTERNAL=$PWD" >build/release/CMakeCache.txt
+    touch build/release/build.ninja
+fi'
+stand_in cmake "$working_cmake"
 
 start --tour pictures
 [[ $status == 0 ]] || fail "the first start ends with $status"
 said "Installing: ninja-build" || fail "what is installed is not said"
 [[ $(grep -c Installing "$work/output") == 1 ]] || fail "more than one line about installing"
 called "apt-get.*update" || fail "absent package lists were not fetched"
-called "cmake --preset release in $work/copy" || fail "not configured in the project's folder"
+called "cmake --preset release .*in $work/copy" || fail "not configured in the project's folder"
 called "cmake --build --preset release in $work/copy" || fail "not built"
 called "workbench in $work/elsewhere with --tour pictures" || fail "not started where it was called"
 
 start --tour pictures
 [[ $status == 0 ]] || fail "the second start ends with $status"
-[[ $(<"$work/calls") == "workbench in $work/elsewhere with --tour pictures" ]] \
+started_alone --tour pictures \
     || fail "a second start with nothing changed does more than start the workbench"
 
-for demo in "$project"/scenarios/demos/*.script; do
-    name=$(basename "$demo" .script)
-    start --demo "$name" --headless
-    [[ $status == 0 ]] || fail "the demonstration $name without a display ends with $status"
-    called "workbench in $work/elsewhere with --demo $name --headless" \
-        || fail "the demonstration $name was not handed on"
-done
-start --script some.script
-[[ $status == 0 ]] || fail "a script without a display ends with $status"
-called "workbench in $work/elsewhere with --script some.script" \
-    || fail "the script was not handed on"
+start --bogus
+started_alone --bogus || fail "the workbench did not get to judge its options"
 
-cp "$work/workbench" "$work/copy/build/release/bin/workbench"
-echo 'exit 1' >>"$work/copy/build/release/bin/workbench"
+sed -i '$aexit 1' "$build/bin/workbench"
 start --demo slow-link --headless
 [[ $status == 1 ]] || fail "a demonstration that fails ends with $status"
 
-touch -d '+1 minute' "$work/copy/SourceFiles/x.cpp"
-display=:7
+touch "$work/outdated"
 start
-called "cmake --build" || fail "a changed source was not built"
-called "workbench" || fail "not started with a display"
+called "cmake --build" || fail "what the build tool calls out of date was not built"
+called "workbench" || fail "not started after the build"
 ! called "apt-get" || fail "installed packages were installed again"
 
-touch -d '-1 minute' "$work/copy/SourceFiles/x.cpp"
+touch -d '+1 minute' "$work/copy/CMakePresets.json"
+start
+called "cmake --preset release" || fail "changed presets were not read"
+touch "$work/copy/CMakePresets.json"
+touch "$build/build.ninja"
+
+mv "$work/copy" "$work/moved" && mkdir "$work/copy" && cp -r "$work/moved/." "$work/copy/"
+echo "CMAKE_HOME_DIRECTORY:INTERNAL=$work/moved" >"$build/CMakeCache.txt"
+start
+called "cmake --preset release --fresh" || fail "a copied tree was not configured from scratch"
+
+# A file in the place of the folder holds off everybody, the superuser included.
+rm -rf "$work/copy/build" && touch "$work/copy/build"
+start
+[[ $status == 2 ]] || fail "where nothing can be written the exit status is $status"
+said "out of date, and $build cannot be written to" || fail "what cannot be written is not said"
+[[ ! -s $work/calls ]] || fail "where nothing can be written something was called"
+rm "$work/copy/build"
+
 stand_in cmake 'echo "cmake $*" >>"$WORK/calls"; exit 1'
-touch -d '+1 minute' "$work/copy/SourceFiles/x.cpp"
 start
 [[ $status != 0 ]] || fail "a failed build counts as success"
 ! called "workbench" || fail "an outdated workbench was started"
