@@ -1,6 +1,7 @@
 #include "ScenarioFile.h"
 
 #include "ControllerRules.h"
+#include "JsonKeys.h"
 #include "ScenarioCheck.h"
 #include "ScenarioReader.h"
 #include "ScenarioWriter.h"
@@ -108,6 +109,12 @@ bool parse(const QByteArray &json, const QString &name, Scenario *scenario, QStr
     }
     if (!document.isObject()) {
         *error = QStringLiteral("%1: expected an object, found an array").arg(name);
+        return false;
+    }
+    const QString duplicate = JsonKeys::firstDuplicate(json);
+    if (!duplicate.isEmpty()) {
+        *error = QStringLiteral("%1: %2: expected the key once, found it twice")
+                         .arg(name, duplicate);
         return false;
     }
     Scenario parsed;

@@ -166,6 +166,28 @@ void row(const char *name, const QByteArray &json, const char *error)
     QTest::newRow(name) << json << QString::fromUtf8(error);
 }
 
+/** Keys that an object has twice, of which a reader would take one silently. */
+void duplicateRows()
+{
+    const char *const twice = "expected the key once, found it twice";
+    const auto duplicate = [twice](const char *name, const QByteArray &json, const char *path) {
+        row(name, json, QByteArray("x.json: ").append(path).append(": ").append(twice));
+    };
+    duplicate("top level", "{\"name\": \"a\", \"state\": {}, \"name\": \"b\"}", "name");
+    duplicate("in the state", withState("\"model\": \"A\", \"model\": \"A\""), "state.model");
+    duplicate("a body type",
+              withState("\"bodyTypes\": {\"standard\": {}, \"joywand\": {}, \"standard\": {}}"),
+              "state.bodyTypes.standard");
+    duplicate("of the second body", withBody("\"name\": \"Hat\", \"name\": \"Cap\""),
+              "state.bodyTypes.standard.bodies[1].name");
+    duplicate("spelt in two ways", withState("\"model\": \"A\", \"m\\u006fdel\": \"B\""),
+              "state.model");
+    duplicate("after a text with signs",
+              withState("\"model\": \"{\\\"a\\\": [,}\", \"protocol\": \"1.2\","
+                        " \"model\": \"B\""),
+              "state.model");
+}
+
 /** Files that are no JSON, and keys that nobody knows. */
 void unknownRows()
 {
@@ -314,6 +336,7 @@ void tst_ScenarioFile::errors_data()
 {
     QTest::addColumn<QByteArray>("json");
     QTest::addColumn<QString>("error");
+    duplicateRows();
     unknownRows();
     valueRows();
     wordRows();
