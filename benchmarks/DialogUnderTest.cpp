@@ -1,0 +1,148 @@
+#include "DialogUnderTest.h"
+
+#include "ScenarioFile.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QTest>
+#include <QTimer>
+
+namespace {
+
+const QString standard = QStringLiteral("standard");
+
+ControllerState stateWith(int bodies, int targets)
+{
+    Scenario scenario;
+    QString error;
+    if (!ScenarioFile::load(QStringLiteral(SCENARIO_FILE), &scenario, &error))
+        qFatal("%s", qPrintable(error));
+    ControllerState state = scenario.state;
+    BodyTypeState &type = state.bodyTypes[standard];
+    type.maximum = qMax(type.maximum, bodies);
+    type.bodies.resize(bodies);
+    for (int i = 0; i < bodies; ++i) {
+        type.bodies[i].description = QStringLiteral("Body %1").arg(i + 1);
+        type.bodies[i].calibrated = true;
+        type.bodies[i].markers = 5;
+        type.bodies[i].target.clear();
+        type.bodies[i].sensor.clear();
+    }
+    // The first body, which is the current one, carries a sensor.
+    if (bodies > 0 && !state.sensors.isEmpty())
+        type.bodies[0].sensor = state.sensors.first().name;
+    state.targets.clear();
+    for (int i = 0; i < targets; ++i) {
+        TargetState target;
+        target.shortName = QStringLiteral("T%1").arg(i + 1, 3, 10, QLatin1Char('0'));
+        target.longName = QStringLiteral("Target %1").arg(i + 1);
+        target.bodyType = standard;
+        target.inVolume = true;
+        target.tracked = true;
+        state.targets.append(target);
+    }
+    return state;
+}
+
+QObject *child(QObject *parent, const char *name)
+{
+    auto *found = parent->findChild<QObject *>(QLatin1String(name));
+    if (!found)
+        qFatal("the dialog has no %s", name);
+    return found;
+}
+
+} // namespace
+
+DialogUnderTest::DialogUnderTest(int bodies, int targets)
+    : m_controller(stateWith(bodies, targets)),
+      m_io(&m_controller),
+      m_link(&m_io),
+      m_loader(QStringLiteral(PLUGIN_FILE))
+{
+    m_versions.protocol() = VersionInfo(1, 24, 0);
+    m_module = qobject_cast<ModuleInterface *>(m_loader.instance());
+    if (!m_module)
+        qFatal("%s", qPrintable(m_loader.errorString()));
+    m_module->set_param(QStringLiteral("CommandManager"),
+                        QVariant::fromValue<IOManager *>(&m_link));
+    m_module->set_param(QStringLiteral("ModuleParent"), QVariant::fromValue(&m_mainWindow));
+    m_module->set_param(QStringLiteral("BackendVersions"), QVariant::fromValue(&m_versions));
+    m_element = m_module->get_gui_elements().last();
+}
+
+DialogUnderTest::~DialogUnderTest()
+{
+    m_module->about_to_exit_module();
+    m_module->exit_module();
+    m_loader.unload();
+}
+
+void DialogUnderTest::open(const std::function<void()> &work)
+{
+    QTimer::singleShot(0, window(), [this, work] {
+        settle();
+        work();
+        window()->close();
+    });
+    m_element->menu_entry->trigger();
+}
+
+void DialogUnderTest::refresh()
+{
+    m_link.send_message("BodyAdministrationModule", "AnyModule", 1, "reopen");
+    settle();
+}
+
+void DialogUnderTest::rename(const QString &name)
+{
+    QTableWidget *table = bodies();
+    int column = 0;
+    while (table->horizontalHeaderItem(column)->text() != QLatin1String("Name"))
+        ++column;
+    const QPoint cell = table->visualRect(table->model()->index(0, column)).center();
+    QTest::mouseClick(table->viewport(), Qt::LeftButton, Qt::NoModifier, cell);
+    QTest::mouseDClick(table->viewport(), Qt::LeftButton, Qt::NoModifier, cell);
+    QWidget *editor = QApplication::focusWidget();
+    QTest::keyClick(editor, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClicks(editor, name);
+    QTest::keyClick(editor, Qt::Key_Return);
+    settle();
+}
+
+QObject *DialogUnderTest::startSearch()
+{
+    auto *page = child(window(), "StandardAdministrationClass");
+    for (QTimer *timer : window()->findChildren<QTimer *>())
+        timer->setInterval(24 * 3600 * 1000);
+    qobject_cast<QPushButton *>(child(page, "pushButton_start"))->click();
+    settle();
+    QObject *timer = child(page, "timerDoMea_tl");
+    qobject_cast<QTimer *>(timer)->setInterval(24 * 3600 * 1000);
+    return timer;
+}
+
+void DialogUnderTest::changeBodies(int every, const QString &text)
+{
+    ControllerState state = m_controller.state();
+    QVector<BodyState> &all = state.bodyTypes[standard].bodies;
+    for (int i = 0; i < all.size(); i += every)
+        all[i].description = text;
+    m_controller.setState(state);
+    m_link.forget();
+}
+
+QTableWidget *DialogUnderTest::bodies() const
+{
+    return qobject_cast<QTableWidget *>(child(window(), "tableWidget_standard"));
+}
+
+void DialogUnderTest::settle()
+{
+    for (int i = 0; i < 3; ++i) {
+        QCoreApplication::sendPostedEvents();
+        QCoreApplication::processEvents();
+    }
+}

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "IOManager.h"
+#include "SimulatedIOManager.h"
+
+#include <QByteArray>
+#include <QHash>
+#include <QVector>
+
+/**
+ * An IOManager as fast as one can be: a line that was answered once is answered from memory, in
+ * some tenths of a microsecond. A write goes to the simulated controller and forgets what was
+ * answered. What is measured over it is the module's own work. Refers to the controller's link.
+ */
+class MemoryLink : public IOManager {
+public:
+    /** One operation, as it can be asked again. */
+    struct Line {
+        TranscriptEntry::Operation operation = TranscriptEntry::Operation::GetString;
+        QByteArray text;
+    };
+
+    explicit MemoryLink(SimulatedIOManager *io) : m_io(io) {}
+
+    int send_command(char *answer, const char *command) override;
+    int get_string(char *out, const char *format, ...) override HOSTINTERFACE_PRINTF(3, 4);
+    int get_int(int *out, const char *format, ...) override HOSTINTERFACE_PRINTF(3, 4);
+    int get_double(double *out, const char *format, ...) override HOSTINTERFACE_PRINTF(3, 4);
+    int get_bool(bool *out, const char *format, ...) override HOSTINTERFACE_PRINTF(3, 4);
+    int set(const char *format, ...) override HOSTINTERFACE_PRINTF(2, 3);
+    void send_message(const char *channel, const char *sender, int kind, const char *text) override;
+    void register_receiver(const char *channel, MessageReceiver *receiver) override;
+    void unregister_receiver(const char *channel, MessageReceiver *receiver) override;
+
+    /** The controller was changed: nothing answered before counts any more. */
+    void forget();
+    /** From now on the lines are noted; answers those noted until then. */
+    QVector<Line> takeLines();
+    /** Asks for those lines again, and does nothing else. Only reads. */
+    void ask(const QVector<Line> &lines);
+    /** Each read takes at least that long; 0 for as fast as it goes. */
+    void setRoundTripUs(int us) { m_roundTripUs = us; }
+
+private:
+    struct Answer {
+        int result = 0;
+        QByteArray text;
+        int integer = 0;
+        double real = 0;
+        bool flag = false;
+    };
+    const Answer &answerTo(TranscriptEntry::Operation operation, const char *line);
+    Answer fetch(TranscriptEntry::Operation operation, const char *line);
+    int read(TranscriptEntry::Operation operation, const char *line, Answer *answer);
+
+    SimulatedIOManager *m_io;
+    QHash<QByteArray, Answer> m_answers; ///< by operation and line
+    QVector<Line> m_lines;
+    bool m_isNoting = true;
+    int m_roundTripUs = 0;
+};
