@@ -6,6 +6,7 @@
 #include "SimulatedController.h"
 #include "SimulatedIOManager.h"
 #include "bodysettingsdlg.h"
+#include "projectversion.h"
 #include "support/moduleversion.h"
 
 #include <QApplication>
@@ -13,6 +14,8 @@
 #include <QPixmap>
 #include <QTextStream>
 #include <QTimer>
+
+#include <cstdlib>
 
 namespace {
 
@@ -23,12 +26,16 @@ struct Arguments {
     QString picture; ///< empty when a user works the dialog
 };
 
-Arguments readArguments(const QCoreApplication &application)
+/** Reads the arguments before there is a window, so that help needs no display. */
+Arguments readArguments(int argc, char **argv)
 {
+    const QCoreApplication application(argc, argv);
+    QCoreApplication::setApplicationVersion(QStringLiteral(TRACKING_VERSION));
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral(
             "Opens the body names dialog over a simulated controller and prints what it wrote."));
     parser.addHelpOption();
+    parser.addVersionOption();
     parser.addPositionalArgument(QStringLiteral("scenario"),
                                  QStringLiteral("controller as a JSON file"),
                                  QStringLiteral("[scenario]"));
@@ -37,7 +44,11 @@ Arguments readArguments(const QCoreApplication &application)
             QStringLiteral("Save a picture of the dialog as <file> and accept it at once."),
             QStringLiteral("file"));
     parser.addOption(picture);
-    parser.process(application);
+    if (!parser.parse(QCoreApplication::arguments())) {
+        QTextStream(stderr) << parser.errorText() << '\n';
+        std::exit(wrongInput);
+    }
+    parser.process(application); // shows help or version and ends the program
     return {parser.positionalArguments().value(0, QStringLiteral(TRACKING_SCENARIO_FILE)),
             parser.value(picture)};
 }
@@ -61,19 +72,31 @@ void printWrites(const SimulatedIOManager &io)
     }
 }
 
+/** Ends the program with a sentence where the toolkit, finding no screen, would abort. */
+void endWithoutScreen(QtMsgType type, const QMessageLogContext &, const QString &text)
+{
+    QTextStream(stderr) << text << '\n';
+    if (type != QtFatalMsg)
+        return;
+    QTextStream(stderr) << "bodynames: no screen can be used for the dialog.\n";
+    std::_Exit(wrongInput);
+}
+
 } // namespace
 
 int main(int argc, char **argv)
 {
-    QApplication application(argc, argv);
-    const Arguments arguments = readArguments(application);
-
+    const Arguments arguments = readArguments(argc, argv);
     Scenario scenario;
     QString error;
     if (!ScenarioFile::load(arguments.scenario, &scenario, &error)) {
         QTextStream(stderr) << error << '\n';
         return wrongInput;
     }
+    qInstallMessageHandler(endWithoutScreen);
+    const QApplication application(argc, argv);
+    qInstallMessageHandler(nullptr);
+
     SimulatedController controller(scenario.state);
     SimulatedIOManager io(&controller);
     BackendVersions versions = versionsOf(scenario.state);

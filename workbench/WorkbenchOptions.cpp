@@ -155,8 +155,8 @@ QVector<OptionEntry> fileEntries()
                  options.transcriptDiff = values;
                  return QString();
              }},
-            flag("help", "show this text", &O::help),
-            flag("version", "show the version", &O::version),
+            flag("help", "show this text; also -h", &O::help),
+            flag("version", "show the version; also -v", &O::version),
     };
 }
 
@@ -172,6 +172,17 @@ const OptionEntry *findEntry(const QVector<OptionEntry> &known, const QString &n
             return &entry;
     }
     return nullptr;
+}
+
+/** The option that an argument without two dashes means; empty when it means none. */
+QString longName(const QString &argument)
+{
+    if (argument == QLatin1String("-h"))
+        return QStringLiteral("help");
+    if (argument == QLatin1String("-v"))
+        return QStringLiteral("version");
+    // "transcript-diff A B" reads like a command of its own, so the dashes may be left out.
+    return argument == QLatin1String("transcript-diff") ? argument : QString();
 }
 
 /** What the options ask for together that cannot be done; empty when they fit. */
@@ -201,11 +212,8 @@ bool WorkbenchOptions::parse(const QStringList &arguments, WorkbenchOptions *opt
         const QString &argument = arguments.at(i);
         const bool isOption = argument.startsWith(QLatin1String("--"));
         const int equals = isOption ? argument.indexOf(QLatin1Char('=')) : -1;
-        // "transcript-diff A B" reads like a command of its own, so the dashes may be left out.
         const QString name =
-                argument == QLatin1String("transcript-diff")
-                        ? argument
-                        : (isOption ? argument.mid(2, equals < 0 ? -1 : equals - 2) : QString());
+                isOption ? argument.mid(2, equals < 0 ? -1 : equals - 2) : longName(argument);
         const OptionEntry *entry = findEntry(known, name);
         if (!entry) {
             *error = QStringLiteral("%1: expected an option; --help lists them").arg(argument);

@@ -132,6 +132,14 @@ QString WorkbenchProgram::pluginFile() const
     return m_options.pluginFile.isEmpty() ? ModuleLoader::defaultFile() : m_options.pluginFile;
 }
 
+QString WorkbenchProgram::inputProblem()
+{
+    QString error;
+    Scenario scenario;
+    const bool isUsable = loadScript(&error) && loadScenario(&scenario, &error);
+    return isUsable ? QString() : error;
+}
+
 int WorkbenchProgram::compareRecordings()
 {
     QVector<TranscriptEntry> left;
@@ -207,7 +215,7 @@ bool WorkbenchProgram::prepareHome(QString *error)
     return true;
 }
 
-bool WorkbenchProgram::createSession(QString *error)
+bool WorkbenchProgram::loadScenario(Scenario *scenario, QString *error) const
 {
     const QString file = ScenarioLocator::scenarioFile(m_options.scenario);
     if (!QFileInfo(file).isFile()) {
@@ -216,8 +224,13 @@ bool WorkbenchProgram::createSession(QString *error)
                               m_options.scenario);
         return false;
     }
+    return ScenarioFile::load(file, scenario, error);
+}
+
+bool WorkbenchProgram::createSession(QString *error)
+{
     Scenario scenario;
-    if (!ScenarioFile::load(file, &scenario, error))
+    if (!loadScenario(&scenario, error))
         return false;
     m_session = std::make_unique<WorkbenchSession>(scenario);
     m_session->io()->setTranscriptLimit(m_options.transcriptLimit);

@@ -15,6 +15,7 @@ class Recorder;
 class Replayer;
 class ScriptRunner;
 class ScriptWatchdog;
+struct Scenario;
 class TimerHold;
 class WorkbenchSession;
 
@@ -29,11 +30,14 @@ public:
 
     /** 0 when done, 1 when an expectation failed, 2 when the input cannot be used. */
     int run();
+    /** What is wrong with the script or the scenario, whether or not there is a display. */
+    QString inputProblem();
 
 private:
     /** Each answers false with *error when the input cannot be used. */
     bool loadScript(QString *error);
     bool prepareHome(QString *error);
+    bool loadScenario(Scenario *scenario, QString *error) const;
     bool createSession(QString *error);
     bool startRecording(QString *error);
     bool openWindows(QString *error);

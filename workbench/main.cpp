@@ -2,6 +2,7 @@
 #include "ScenarioLocator.h"
 #include "WorkbenchOptions.h"
 #include "WorkbenchProgram.h"
+#include "projectversion.h"
 
 #include <QApplication>
 #include <QDir>
@@ -9,6 +10,7 @@
 #include <QProcess>
 #include <QTextStream>
 
+#include <cstdlib>
 #include <memory>
 
 #if defined(__SANITIZE_ADDRESS__)
@@ -25,11 +27,31 @@ int complain(const QString &text)
     return statusUnusable;
 }
 
+QString noDisplay()
+{
+    return QStringLiteral("there is no display. Without one, --tour DIR drives the dialogs and "
+                          "writes pictures, and --headless runs --script FILE or --demo NAME.");
+}
+
 QtMessageHandler defaultHandler = nullptr;
+bool isStarting = true;
+
+/** Ends the program with a sentence where the toolkit, finding no screen, would abort. */
+[[noreturn]] void giveUpStarting()
+{
+    const QByteArray platform = qgetenv("QT_QPA_PLATFORM");
+    complain(platform.isEmpty() ? QStringLiteral("the toolkit cannot use the display.")
+                                : QStringLiteral("the toolkit cannot use the platform \"%1\" that "
+                                                 "QT_QPA_PLATFORM names.")
+                                          .arg(QString::fromLocal8Bit(platform)));
+    std::_Exit(statusUnusable);
+}
 
 /** Leaves out what the offscreen platform says about windows nobody sees. */
 void quietHandler(QtMsgType type, const QMessageLogContext &context, const QString &text)
 {
+    if (type == QtFatalMsg && isStarting)
+        giveUpStarting();
     if (!text.startsWith(QLatin1String("This plugin does not support "))
         && !text.startsWith(QLatin1String("QStandardPaths: XDG_RUNTIME_DIR")))
         defaultHandler(type, context, text);
@@ -41,7 +63,9 @@ std::unique_ptr<QApplication> makeApplication(int &argc, char **argv)
     // The offscreen platform never gives back the screen that it makes here.
     const __lsan::ScopedDisabler platformOnly;
 #endif
-    return std::make_unique<QApplication>(argc, argv);
+    auto application = std::make_unique<QApplication>(argc, argv);
+    isStarting = false;
+    return application;
 }
 
 /** Plays the parts of the tour, each with a controller and a module of its own. */
@@ -84,20 +108,21 @@ int main(int argc, char *argv[])
         return complain(error);
     if (options.help || options.version) {
         QTextStream(stdout) << (options.help ? WorkbenchOptions::helpText()
-                                             : QStringLiteral("workbench " WORKBENCH_VERSION "\n"));
+                                             : QStringLiteral("workbench " TRACKING_VERSION "\n"));
         return 0;
     }
     const bool needsDisplay = !options.isScripted() && !options.needsNoWindow();
     if (!needsDisplay && !DisplayCheck::isReachable())
         qputenv("QT_QPA_PLATFORM", "offscreen");
     defaultHandler = qInstallMessageHandler(quietHandler);
-    if (!DisplayCheck::isReachable()) {
-        return complain(QStringLiteral(
-                "there is no display. Without one, --tour DIR drives the dialogs and writes "
-                "pictures, and --headless runs --script FILE or --demo NAME."));
-    }
     // A platform named on the command line is none of the workbench's options; the environment is.
     int ownArguments = 1;
+    if (!DisplayCheck::isReachable()) {
+        const QCoreApplication withoutDisplay(ownArguments, argv);
+        // What is wrong with or without a display comes first.
+        const QString mistake = WorkbenchProgram(options).inputProblem();
+        return complain(!mistake.isEmpty() ? mistake : noDisplay());
+    }
     const auto application = makeApplication(ownArguments, argv);
     QApplication::setApplicationName(QStringLiteral("workbench"));
     QApplication::setQuitOnLastWindowClosed(false);

@@ -98,6 +98,11 @@ void tst_WorkbenchOptions::searchForTrouble()
     QVERIFY(options.isScripted());
     QVERIFY(parse({"--scenario-check", "f"}, &options, &error));
     QVERIFY(options.needsNoWindow());
+    QVERIFY(parse({"-h"}, &options, &error));
+    QVERIFY(options.help);
+    QVERIFY(parse({"-v"}, &options, &error));
+    QVERIFY(options.version);
+    QVERIFY(!options.help);
 }
 
 void tst_WorkbenchOptions::equalsSign()
@@ -140,6 +145,10 @@ void tst_WorkbenchOptions::rejected_data()
 
     QTest::newRow("unknown") << QStringList{"--bogus"}
                              << "--bogus: expected an option; --help lists them";
+    QTest::newRow("unknown letter")
+            << QStringList{"-x"} << "-x: expected an option; --help lists them";
+    QTest::newRow("long name with one dash")
+            << QStringList{"-help"} << "-help: expected an option; --help lists them";
     QTest::newRow("no option") << QStringList{"studio"}
                                << "studio: expected an option; --help lists them";
     QTest::newRow("value missing") << QStringList{"--plugin"} << "--plugin: expected FILE";
