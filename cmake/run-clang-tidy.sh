@@ -1,15 +1,12 @@
 #!/bin/bash
-# Runs clang-tidy over the program sources (or the files given), by the dev build's compile commands.
-# It takes minutes, so it is no test. Needs the Debian package clang-tidy.
+# Runs clang-tidy over the program sources, or over the folders or files given. Only headers that
+# the build generates are made, nothing is compiled. Needs the Debian package clang-tidy.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/.."
 
-if [[ $# -gt 0 ]]; then
-    files=("$@")
-else
-    mapfile -t files < <(find SourceFiles general simulator userinput workbench -name '*.cpp' | sort)
-fi
-cmake --preset dev >/dev/null
-# The headers that the build generates have to exist.
-cmake --build --preset dev >/dev/null
-printf '%s\0' "${files[@]}" | xargs -0 -n 4 -P "$(nproc)" clang-tidy --quiet -p build/dev
+[[ $# -gt 0 ]] || set -- SourceFiles general simulator userinput workbench examples benchmarks
+mapfile -t files < <(find "$@" -name '*.cpp' | sort)
+[[ ${#files[@]} -gt 0 ]] || { echo "no source files found in $*" >&2; exit 1; }
+cmake --preset tidy >/dev/null
+cmake --build --preset tidy --target autogen >/dev/null
+printf '%s\0' "${files[@]}" | xargs -0 -n 2 -P "$(nproc)" clang-tidy --quiet -p build/tidy
