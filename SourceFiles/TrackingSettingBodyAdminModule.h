@@ -1,6 +1,7 @@
 #pragma once
 
 #include "BackendVersions.h"
+#include "HostIdentity.h"
 #include "IOManager.h"
 #include "ModuleInterface.h"
 

@@ -1,11 +1,13 @@
 #pragma once
 
+#include "projectversion.h"
+
 #include <QtCore/QString>
 
-/// Version numbers of the settings module; the project's version in CMakeLists.txt follows them.
-constexpr int moduleVersionMajor = 3;
-constexpr int moduleVersionMinor = 0;
-constexpr int moduleVersionPatch = 6;
+/// Version numbers of the settings module: those of the project in CMakeLists.txt.
+constexpr int moduleVersionMajor = TRACKING_VERSION_MAJOR;
+constexpr int moduleVersionMinor = TRACKING_VERSION_MINOR;
+constexpr int moduleVersionPatch = TRACKING_VERSION_PATCH;
 
 /// Version text as the windows show it: "v" and three numbers, for example "v3.0.6".
 inline QString moduleVersion()

@@ -1,3 +1,5 @@
+#include "HostIdentity.h"
+
 #include <QObject>
 #include <QtPlugin>
 
