@@ -2,6 +2,7 @@
 #include "waiting.h"
 
 #include <QAccessible>
+#include <QApplication>
 #include <QPushButton>
 #include <QSpinBox>
 #include <QTabWidget>

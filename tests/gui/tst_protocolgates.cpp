@@ -138,7 +138,7 @@ QStringList tst_ProtocolGates::removeCap(TestHost &host)
 {
     return linesOf(host, [this](QWidget *, QTableWidget *bodies) {
         robot().expectBox(QStringLiteral("MORVEK3"),
-                          QStringLiteral("Delete geometry of Standard body 01?"), Box::Yes);
+                          QStringLiteral("Delete geometry of Standard body 01?\nCap"), Box::Yes);
         press(bodies, 0, DeleteColumn);
     });
 }
@@ -151,8 +151,9 @@ QStringList tst_ProtocolGates::removeRig(TestHost &host)
                           isSensorKnown
                                   ? QStringLiteral("Delete assignment of sensor vendorone mini "
                                                    "'A7' and \ndelete geometry of Standard body "
-                                                   "04?")
-                                  : QStringLiteral("Delete geometry of Standard body 04?"),
+                                                   "04?\nCamera rig")
+                                  : QStringLiteral("Delete geometry of Standard body 04?\n"
+                                                   "Camera rig"),
                           Box::Yes);
         press(bodies, 3, DeleteColumn);
     });
@@ -164,10 +165,10 @@ QStringList tst_ProtocolGates::resetHelmet(TestHost &host)
     return linesOf(host, [&](QWidget *, QTableWidget *bodies) {
         robot().expectBox(QStringLiteral("MORVEK3"),
                           isStorageKnown ? QStringLiteral("Reset Standard body 07\n"
-                                                          "to sensor stored values?")
+                                                          "to sensor stored values?\nHelmet")
                                          : QStringLiteral("Reset Standard body 07?\n"
                                                           "Hand eye calibration will be "
-                                                          "deleted!"),
+                                                          "deleted!\nHelmet"),
                           Box::No);
         press(bodies, 6, ResetColumn);
     });
