@@ -26,6 +26,7 @@ NO_MESSAGES = {
     "GUI Settings Tracking",
     "Settings of all bodies",
     "- Found Targets -",
+    "Target Library, re-calibrated",
     "standard body %1",
     "Joywand body %1",
 }
