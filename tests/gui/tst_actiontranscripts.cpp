@@ -1,4 +1,3 @@
-#include "BodyTypeAdministrationTab.h"
 #include "administrationfixture.h"
 
 #include <QComboBox>
@@ -6,7 +5,6 @@
 namespace {
 
 const QString question = QStringLiteral("MORVEK3");
-const QString standard = QStringLiteral("standard");
 const QStringList protocols{"1.11", "1.12", "1.20", "1.21", "1.24"};
 
 /** The second number of the version: 21 of "1.21". */
@@ -25,6 +23,94 @@ QStringList ofBody(const QStringList &lines, int row)
                                      QStringLiteral("%1").arg(row + 1, 2, 10, QLatin1Char('0'))));
     }
     return numbered;
+}
+
+/** What there is to read of a standard body. */
+struct Slot {
+    QString sensor;     ///< empty: none
+    QStringList filter; ///< queries about it; %1 is the body's number
+};
+
+/** The bodies of the studio as a controller of that protocol tells of them. */
+QVector<Slot> studioSlots(const QString &protocol)
+{
+    if (minorOf(protocol) < 12)
+        return QVector<Slot>(8);
+    const QStringList off{"body filter6d_enabled standard b%1"};
+    const QStringList on = off + QStringList{"body filter6d_preset standard b%1"};
+    const QStringList byDefault = on + QStringList{"filter6d preset_desc preset6d_default"};
+    const QStringList own = on
+                            + QStringList{"body filter6d_prediction standard b%1",
+                                          "body filter6d_mode standard b%1"};
+    return {{"", own + QStringList{"filter6d mode_desc adaptive_fast"}},
+            {"", off},
+            {"", byDefault},
+            {"vendorone mini 'A7'", own
+                                            + QStringList{"filter6d mode_desc hybrid_target",
+                                                          "body filter6d_strength standard b%1"}},
+            {"vendorone mini 'B12'", byDefault},
+            {"", byDefault},
+            {"vendortwo core 'C3'", on + QStringList{"filter6d preset_desc preset6d_hybrid"}},
+            {"", {}}};
+}
+
+QStringList readingOfBody(const QString &protocol, int row, const Slot &slot)
+{
+    QStringList lines{"body desc standard b%1", "body targetlib_name standard b%1",
+                      "body active standard b%1", "body calibrated standard b%1",
+                      "body recalibrated standard b%1"};
+    if (minorOf(protocol) >= 12)
+        lines.append("body inertial_sensor standard b%1");
+    if (!slot.sensor.isEmpty())
+        lines.append("inertial sensor_handeye " + slot.sensor);
+    lines += slot.filter;
+    if (minorOf(protocol) >= 24)
+        lines.append("tracking reference");
+    return ofBody(lines, row);
+}
+
+/** What filling the table asks besides. */
+QStringList fillingOfTable(const QString &protocol, const QVector<Slot> &bodies)
+{
+    QStringList lines;
+    if (minorOf(protocol) >= 12)
+        lines += QStringList{"inertial available", "inertial warmup"};
+    for (const Slot &body : bodies) {
+        if (!body.sensor.isEmpty())
+            lines.append("inertial sensor_model_desc " + body.sensor.section(' ', 0, 1));
+    }
+    return lines;
+}
+
+/** What the buttons ask about a body that becomes current: once, although a click follows. */
+QStringList asksForButtons(const QString &sensor, int row)
+{
+    if (sensor.isEmpty())
+        return {};
+    return ofBody({"inertial available", "body inertial_sensor standard b%1",
+                   "inertial sensor_present " + sensor},
+                  row);
+}
+
+/** What the page sends when it is refreshed with these targets listed. */
+QStringList refreshOfPage(const QString &protocol, const QVector<Slot> &bodies, int current,
+                          const QStringList &targets)
+{
+    QStringList lines{"status active", "morvek2 targetlib check_custom_calibration"};
+    for (const QString &target : targets)
+        lines.append("targetlib target_status_calibrated_custom " + target);
+    lines += QStringList{"standard max_number_of_bodies", "body number_of_bodies standard"};
+    for (int row = 0; row < bodies.size(); ++row)
+        lines += readingOfBody(protocol, row, bodies.at(row));
+    return lines + fillingOfTable(protocol, bodies)
+           + asksForButtons(bodies.at(current).sensor, current);
+}
+
+/** What the page sends when one body is read again. */
+QStringList refreshOfBody(const QString &protocol, const QVector<Slot> &bodies, int row)
+{
+    return readingOfBody(protocol, row, bodies.at(row)) + fillingOfTable(protocol, bodies)
+           + asksForButtons(bodies.at(row).sensor, row);
 }
 
 /** What deleting a calibrated body sends before it is read again. */
@@ -57,41 +143,10 @@ private slots:
     void deletes();
     void resets_data();
     void resets();
+    void moves_data();
+    void moves();
 
 private:
-    static BodyTypeAdministrationTab *tab(QWidget *window)
-    {
-        return qobject_cast<BodyTypeAdministrationTab *>(page(window));
-    }
-    static QStringList linesOf(TestHost &host, const std::function<void()> &act)
-    {
-        host.clear();
-        act();
-        return host.lines();
-    }
-    /** What the page sends when it is refreshed in the state it is in. */
-    static QStringList refreshOfPage(TestHost &host, QWidget *window)
-    {
-        return linesOf(host, [&] { tab(window)->update_tab(); });
-    }
-    /** What the page sends to read one body again. */
-    static QStringList refreshOfBody(TestHost &host, QWidget *window, int row)
-    {
-        return linesOf(host, [&] {
-            tab(window)->updateBodyInfo(standard, row);
-            tab(window)->updateTableWidget(standard);
-            tab(window)->updateView();
-        });
-    }
-    /** What making another cell of a row current asks: once, although a click follows. */
-    static QStringList asksForButtons(const QString &sensor, int row)
-    {
-        if (sensor.isEmpty())
-            return {};
-        return ofBody({"inertial available", "body inertial_sensor standard b%1",
-                       "inertial sensor_present " + sensor},
-                      row);
-    }
     static QStringList holdersAsked(int receiver)
     {
         QStringList lines{"measurementtool number_of_references"};
@@ -146,11 +201,15 @@ void tst_ActionTranscripts::assigns()
         Drive::click(page(window), "pushButton_select");
         Drive::settle();
         const QStringList sent = host.lines();
+        QVector<Slot> known = studioSlots(protocol);
+        if (row == 7)
+            known[row].filter = known.at(5).filter;
+        const QStringList listed{"t01", "t02", "t03", "t04", "t05"};
         QStringList expected = holdersAsked(row);
         expected += ofBody({"morvek2 body calibrate_from_targetlib standard b%1 t02"}, row);
-        for (const char *target : {"t01", "t02", "t03", "t04", "t05"})
-            expected.append(QStringLiteral("targetlib target_status_calibrated ") + target);
-        QCOMPARE(sent, expected + refreshOfPage(host, window));
+        for (const QString &target : listed)
+            expected.append("targetlib target_status_calibrated " + target);
+        QCOMPARE(sent, expected + refreshOfPage(protocol, known, row, listed));
     });
     QCOMPARE(body(host, row).target, QStringLiteral("CR02"));
     QCOMPARE(host.log(), QStringList());
@@ -219,10 +278,12 @@ void tst_ActionTranscripts::deleteOrDeselect(bool byButton)
         if (isReference)
             expected += QStringList{"tracking reference", "tracking reference none"};
         expected += clearing(protocol, row, sensorKnown);
-        expected += refreshOfBody(host, window, row);
+        QVector<Slot> left = studioSlots(protocol);
+        left[row] = Slot();
+        expected += refreshOfBody(protocol, left, row);
         if (!target.isEmpty())
             expected.append(QStringLiteral("targetlib target_status_calibrated ") + target);
-        QCOMPARE(sent, expected + refreshOfPage(host, window));
+        QCOMPARE(sent, expected + refreshOfPage(protocol, left, row, {}));
     });
     QVERIFY(!body(host, row).calibrated);
     QCOMPARE(body(host, row).target, QString());
@@ -300,13 +361,56 @@ void tst_ActionTranscripts::resets()
     QFETCH(QStringList, lines);
     QFETCH(QString, sensor);
     TestHost host(studio(protocol));
-    open(host, [&](QWidget *window, QTableWidget *bodies) {
+    open(host, [&](QWidget *, QTableWidget *bodies) {
         press(bodies, row, IdColumn);
         host.clear();
         robot().expectBox(question, named(host, row, asked), QMessageBox::Yes);
         press(bodies, row, ResetColumn);
         const QStringList sent = host.lines();
-        QCOMPARE(sent, asksForButtons(sensor, row) + lines + refreshOfBody(host, window, row));
+        QCOMPARE(sent, asksForButtons(sensor, row) + lines
+                               + refreshOfBody(protocol, studioSlots(protocol), row));
+    });
+    QCOMPARE(host.log(), QStringList());
+}
+
+void tst_ActionTranscripts::moves_data()
+{
+    QTest::addColumn<QString>("protocol");
+    QTest::addColumn<int>("row");
+    QTest::addColumn<int>("offset");
+    for (const QString &protocol : protocols) {
+        QTest::addRow("up, %s", qPrintable(protocol)) << protocol << 3 << -1;
+        QTest::addRow("down, %s", qPrintable(protocol)) << protocol << 0 << 1;
+    }
+}
+
+void tst_ActionTranscripts::moves()
+{
+    QFETCH(QString, protocol);
+    QFETCH(int, row);
+    QFETCH(int, offset);
+    TestHost host(studio(protocol));
+    open(host, [&](QWidget *window, QTableWidget *bodies) {
+        press(bodies, row, IdColumn);
+        host.clear();
+        Drive::click(page(window), offset < 0 ? "pushButton_up" : "pushButton_down");
+        Drive::settle();
+        const int other = row + offset;
+        QVector<Slot> moved = studioSlots(protocol);
+        std::swap(moved[row], moved[other]);
+        QStringList expected{QStringLiteral("morvek2 body switch standard b0%1 standard b0%2")
+                                     .arg(row + 1)
+                                     .arg(other + 1)};
+        const QStringList filling = fillingOfTable(protocol, moved);
+        const QStringList asked = asksForButtons(moved.at(other).sensor, other);
+        expected += readingOfBody(protocol, row, moved.at(row));
+        expected += readingOfBody(protocol, other, moved.at(other)) + filling;
+        // The body takes the selection along, then everything is read again.
+        expected += asked + QStringList{"body number_of_bodies standard"};
+        for (int i = 0; i < moved.size(); ++i)
+            expected += readingOfBody(protocol, i, moved.at(i));
+        expected += filling + asked + asked;
+        QCOMPARE(host.lines(), expected);
     });
     QCOMPARE(host.log(), QStringList());
 }
