@@ -10,8 +10,8 @@
 #include "bodies/tabwidgets.h"
 #include "linkobserver.h"
 #include "support/filterdialogrun.h"
-#include "support/steps.h"
 #include "support/refreshgate.h"
+#include "support/steps.h"
 #include "targets/assignmentflow.h"
 #include "targets/searchflow.h"
 #include "targets/targetassignment.h"
@@ -239,16 +239,16 @@ protected slots:
     void on_pushButton_stop_clicked()
     {
         perform([this] {
-            runSteps(this, {[this] { m_searchFlow.stop(numTracked_tl); },
-                            [this] { applyPageRules(); }});
+            runSteps(this,
+                     {[this] { m_searchFlow.stop(numTracked_tl); }, [this] { applyPageRules(); }});
         });
     }
     void on_tableWidget_targetlibrary_itemSelectionChanged() { rowChosen(); }
     void doMeasurement_tl()
     {
         selectedRowTl = tabWidgets().targetTable->currentRow();
-        runSteps(this, {[this] { m_searchFlow.poll(&numTracked_tl); },
-                        [this] { applyPageRules(); }});
+        runSteps(this,
+                 {[this] { m_searchFlow.poll(&numTracked_tl); }, [this] { applyPageRules(); }});
     }
     void updateTrackedAndAcceptStatus_tl()
     {
