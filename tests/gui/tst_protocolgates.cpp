@@ -211,6 +211,7 @@ QStringList tst_ProtocolGates::chooseOtherBodyInFilter(TestHost &host)
     // Only a controller that changes under the open dialog can be as old as this.
     const VersionInfo protocol = host.versions.prot;
     host.versions.prot = VersionInfo(1, 24, 0);
+    host.edit([](ControllerState &state) { state.protocol = QStringLiteral("1.24"); });
     return visitFilter(host, -1, [&](QWidget *shown) {
         host.versions.prot = protocol;
         host.clear();
