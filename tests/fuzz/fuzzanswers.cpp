@@ -3,6 +3,7 @@
 #include "bodies/adminbodytype.h"
 #include "bodies/bodycommands.h"
 #include "bodies/bodyreader.h"
+#include "bodies/bodyregistry.h"
 #include "filterdialog.h"
 #include "fuzztargets.h"
 #include "targetlibrary.h"
@@ -46,13 +47,12 @@ void FuzzTargets::bodies(const QByteArray &input)
     BackendVersions versions = newestVersions();
     const BodyReader reader(ControllerLink(&manager, &versions));
     const QString type = QStringLiteral("standard");
-    AdminBodyType record;
-    reader.readType(record, type);
-    const int count = reader.readCount(type);
+    BodyRegistry registry;
+    reader.readType(registry[type], type);
+    reader.readMaximum(registry, type);
+    reader.readBodies(registry, type);
+    const int count = registry.type(type).bodies.size();
     expect(count >= 0 && count <= 9999, "a count that can be shown");
-    record.bodies.resize(count);
-    for (int index = 0; index < qMin(count, 50); ++index)
-        reader.readBody(record, type, index);
     reader.isWarmupRuleMet();
 }
 

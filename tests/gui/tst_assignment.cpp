@@ -332,12 +332,18 @@ void tst_Assignment::measurementToolFailure_data()
     QTest::addColumn<QStringList>("log");
     const QString refused = QStringLiteral("Error: Unable to calibrate body from target library");
     QTest::newRow("count") << "measurementtool number_of_references fail" << false
-                           << QStringList{refused};
+                           << QStringList{"Error: Unable to get number of "
+                                          "measurementtool_reference bodies",
+                                          refused};
     QTest::newRow("another reference unreadable")
-            << "body targetlib_name measurementtool_reference b01 fail" << true << QStringList();
+            << "body targetlib_name measurementtool_reference b01 fail" << true
+            << QStringList{"Error: Unable to get targetlib name of body "
+                           "measurementtool_reference b01"};
     QTest::newRow("the reference unreadable")
             << "body targetlib_name measurementtool_reference b03 fail" << false
-            << QStringList{refused};
+            << QStringList{"Error: Unable to get targetlib name of body "
+                           "measurementtool_reference b03",
+                           refused};
     QTest::newRow("markers")
             << "set body number_of_marker measurementtool_reference* refuse" << true
             << QStringList{"Error: Unable to reset markers of Measurement Tool Reference MR3",

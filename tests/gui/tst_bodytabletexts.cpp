@@ -144,9 +144,12 @@ void tst_BodyTableTexts::buttonsSayWhatTheyDo()
         for (int row = 0; row < bodies->rowCount(); ++row) {
             for (int column = 0; column < bodies->columnCount(); ++column) {
                 const QString header = tested.headers.at(column);
-                const bool button = header == "Delete" || header == "Reset";
-                QCOMPARE(bodies->item(row, column)->data(Qt::AccessibleTextRole).toString(),
-                         button ? header : QString());
+                const QString spoken =
+                        bodies->item(row, column)->data(Qt::AccessibleTextRole).toString();
+                if (header == "Active" || header == "Reference")
+                    QVERIFY2(spoken.startsWith(header) || spoken.isEmpty(), qPrintable(spoken));
+                else
+                    QCOMPARE(spoken, header == "Delete" || header == "Reset" ? header : QString());
             }
         }
     });

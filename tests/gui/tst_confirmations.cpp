@@ -90,7 +90,7 @@ void tst_Confirmations::addQuestions()
     const auto standard = "tableWidget_standard";
     const auto references = "tableWidget_ref";
     QTest::newRow("delete") << Question{standardPage, clicking(standard, 1, deleteColumn), morvek,
-                                        "Delete geometry of Standard body 02?"};
+                                        "Delete geometry of Standard body 02?\nGlasses round"};
     QTest::newRow("deselect") << Question{standardPage,
                                           [](QWidget *page) {
                                               QTableWidget *bodies =
@@ -101,14 +101,14 @@ void tst_Confirmations::addQuestions()
                                           },
                                           morvek,
                                           "Delete assignment of sensor vendorone mini 'A7' and \n"
-                                          "delete geometry of Standard body 04?"};
+                                          "delete geometry of Standard body 04?\nCamera rig"};
     QTest::newRow("deactivate the reference")
             << Question{standardPage, toggling(standard, 2, 1), morvek,
                         "After deactivating the reference target,\n"
                         "all targets will not be tracked.\nContinue?"};
     QTest::newRow("reset to library")
             << Question{standardPage, clicking(standard, 1, resetColumn), morvek,
-                        "Reset Standard body 02\nto Target-Library geometry?"};
+                        "Reset Standard body 02\nto Target-Library geometry?\nGlasses round"};
     QTest::newRow("drop the reference") << Question{
             standardPage,
             [](QWidget *page) {
@@ -190,7 +190,8 @@ void tst_Confirmations::anotherClientsChangeVoidsTheAnswer()
         QTableWidget *bodies = table(page, "tableWidget_standard");
         host.clear();
         robot().expectBox(
-                morvek, QStringLiteral("Delete geometry of Standard body 02?"), Box::Yes, [&] {
+                morvek, QStringLiteral("Delete geometry of Standard body 02?\nGlasses round"),
+                Box::Yes, [&] {
                     host.edit([](ControllerState &state) {
                         state.bodyTypes["standard"].bodies[1].description = QStringLiteral("Mine");
                     });
@@ -307,7 +308,7 @@ void tst_Confirmations::clicksBehindASlowQueryOpenOneWindow()
         if (button == "deselect")
             robot().expectBox(morvek,
                               QStringLiteral("Delete assignment of sensor vendorone mini 'A7' and "
-                                             "\ndelete geometry of Standard body 04?"),
+                                             "\ndelete geometry of Standard body 04?\nCamera rig"),
                               Box::No);
         else
             robot().expectDialog(QStringLiteral("FilterDialog"), [](QWidget *) {});

@@ -203,13 +203,13 @@ void tst_Lifetime::addActions()
     QTest::newRow("delete") << Action{
             standardPage,
             cell(standard, 1, 8),
-            {{question, QStringLiteral("Delete geometry of Standard body 02?")}}};
+            {{question, QStringLiteral("Delete geometry of Standard body 02?\nGlasses round")}}};
     QTest::newRow("delete the reference")
             << Action{standardPage,
                       cell(standard, 2, 8),
                       {{question, QStringLiteral("Delete geometry of Standard body 03?\nIf yes, "
                                                  "the assignment as reference to other bodies "
-                                                 "will be deleted.")}}};
+                                                 "will be deleted.\nRoom frame")}}};
     Action move{standardPage, [](QWidget *page) { Drive::click(page, "pushButton_down"); }};
     move.setUp = cell(standard, 0, 0);
     QTest::newRow("move") << move;

@@ -404,7 +404,8 @@ void tst_trackingdlg::failedQuery_data()
 {
     QTest::addColumn<QString>("query");
     QTest::addColumn<QStringList>("log");
-    QTest::newRow("lock") << "config is_changeable" << QStringList();
+    QTest::newRow("lock") << "config is_changeable"
+                          << QStringList{"Error: Unable to get lock state of the configuration"};
     QTest::newRow("body count") << "standard number_of_bodies"
                                 << QStringList{"Error: Unable to check number of standard bodies"};
     QTest::newRow("fixed angle") << "standard fixed_angle b01"

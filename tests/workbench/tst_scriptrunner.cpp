@@ -213,7 +213,7 @@ void nameRows()
             << "s:3: expected pushButton_exit read out as \"Leave\", found \"";
     QTest::newRow("no message line")
             << QByteArray("expect message Hello\n")
-            << "s:1: expected a visible widget \"messageLine\", found none in ";
+            << "s:1: expected a visible widget \"messageLine\", found it hidden in the window ";
 }
 
 /** What is not as expected. */
