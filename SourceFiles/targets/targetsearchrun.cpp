@@ -93,7 +93,7 @@ void TargetSearchRun::cancel()
 int TargetSearchRun::countTracked(const Targetlibrary &library, const QString &type) const
 {
     const ControllerLink link = m_link;
-    const QMap<QString, Target *> targets = library.targets();
+    const QList<Target *> targets = library.targets().values();
     int tracked = 0;
     for (const Target *target : targets) {
         if (link.isClosed() || !library.isOfType(*target, type))
