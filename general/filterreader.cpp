@@ -48,50 +48,87 @@ bool FilterReader::isAvailable(const QString &type) const
     return answer == QLatin1String("yes");
 }
 
-/** The queries of one list; `noun` is what the log calls its entries. */
+/** How the controller is asked for a list and its entries, and the log lines of failures. */
 struct FilterReader::ListQueries {
-    const char *noun;
-    const char *count;
-    const char *id;
-    const char *available;
-    const char *description;
+    std::optional<int> (*count)(const ControllerLink &link);
+    std::optional<QString> (*id)(const ControllerLink &link, int number);
+    std::optional<QString> (*available)(const ControllerLink &link, const char *body,
+                                        const char *id);
+    std::optional<QString> (*description)(const ControllerLink &link, const char *id);
+    QString countError;
+    QString idError;
+    QString availableError;
+    QString descriptionError;
+
+    static const ListQueries &ofPresets();
+    static const ListQueries &ofModes();
 };
 
-const FilterReader::ListQueries FilterReader::presetQueries = {
-        "preset", "filter6d number_of_presets", "filter6d preset_id",
-        "body filter6d_preset_available", "filter6d preset_desc"};
+const FilterReader::ListQueries &FilterReader::ListQueries::ofPresets()
+{
+    static const ListQueries queries = {
+            [](const ControllerLink &link) { return link.count("filter6d number_of_presets"); },
+            [](const ControllerLink &link, int number) {
+                return link.name("filter6d preset_id t%02d", number);
+            },
+            [](const ControllerLink &link, const char *body, const char *id) {
+                return link.text("body filter6d_preset_available %s %s", body, id);
+            },
+            [](const ControllerLink &link, const char *id) {
+                return link.text("filter6d preset_desc %s", id);
+            },
+            QStringLiteral("Error: Unable to get number of filter 6d presets"),
+            QStringLiteral("Error: Unable to get filter 6d preset id"),
+            QStringLiteral("Error: Unable to get filter 6d preset id available"),
+            QStringLiteral("Error: Unable to get filter 6d preset description")};
+    return queries;
+}
 
-const FilterReader::ListQueries FilterReader::modeQueries = {
-        "mode", "filter6d number_of_modes", "filter6d mode_id", "body filter6d_mode_available",
-        "filter6d mode_desc"};
+const FilterReader::ListQueries &FilterReader::ListQueries::ofModes()
+{
+    static const ListQueries queries = {
+            [](const ControllerLink &link) { return link.count("filter6d number_of_modes"); },
+            [](const ControllerLink &link, int number) {
+                return link.name("filter6d mode_id t%02d", number);
+            },
+            [](const ControllerLink &link, const char *body, const char *id) {
+                return link.text("body filter6d_mode_available %s %s", body, id);
+            },
+            [](const ControllerLink &link, const char *id) {
+                return link.text("filter6d mode_desc %s", id);
+            },
+            QStringLiteral("Error: Unable to get number of filter 6d modes"),
+            QStringLiteral("Error: Unable to get filter 6d mode id"),
+            QStringLiteral("Error: Unable to get filter 6d mode id available"),
+            QStringLiteral("Error: Unable to get filter 6d mode description")};
+    return queries;
+}
 
 QVector<FilterReader::Choice> FilterReader::presets() const
 {
-    return choices(presetQueries, QString());
+    return choices(ListQueries::ofPresets(), QString());
 }
 
 QVector<FilterReader::Choice> FilterReader::presetsOf(const QString &body) const
 {
-    return choices(presetQueries, body);
+    return choices(ListQueries::ofPresets(), body);
 }
 
 QVector<FilterReader::Choice> FilterReader::modes() const
 {
-    return choices(modeQueries, QString());
+    return choices(ListQueries::ofModes(), QString());
 }
 
 QVector<FilterReader::Choice> FilterReader::modesOf(const QString &body) const
 {
-    return choices(modeQueries, body);
+    return choices(ListQueries::ofModes(), body);
 }
 
 /** The presets or modes in the controller's order; without a body all of them. */
 QVector<FilterReader::Choice> FilterReader::choices(const ListQueries &list,
                                                     const QString &body) const
 {
-    const auto count = answered(m_link.count("%s", list.count),
-                                QStringLiteral("Error: Unable to get number of filter 6d %1s")
-                                        .arg(QLatin1String(list.noun)));
+    const auto count = answered(list.count(m_link), list.countError);
     QVector<Choice> found;
     for (int number = 1; isWanted() && number <= count.value_or(0); ++number) {
         if (const auto entry = choice(list, number, body))
@@ -103,17 +140,14 @@ QVector<FilterReader::Choice> FilterReader::choices(const ListQueries &list,
 std::optional<FilterReader::Choice> FilterReader::choice(const ListQueries &list, int number,
                                                          const QString &body) const
 {
-    const auto id = answered(
-            m_link.name("%s t%02d", list.id, number),
-            QStringLiteral("Error: Unable to get filter 6d %1 id").arg(QLatin1String(list.noun)));
+    const auto id = answered(list.id(m_link, number), list.idError);
     if (!id || *id == QLatin1String("none"))
         return std::nullopt;
     if (!body.isEmpty() && !isOffered(list, *id, body))
         return std::nullopt;
-    const auto description = answered(
-            m_link.text("%s %s", list.description, ControllerLink::argument(*id).constData()),
-            QStringLiteral("Error: Unable to get filter 6d %1 description")
-                    .arg(QLatin1String(list.noun)));
+    const QByteArray word = ControllerLink::argument(*id);
+    const auto description =
+            answered(list.description(m_link, word.constData()), list.descriptionError);
     if (!description)
         return std::nullopt;
     return Choice{*id, ControllerLink::withoutDoubleQuotes(*description)};
@@ -121,11 +155,9 @@ std::optional<FilterReader::Choice> FilterReader::choice(const ListQueries &list
 
 bool FilterReader::isOffered(const ListQueries &list, const QString &id, const QString &body) const
 {
-    const auto answer = answered(m_link.text("%s %s %s", list.available,
-                                             ControllerLink::argument(body).constData(),
-                                             ControllerLink::argument(id).constData()),
-                                 QStringLiteral("Error: Unable to get filter 6d %1 id available")
-                                         .arg(QLatin1String(list.noun)));
+    const auto answer = answered(list.available(m_link, ControllerLink::argument(body).constData(),
+                                                ControllerLink::argument(id).constData()),
+                                 list.availableError);
     return answer == QLatin1String("yes");
 }
 
@@ -261,14 +293,14 @@ std::optional<QString> FilterReader::summary(const QString &type, int index) con
 {
     const QByteArray word = ControllerLink::argument(type);
     const int number = index + 1;
-    const auto enabled = m_link.text("body filter6d_enabled %s b%02d", word.constData(), number);
+    const auto enabled = m_link.text("body filter6d_enabled %s b%.2d", word.constData(), number);
     if (!enabled) {
         log(QStringLiteral("Error: Unable to get filter6d state of body %1 b%2"), type, index);
         return std::nullopt;
     }
     if (*enabled != QLatin1String("yes"))
         return QStringLiteral("not active");
-    const auto preset = m_link.name("body filter6d_preset %s b%02d", word.constData(), number);
+    const auto preset = m_link.name("body filter6d_preset %s b%.2d", word.constData(), number);
     if (!preset || *preset == QLatin1String("none")) {
         log(QStringLiteral("Error: Unable to get filter6d preset of body %1 b%2"), type, index);
         return std::nullopt;
@@ -293,10 +325,10 @@ std::optional<QString> FilterReader::customSummary(const QString &type, int inde
     const QByteArray word = ControllerLink::argument(type);
     const int number = index + 1;
     const auto prediction =
-            m_link.real("body filter6d_prediction %s b%02d", word.constData(), number);
+            m_link.real("body filter6d_prediction %s b%.2d", word.constData(), number);
     if (!prediction)
         log(QStringLiteral("Error: Unable to get filter6d prediction of body %1 b%2"), type, index);
-    const auto mode = m_link.name("body filter6d_mode %s b%02d", word.constData(), number);
+    const auto mode = m_link.name("body filter6d_mode %s b%.2d", word.constData(), number);
     const bool hasMode = mode && *mode != QLatin1String("none");
     if (!hasMode)
         log(QStringLiteral("Error: Unable to get filter6d mode of body %1 b%2"), type, index);
@@ -313,7 +345,7 @@ std::optional<QString> FilterReader::customSummary(const QString &type, int inde
     const QString name = ControllerLink::withoutDoubleQuotes(*description);
     if (!mode->contains(QLatin1String("hybrid")))
         return QStringLiteral("%1ms/%2").arg(milliseconds, name);
-    const auto strength = m_link.real("body filter6d_strength %s b%02d", word.constData(), number);
+    const auto strength = m_link.real("body filter6d_strength %s b%.2d", word.constData(), number);
     if (!strength)
         log(QStringLiteral("Error: Unable to get filter6d strength of body %1 b%2"), type, index);
     return QStringLiteral("%1/%2ms/%3")

@@ -81,8 +81,6 @@ public:
 
 private:
     struct ListQueries;
-    static const ListQueries presetQueries;
-    static const ListQueries modeQueries;
 
     bool isWanted() const { return !m_hasAsker || m_asker; }
     int countOf(const QString &type) const;

@@ -7,20 +7,6 @@ namespace {
 
 const QLatin1String standardType("standard");
 
-/** The commands that set numbers of bodies, which are worded by type. */
-struct CountCommand {
-    QLatin1String type;
-    const char *words;
-};
-
-const CountCommand countCommands[] = {
-        {standardType, "standard number_of_bodies"},
-        {QLatin1String("joywand"), "joywand number_of_devices"},
-        {QLatin1String("measurementtool"), "measurementtool number_of_tools"},
-        {QLatin1String("measurementtool_reference"), "measurementtool number_of_references"},
-        {QLatin1String("fingertracking"), "fingertracking number_of_hands"},
-};
-
 } // namespace
 
 bool BodyCommands::logged(bool done, const QString &error) const
@@ -84,19 +70,31 @@ bool BodyCommands::setCount(const QString &type, int count) const
     const QString error =
             hands ? QStringLiteral("Error: Unable to set number of %1 hand bodies to %2")
                   : QStringLiteral("Error: Unable to set number of %1 bodies to %2");
-    for (const CountCommand &command : countCommands) {
-        if (type == command.type)
-            return logged(m_link.set("%s %d", command.words, count), error.arg(type).arg(count));
-    }
-    return false;
+    bool done = false;
+    if (type == standardType)
+        done = m_link.set("standard number_of_bodies %d", count);
+    else if (type == QLatin1String("joywand"))
+        done = m_link.set("joywand number_of_devices %d", count);
+    else if (type == QLatin1String("measurementtool"))
+        done = m_link.set("measurementtool number_of_tools %d", count);
+    else if (type == QLatin1String("measurementtool_reference"))
+        done = m_link.set("measurementtool number_of_references %d", count);
+    else if (hands)
+        done = m_link.set("fingertracking number_of_hands %d", count);
+    else
+        return false;
+    return logged(done, error.arg(type).arg(count));
 }
 
 void BodyCommands::switchGlobalFilterOn(const QString &type) const
 {
-    const bool standard = type == standardType;
-    logged(m_link.set("%s yes", standard ? "standard filter_bodies" : "joywand filter"),
-           QStringLiteral("Error: Unable to set global filter6d status of %1 bodies")
-                   .arg(standard ? QStringLiteral("standard") : QStringLiteral("Joywand")));
+    if (type == standardType) {
+        logged(m_link.set("standard filter_bodies yes"),
+               QStringLiteral("Error: Unable to set global filter6d status of standard bodies"));
+    } else {
+        logged(m_link.set("joywand filter yes"),
+               QStringLiteral("Error: Unable to set global filter6d status of Joywand bodies"));
+    }
 }
 
 bool BodyCommands::calibrate(const QString &type, int index, const QString &target,

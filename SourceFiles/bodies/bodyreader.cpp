@@ -305,10 +305,13 @@ bool BodyReader::isSensorPresent(const QString &type, int index) const
 bool BodyReader::isGlobalFilterOff(const QString &type) const
 {
     const bool standard = type == QLatin1String("standard");
-    const auto state = m_link.text("%s", standard ? "standard filter_bodies" : "joywand filter");
-    if (!state) {
-        m_link.log(QStringLiteral("Error: Unable to get global filter6d status of %1 bodies")
-                           .arg(standard ? QStringLiteral("standard") : QStringLiteral("Joywand")));
+    const auto state =
+            standard ? m_link.text("standard filter_bodies") : m_link.text("joywand filter");
+    if (!state && standard) {
+        m_link.log(
+                QStringLiteral("Error: Unable to get global filter6d status of standard bodies"));
+    } else if (!state) {
+        m_link.log(QStringLiteral("Error: Unable to get global filter6d status of Joywand bodies"));
     }
     return state == QLatin1String("no");
 }

@@ -27,11 +27,10 @@ std::optional<QDomDocument> TrackingPreferences::load(QString *problem) const
     QFile file(m_fileName);
     if (!file.exists())
         return std::nullopt;
-    const QString loading = QStringLiteral("Error: Loading tracking settings preferences");
     if (!file.open(QIODevice::ReadOnly)) {
-        *problem = loading
-                   + QStringLiteral(". File %1 cannot be opened for reading. Using built-in values")
-                             .arg(m_fileName);
+        *problem = QStringLiteral("Error: Loading tracking settings preferences. "
+                                  "File %1 cannot be opened for reading. Using built-in values")
+                           .arg(m_fileName);
         return std::nullopt;
     }
     QDomDocument document;
@@ -40,17 +39,16 @@ std::optional<QDomDocument> TrackingPreferences::load(QString *problem) const
     int column = 0;
     if (!document.setContent(&file, &message, &line, &column)) {
         *problem =
-                loading
-                + QStringLiteral(" while parsing %1 (Line %2, Column %3) :\n%4. "
-                                 "Using built-in values")
-                          .arg(m_fileName, QString::number(line), QString::number(column), message);
+                QStringLiteral("Error: Loading tracking settings preferences while parsing "
+                               "%1 (Line %2, Column %3) :\n%4. Using built-in values")
+                        .arg(m_fileName, QString::number(line), QString::number(column), message);
         return std::nullopt;
     }
     if (document.documentElement().tagName() != QLatin1String("MORVEK")) {
-        *problem = loading
-                   + QStringLiteral(" while parsing %1 : The file doesn't look like a valid "
-                                    "preferences file. Using built-in values")
-                             .arg(m_fileName);
+        *problem = QStringLiteral("Error: Loading tracking settings preferences while parsing "
+                                  "%1 : The file doesn't look like a valid preferences file. "
+                                  "Using built-in values")
+                           .arg(m_fileName);
         return std::nullopt;
     }
     return document;
@@ -59,18 +57,19 @@ std::optional<QDomDocument> TrackingPreferences::load(QString *problem) const
 bool TrackingPreferences::save(bool fixedAngleVisible, bool autoRestartShown,
                                QString *problem) const
 {
-    const QString writing = QStringLiteral("Error: Writing tracking preferences. ");
     if (!QDir().exists(m_folder) && !QDir().mkpath(m_folder)) {
-        *problem =
-                writing
-                + QStringLiteral("Directory %1 doesn't exist and cannot be created").arg(m_folder);
+        *problem = QStringLiteral("Error: Writing tracking preferences. "
+                                  "Directory %1 doesn't exist and cannot be created")
+                           .arg(m_folder);
         return false;
     }
     QSaveFile file(m_fileName);
     // In a folder that takes no new file the old one is overwritten.
     file.setDirectWriteFallback(true);
     if (!file.open(QIODevice::WriteOnly)) {
-        *problem = writing + QStringLiteral("File %1 cannot be opened for writing").arg(m_fileName);
+        *problem = QStringLiteral("Error: Writing tracking preferences. "
+                                  "File %1 cannot be opened for writing")
+                           .arg(m_fileName);
         return false;
     }
     QTextStream stream(&file);
