@@ -1,0 +1,26 @@
+#!/bin/bash
+# Runs a script that drives the workbench from another process, as a screen reader sees it: on a
+# virtual X server and with a session bus and a home folder of its own.
+# Usage: run.sh WORKBENCH SCRIPT
+set -euo pipefail
+
+workbench=$1
+script=$2
+# The bindings belong to the distribution's own interpreter, whatever else is installed.
+python=/usr/bin/python3
+
+folder=$(mktemp -d)
+mkfifo "$folder/display"
+# The server would start again when its last window closes, which happens while the bus starts.
+Xvfb -displayfd 3 -screen 0 1600x1000x24 -nolisten tcp -noreset \
+    3>"$folder/display" 2>"$folder/xvfb.log" &
+server=$!
+trap 'kill "$server" 2>/dev/null; wait "$server" 2>/dev/null || true; rm -rf "$folder"' EXIT
+read -r number <"$folder/display"
+
+export DISPLAY=":$number" QT_QPA_PLATFORM=xcb QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1
+export HOME="$folder/home" XDG_RUNTIME_DIR="$folder/run" LANG=C.UTF-8
+unset XAUTHORITY WAYLAND_DISPLAY DBUS_SESSION_BUS_ADDRESS
+mkdir -p "$HOME"
+mkdir -m 700 "$XDG_RUNTIME_DIR"
+dbus-run-session -- "$python" -B "$script" "$workbench" "$folder/recording.jsonl"
