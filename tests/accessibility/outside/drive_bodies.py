@@ -168,10 +168,21 @@ def change_filter(host, dialog, recording):
              lambda: not find(host, pyatspi.ROLE_DIALOG, "Filter Settings"))
 
 
+def check_room(dialog):
+    """The dialog opens with room for its tables where the screen has it."""
+    around = dialog.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+    for name in ("Available standard bodies", "Available targets from target library"):
+        table = await_one(dialog, pyatspi.ROLE_TABLE, name)
+        place = table.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+        if place.x < around.x or place.x + place.width > around.x + around.width:
+            raise Failure(f"room for {name}: {place} in {around}")
+
+
 def drive(host, recording):
     act(await_one(host, pyatspi.ROLE_MENU_ITEM, "Body administration", must_show=False), "Press")
     dialog = await_one(host, pyatspi.ROLE_DIALOG, "Body Administration")
     table = await_one(dialog, pyatspi.ROLE_TABLE, "Available standard bodies")
+    check_room(dialog)
 
     rename(dialog, table, "Left arm")
     recording.wait_for(WRITES[:1])

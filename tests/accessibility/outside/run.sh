@@ -12,7 +12,7 @@ python=/usr/bin/python3
 folder=$(mktemp -d)
 mkfifo "$folder/display"
 # The server would start again when its last window closes, which happens while the bus starts.
-Xvfb -displayfd 3 -screen 0 1600x1000x24 -nolisten tcp -noreset \
+Xvfb -displayfd 3 -screen 0 1920x1080x24 -nolisten tcp -noreset \
     3>"$folder/display" 2>"$folder/xvfb.log" &
 server=$!
 trap 'kill "$server" 2>/dev/null; wait "$server" 2>/dev/null || true; rm -rf "$folder"' EXIT
