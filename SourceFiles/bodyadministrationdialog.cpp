@@ -39,8 +39,12 @@ const VersionInfo lastCompactWithoutTools(2, 9, 3);
 void measureAgain(QWidget *widget)
 {
     for (QObject *child : widget->children()) {
-        if (child->isWidgetType())
-            measureAgain(static_cast<QWidget *>(child));
+        if (!child->isWidgetType())
+            continue;
+        auto *part = static_cast<QWidget *>(child);
+        measureAgain(part);
+        // A layout remembers what each part wanted until the part says that it changed.
+        part->updateGeometry();
     }
     if (QLayout *layout = widget->layout()) {
         layout->invalidate();

@@ -1,5 +1,7 @@
 #include "support/pagearea.h"
 
+#include <QSplitter>
+
 PageArea::PageArea(QWidget *parent) : QScrollArea(parent)
 {
     setFrameShape(QFrame::NoFrame);
@@ -12,5 +14,11 @@ PageArea::~PageArea() = default;
 
 QSize PageArea::sizeHint() const
 {
-    return widget() ? widget()->sizeHint() : QScrollArea::sizeHint();
+    if (!widget())
+        return QScrollArea::sizeHint();
+    QSize wanted = widget()->sizeHint();
+    // A splitter leaves its handle out of what it wants.
+    if (const auto *splitter = widget()->findChild<QSplitter *>())
+        wanted.rwidth() += (splitter->count() - 1) * splitter->handleWidth();
+    return wanted;
 }

@@ -6,12 +6,37 @@
 #include <QSplitter>
 #include <QStyle>
 
+namespace {
+
+/** Acts when a window is shown, before its layouts follow what was filled into it. */
+class ShowWatch : public QObject {
+public:
+    ShowWatch(QWidget *window, const std::function<void()> &act) : m_act(act)
+    {
+        window->installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::Show)
+            m_act();
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    std::function<void()> m_act;
+};
+
+} // namespace
+
 /** The window of the body administration: its size, what scrolls in it, and its keys. */
 class tst_BodyAdministrationWindow : public AdministrationFixture {
     Q_OBJECT
 
 private slots:
     void opensWithinTheScreen();
+    void wantsRoomForTheFilledTablesWhenItOpens();
     void opensWithReadableNames();
     void keepsTheSizeThatTheUserGave();
     void fitsASmallScreen_data();
@@ -52,6 +77,22 @@ void tst_BodyAdministrationWindow::opensWithinTheScreen()
         QVERIFY(page->window()->width() <= screen.width());
         QVERIFY(page->window()->height() <= screen.height());
         QVERIFY(isInside(page->window(), Drive::find<QWidget>(page->window(), "pushButton_exit")));
+    });
+}
+
+void tst_BodyAdministrationWindow::wantsRoomForTheFilledTablesWhenItOpens()
+{
+    TestHost host(TestHost::scenario(QStringLiteral("full")));
+    BodyAdministrationDlg dialog(&host.io, &host.mainWindow, &host.versions);
+    QSize wanted;
+    const ShowWatch watch(&dialog, [&] { wanted = dialog.sizeHint(); });
+    open(&dialog, [&](QWidget *window) {
+        Drive::settle();
+        auto *area = Drive::find<QScrollArea>(page(window), "pageArea");
+        const int beside = window->width() - area->width();
+        const int needed = area->widget()->minimumSizeHint().width() + beside;
+        QVERIFY2(wanted.width() >= needed,
+                 qPrintable(QStringLiteral("%1 of %2").arg(wanted.width()).arg(needed)));
     });
 }
 
