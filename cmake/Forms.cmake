@@ -1,0 +1,22 @@
+# add_forms(TARGET FORM...) makes a header ui_FORM.h of each FORM.ui of the folder forms, for the
+# sources of the target and of what links it. The build tool knows each header as the product of its
+# form, so one build brings a changed form into the program; with CMAKE_AUTOUIC it takes two.
+function(add_forms target)
+    set(folder "${CMAKE_CURRENT_BINARY_DIR}/forms")
+    file(MAKE_DIRECTORY "${folder}")
+    set(headers "")
+    foreach(form IN LISTS ARGN)
+        set(header "${folder}/ui_${form}.h")
+        add_custom_command(OUTPUT "${header}"
+            COMMAND ${QT}::uic -o "${header}" "${CMAKE_SOURCE_DIR}/forms/${form}.ui"
+            DEPENDS "${CMAKE_SOURCE_DIR}/forms/${form}.ui"
+            COMMENT "Making ui_${form}.h"
+            VERBATIM)
+        list(APPEND headers "${header}")
+    endforeach()
+    set_source_files_properties(${headers} PROPERTIES SKIP_AUTOGEN ON)
+    target_sources(${target} PRIVATE ${headers})
+    target_include_directories(${target} PUBLIC "${folder}")
+    # The target "autogen" makes these headers, too.
+    set_property(TARGET ${target} APPEND PROPERTY AUTOGEN_TARGET_DEPENDS ${headers})
+endfunction()
