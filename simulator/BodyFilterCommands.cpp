@@ -5,34 +5,29 @@
 
 namespace {
 
-/** The body when its type has the filter, else null with the reason in *refusal. */
-BodyState *filteredBody(const CommandContext &c, CommandOutcome *refusal)
+/** Runs a command on a body whose type has the filter; refuses it for any other. */
+template <CommandOutcome (*command)(const CommandContext &, BodyState &)>
+CommandOutcome onFilteredBody(CommandContext &c)
 {
     BodyState *body = c.body();
-    if (!body) {
-        *refusal = CommandOutcome::refused(QStringLiteral("there is no such body"));
-    } else if (!c.state.bodyTypes.value(c.argument(0)).filterAvailable) {
-        *refusal = CommandOutcome::refused(QStringLiteral("the body type has no 6DOF filter"));
-        body = nullptr;
-    }
-    return body;
+    if (!body)
+        return CommandOutcome::refused(QStringLiteral("there is no such body"));
+    if (!c.state.bodyTypes.value(c.argument(0)).filterAvailable)
+        return CommandOutcome::refused(QStringLiteral("the body type has no 6DOF filter"));
+    return command(c, *body);
 }
 
 /** A member of the body's filter as an answer. */
 template <auto member>
-CommandOutcome read(CommandContext &c)
+CommandOutcome read(const CommandContext &, BodyState &body)
 {
-    CommandOutcome refusal;
-    const BodyState *body = filteredBody(c, &refusal);
-    if (!body)
-        return refusal;
-    using Value = std::decay_t<decltype(body->*member)>;
+    using Value = std::decay_t<decltype(body.*member)>;
     if constexpr (std::is_same_v<Value, bool>)
-        return CommandOutcome::flag(body->*member);
+        return CommandOutcome::flag(body.*member);
     else if constexpr (std::is_same_v<Value, double>)
-        return CommandOutcome::real(body->*member);
+        return CommandOutcome::real(body.*member);
     else
-        return CommandOutcome::text(body->*member);
+        return CommandOutcome::text(body.*member);
 }
 
 template <typename Choice>
@@ -41,55 +36,34 @@ bool suits(const BodyState &body, const Choice &choice)
     return body.sensor.isEmpty() ? !choice.onlyForInertial : choice.availableForInertial;
 }
 
-CommandOutcome presetAvailable(CommandContext &c)
+template <auto find>
+CommandOutcome available(const CommandContext &c, BodyState &body)
 {
-    CommandOutcome refusal;
-    const BodyState *body = filteredBody(c, &refusal);
-    if (!body)
-        return refusal;
-    const FilterPresetState *preset = ControllerRules::preset(c.state, c.argument(2));
-    return CommandOutcome::flag(preset && suits(*body, *preset));
+    const auto *choice = find(c.state, c.argument(2));
+    return CommandOutcome::flag(choice && suits(body, *choice));
 }
 
-CommandOutcome modeAvailable(CommandContext &c)
+CommandOutcome setEnabled(const CommandContext &c, BodyState &body)
 {
-    CommandOutcome refusal;
-    const BodyState *body = filteredBody(c, &refusal);
-    if (!body)
-        return refusal;
-    const FilterModeState *mode = ControllerRules::mode(c.state, c.argument(2));
-    return CommandOutcome::flag(mode && suits(*body, *mode));
-}
-
-CommandOutcome setEnabled(CommandContext &c)
-{
-    CommandOutcome refusal;
-    BodyState *body = filteredBody(c, &refusal);
-    if (!body)
-        return refusal;
     bool ok = false;
     const bool on = c.flag(2, &ok);
     if (!ok)
         return CommandOutcome::refused(QStringLiteral("expected yes or no"));
-    if (!on && !body->sensor.isEmpty())
+    if (!on && !body.sensor.isEmpty())
         return CommandOutcome::refused(QStringLiteral("an inertial body is always filtered"));
-    body->filterEnabled = on;
+    body.filterEnabled = on;
     return CommandOutcome::done();
 }
 
-CommandOutcome setPreset(CommandContext &c)
+CommandOutcome setPreset(const CommandContext &c, BodyState &body)
 {
-    CommandOutcome refusal;
-    BodyState *body = filteredBody(c, &refusal);
-    if (!body)
-        return refusal;
     const FilterPresetState *preset = ControllerRules::preset(c.state, c.argument(2));
-    if (!preset || !suits(*body, *preset))
+    if (!preset || !suits(body, *preset))
         return CommandOutcome::refused(QStringLiteral("the preset is not available for the body"));
-    body->filterPreset = preset->id;
-    body->filterStrength = preset->strength;
-    body->filterPrediction = preset->prediction;
-    body->filterMode = preset->mode;
+    body.filterPreset = preset->id;
+    body.filterStrength = preset->strength;
+    body.filterPrediction = preset->prediction;
+    body.filterMode = preset->mode;
     return CommandOutcome::done();
 }
 
@@ -105,13 +79,9 @@ CommandOutcome onlyCustom()
 
 template <double BodyState::*member, double ControllerState::*minimum,
           double ControllerState::*maximum>
-CommandOutcome setReal(CommandContext &c)
+CommandOutcome setReal(const CommandContext &c, BodyState &body)
 {
-    CommandOutcome refusal;
-    BodyState *body = filteredBody(c, &refusal);
-    if (!body)
-        return refusal;
-    if (!isCustom(*body))
+    if (!isCustom(body))
         return onlyCustom();
     // Values travel with six decimals, so a limit itself may arrive rounded.
     constexpr double rounding = 1e-6;
@@ -119,22 +89,18 @@ CommandOutcome setReal(CommandContext &c)
     const double value = c.real(2, &ok);
     if (!ok || value < c.state.*minimum - rounding || value > c.state.*maximum + rounding)
         return CommandOutcome::refused(QStringLiteral("the value is outside its limits"));
-    body->*member = value;
+    body.*member = value;
     return CommandOutcome::done();
 }
 
-CommandOutcome setMode(CommandContext &c)
+CommandOutcome setMode(const CommandContext &c, BodyState &body)
 {
-    CommandOutcome refusal;
-    BodyState *body = filteredBody(c, &refusal);
-    if (!body)
-        return refusal;
-    if (!isCustom(*body))
+    if (!isCustom(body))
         return onlyCustom();
     const FilterModeState *mode = ControllerRules::mode(c.state, c.argument(2));
-    if (!mode || !suits(*body, *mode))
+    if (!mode || !suits(body, *mode))
         return CommandOutcome::refused(QStringLiteral("the mode is not available for the body"));
-    body->filterMode = mode->id;
+    body.filterMode = mode->id;
     return CommandOutcome::done();
 }
 
@@ -145,36 +111,41 @@ QVector<CommandEntry> bodyFilterCommands()
     using Access = CommandAccess;
     return {
             {Access::Get, "body filter6d_enabled TYPE bNN", 1, 12, false, "the body is filtered",
-             "FilterReader", read<&BodyState::filterEnabled>},
+             "FilterReader", onFilteredBody<read<&BodyState::filterEnabled>>},
             {Access::Set, "body filter6d_enabled TYPE bNN VALUE", 1, 12, true,
              "switches the body's filter; an inertial body is always filtered", "FilterCommands",
-             setEnabled},
+             onFilteredBody<setEnabled>},
             {Access::Get, "body filter6d_preset TYPE bNN", 1, 12, false,
-             "identifier of the body's preset", "FilterReader", read<&BodyState::filterPreset>},
+             "identifier of the body's preset", "FilterReader",
+             onFilteredBody<read<&BodyState::filterPreset>>},
             {Access::Set, "body filter6d_preset TYPE bNN NAME", 1, 12, true,
              "chooses a preset, which brings its strength, prediction and mode",
-             "BodyCommands, FilterCommands", setPreset},
+             "BodyCommands, FilterCommands", onFilteredBody<setPreset>},
             {Access::Get, "body filter6d_preset_available TYPE bNN NAME", 1, 21, false,
              "the preset may be chosen for the body", "BodyCommands, FilterReader",
-             presetAvailable},
+             onFilteredBody<available<ControllerRules::preset>>},
             {Access::Get, "body filter6d_strength TYPE bNN", 1, 12, false, "strength",
-             "FilterReader", read<&BodyState::filterStrength>},
+             "FilterReader", onFilteredBody<read<&BodyState::filterStrength>>},
             {Access::Set, "body filter6d_strength TYPE bNN VALUE", 1, 12, true,
              "sets the strength within its limits, under a custom preset only", "FilterCommands",
-             setReal<&BodyState::filterStrength, &ControllerState::strengthMin,
-                     &ControllerState::strengthMax>},
+             onFilteredBody<setReal<&BodyState::filterStrength, &ControllerState::strengthMin,
+                                    &ControllerState::strengthMax>>},
             {Access::Get, "body filter6d_prediction TYPE bNN", 1, 12, false,
-             "prediction in seconds", "FilterReader", read<&BodyState::filterPrediction>},
+             "prediction in seconds", "FilterReader",
+             onFilteredBody<read<&BodyState::filterPrediction>>},
             {Access::Set, "body filter6d_prediction TYPE bNN VALUE", 1, 12, true,
              "sets the prediction in seconds within its limits, under a custom preset only",
              "FilterCommands",
-             setReal<&BodyState::filterPrediction, &ControllerState::predictionMin,
-                     &ControllerState::predictionMax>},
+             onFilteredBody<setReal<&BodyState::filterPrediction, &ControllerState::predictionMin,
+                                    &ControllerState::predictionMax>>},
             {Access::Get, "body filter6d_mode TYPE bNN", 1, 12, false,
-             "identifier of the body's filter mode", "FilterReader", read<&BodyState::filterMode>},
+             "identifier of the body's filter mode", "FilterReader",
+             onFilteredBody<read<&BodyState::filterMode>>},
             {Access::Set, "body filter6d_mode TYPE bNN NAME", 1, 12, true,
-             "chooses a mode, under a custom preset only", "FilterCommands", setMode},
+             "chooses a mode, under a custom preset only", "FilterCommands",
+             onFilteredBody<setMode>},
             {Access::Get, "body filter6d_mode_available TYPE bNN NAME", 1, 21, false,
-             "the mode may be chosen for the body", "FilterReader", modeAvailable},
+             "the mode may be chosen for the body", "FilterReader",
+             onFilteredBody<available<ControllerRules::mode>>},
     };
 }
