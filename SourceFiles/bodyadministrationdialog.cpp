@@ -15,15 +15,13 @@
 #include "support/modulerequests.h"
 #include "support/moduleversion.h"
 #include "support/steps.h"
+#include "support/windowsize.h"
 #include "targetlibrary.h"
 #include "waiting.h"
 #include "wheelguard.h"
 
 #include <QKeyEvent>
-#include <QLayout>
 #include <QPointer>
-#include <QScreen>
-#include <QStyle>
 #include <QTabBar>
 
 #include <utility>
@@ -34,23 +32,6 @@ enum TabKey { StandardTab = 0, JoywandTab = 1, HandsTab = 2, MeasurementToolTab 
 
 /** The compact system offers measurement tools from the version after this one. */
 const VersionInfo lastCompactWithoutTools(2, 9, 3);
-
-/** Lets the layouts of a window that is not shown yet measure what was filled into it. */
-void measureAgain(QWidget *widget)
-{
-    for (QObject *child : widget->children()) {
-        if (!child->isWidgetType())
-            continue;
-        auto *part = static_cast<QWidget *>(child);
-        measureAgain(part);
-        // A layout remembers what each part wanted until the part says that it changed.
-        part->updateGeometry();
-    }
-    if (QLayout *layout = widget->layout()) {
-        layout->invalidate();
-        layout->activate();
-    }
-}
 
 } // namespace
 
@@ -94,17 +75,7 @@ BodyAdministrationDlg::~BodyAdministrationDlg()
 
 void BodyAdministrationDlg::fitToContents()
 {
-    // The size that the user chose last stays.
-    if (testAttribute(Qt::WA_Resized))
-        return;
-    measureAgain(this);
-    const QWidget *beside = m_parent ? m_parent->window() : this;
-    const QScreen *screen = beside->screen();
-    const int titleBar = style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, this);
-    // The pages scroll where the screen is too small, so that the buttons stay in it.
-    const QSize room =
-            screen ? screen->availableSize() - QSize(titleBar, 2 * titleBar) : sizeHint();
-    resize(sizeHint().boundedTo(room));
+    WindowSize::fitToContents(this, m_parent);
 }
 
 void BodyAdministrationDlg::chainTabOrder()
