@@ -22,16 +22,11 @@ BodyTypeAdministrationTab::BodyTypeAdministrationTab(IOManager *manager, QWidget
                                                      Targetlibrary *library)
     : QWidget(parent),
       BodyRecords(ControllerLink(manager, versions, LinkObserver::of(parent))),
+      TargetOperations(this, link(), library),
       iom(manager),
       beVers(versions),
-      m_module_version(moduleVersion),
-      targetlib(library),
-      timerDoMea_tl(new QTimer(this)),
-      timerCheckForTracked_tl(new QTimer(this)),
-      m_search(link(), timerDoMea_tl, timerCheckForTracked_tl)
+      m_module_version(moduleVersion)
 {
-    timerDoMea_tl->setObjectName(QStringLiteral("timerDoMea_tl"));
-    timerCheckForTracked_tl->setObjectName(QStringLiteral("timerCheckForTracked_tl"));
     connect(timerDoMea_tl, &QTimer::timeout, this, &Tab::doMeasurement_tl);
     connect(timerCheckForTracked_tl, &QTimer::timeout, this, &Tab::updateTrackedAndAcceptStatus_tl);
     const BodyTableInput *input = &m_input;
@@ -78,15 +73,11 @@ void BodyTypeAdministrationTab::registerTableWidget(const QString &type, QTableW
 
 void BodyTypeAdministrationTab::updateBodyTypesInfo()
 {
-    const QPointer<QWidget> self(this);
-    const QStringList types = bodytypes.names();
-    for (const QString &type : types) {
+    runForEach(this, bodytypes.names(), [this](const QString &type) {
         runSteps(this,
                  {[&] { updateBodyTypeInfo(type); }, [&] { updateNumberOfInertialSensors(type); },
                   [&] { updateTableWidget(type); }});
-        if (!self)
-            return;
-    }
+    });
 }
 
 void BodyTypeAdministrationTab::updateBodyTypeInfo(const QString &type)
@@ -97,16 +88,17 @@ void BodyTypeAdministrationTab::updateBodyTypeInfo(const QString &type)
 
 void BodyTypeAdministrationTab::updateBodyTypeSpinBox(const QString &type, bool readMaximum)
 {
-    if (!bodytypes.type(type).spinBox)
+    if (!bodytypes.type(type).spinBox || (readMaximum && !readLimit(type)))
         return;
-    const QPointer<QWidget> self(this);
-    const int limit = readMaximum ? morvek2_getMaxNumberOfBodies(type) : 0;
-    if (!self)
-        return;
-    if (readMaximum)
-        bodytypes.setLimit(type, limit);
     BodyTableFiller::showCount(bodytypes.type(type));
     m_search.setUsable(bodytypes.type(type).spinBox, bodytypes.type(type).isCountRead);
+}
+
+bool BodyTypeAdministrationTab::readLimit(const QString &type)
+{
+    int limit = 0;
+    return runSteps(this, {[&] { limit = morvek2_getMaxNumberOfBodies(type); },
+                           [&] { bodytypes.setLimit(type, limit); }});
 }
 
 void BodyTypeAdministrationTab::updateTableWidget(const QString &type)
@@ -139,18 +131,16 @@ void BodyTypeAdministrationTab::refreshBody(const QString &type, int index)
 
 void BodyTypeAdministrationTab::update_tab()
 {
-    const QPointer<QWidget> self(this);
-    const QStringList types = bodytypes.names();
-    for (const QString &type : types) {
-        updateBodyTypeSpinBox(type, true);
-        if (!self)
-            return;
-    }
-    updateBodyTypesInfo();
-    if (!self)
-        return;
-    current_bid = qMin(current_bid, getNumberOfBodies(current_btype) - 1);
-    updateView();
+    const auto readCounts = [this](const QString &type) { updateBodyTypeSpinBox(type, true); };
+    runSteps(this, {[&] { runForEach(this, bodytypes.names(), readCounts); },
+                    [&] { updateBodyTypesInfo(); }, [&] { limitCurrentBody(current_btype); },
+                    [&] { updateView(); }});
+}
+
+void BodyTypeAdministrationTab::limitCurrentBody(const QString &type)
+{
+    if (current_btype == type)
+        current_bid = qMin(current_bid, getNumberOfBodies(type) - 1);
 }
 
 void BodyTypeAdministrationTab::refreshTargets()
@@ -198,10 +188,8 @@ void BodyTypeAdministrationTab::takeName(const QString &type, int index, const Q
 
 void BodyTypeAdministrationTab::takeCount(const QString &type, int count)
 {
-    const QPointer<QWidget> self(this);
-    setNumberOfBodies(type, count);
-    if (self)
-        updateCalStatusTablewidgetTl(type);
+    runSteps(this, {[&] { setNumberOfBodies(type, count); },
+                    [&] { updateCalStatusTablewidgetTl(type); }});
 }
 
 void BodyTypeAdministrationTab::editFilter(const QString &type, int index)
@@ -216,10 +204,8 @@ void BodyTypeAdministrationTab::editFilter(const QString &type, int index)
 
 void BodyTypeAdministrationTab::deleteAndRefresh(const QString &type, int index)
 {
-    const QPointer<QWidget> self(this);
-    deleteBodyAndUpdateTlCalibratedOfTarget(type, index);
-    if (self)
-        update_tab();
+    runSteps(this, {[&] { deleteBodyAndUpdateTlCalibratedOfTarget(type, index); },
+                    [&] { update_tab(); }});
 }
 
 void BodyTypeAdministrationTab::requestBodyCalibration()
@@ -240,15 +226,18 @@ void BodyTypeAdministrationTab::setNumberOfBodies(const QString &type, int count
         return;
     const QPointer<QWidget> self(this);
     checkForReferenceDisabeledAndResetIfNec(count, asked, type);
-    if (!self || count == asked)
-        return;
+    if (self && count != asked)
+        changeCount(type, asked, count);
+}
+
+void BodyTypeAdministrationTab::changeCount(const QString &type, int asked, int count)
+{
     int accepted = asked;
     runSteps(this, {[&] { accepted = morvek2_setNumberOfBodies(type, count) ? count : asked; },
                     [&] { reader().readBodies(bodytypes, type, asked, accepted); },
                     [&] { updateBodyTypeSpinBox(type, false); },
                     [&] {
-                        if (current_btype == type)
-                            current_bid = qMin(current_bid, getNumberOfBodies(type) - 1);
+                        limitCurrentBody(type);
                         emit selection_changed(current_btype, current_bid);
                     },
                     [&] { updateTableWidget(type); }, [&] { updateView(); }});
@@ -270,11 +259,11 @@ void BodyTypeAdministrationTab::setBodyActive(const QString &type, int index, bo
 {
     if (!bodytypes.hasBody(type, index))
         return;
-    const QPointer<QWidget> self(this);
-    if (link().protocolAtLeast(1, 11))
-        morvek2_setBodyActive(type, index, active);
-    if (self)
-        runSteps(this, {[&] { updateBodyInfo(type, index); }, [&] { updateTableWidget(type); }});
+    runSteps(this, {[&] {
+                        if (link().protocolAtLeast(1, 11))
+                            morvek2_setBodyActive(type, index, active);
+                    },
+                    [&] { updateBodyInfo(type, index); }, [&] { updateTableWidget(type); }});
 }
 
 void BodyTypeAdministrationTab::setBodyDescription(const QString &type, int index,
@@ -363,13 +352,6 @@ void BodyTypeAdministrationTab::releaseTarget()
                     [&] { update_tab(); }});
 }
 
-void BodyTypeAdministrationTab::pushButtonDeSelectClicked(const QString &type,
-                                                          QTableWidget *bodyTable)
-{
-    if (bodyTable->currentRow() >= 0)
-        deleteBodyAndUpdateTlCalibratedOfTarget(type, bodyTable->currentRow());
-}
-
 void BodyTypeAdministrationTab::deleteBodyAndUpdateTlCalibratedOfTarget(const QString &type,
                                                                         int index)
 {
@@ -432,16 +414,9 @@ void BodyTypeAdministrationTab::setConfigLockedStatus(bool locked)
     if (changed)
         m_input.discard();
     applyPageRules();
-    if (!changed || !isVisible())
-        return;
-    const QPointer<QWidget> self(this);
-    const QStringList types = bodytypes.names();
-    for (const QString &type : types) {
-        updateTableWidget(type);
-        if (!self)
-            return;
-    }
-    updateView();
+    const auto refill = [this](const QString &type) { updateTableWidget(type); };
+    if (changed && isVisible() && runForEach(this, bodytypes.names(), refill))
+        updateView();
 }
 
 void BodyTypeAdministrationTab::retire()

@@ -7,27 +7,21 @@
 #include "bodies/bodyrecords.h"
 #include "bodies/bodytablefiller.h"
 #include "bodies/bodytableinput.h"
-#include "bodies/tabwidgets.h"
 #include "linkobserver.h"
 #include "support/filterdialogrun.h"
 #include "support/refreshgate.h"
 #include "support/steps.h"
 #include "targets/assignmentflow.h"
 #include "targets/searchflow.h"
-#include "targets/targetassignment.h"
-#include "targets/targetlistpanel.h"
-#include "targets/targetsearchpanel.h"
+#include "targets/targetoperations.h"
 
 #include <QIcon>
 #include <QString>
-#include <QStringList>
 #include <QTableWidget>
 #include <QVector>
 #include <QWidget>
 
 #include <functional>
-
-class QTimer;
 
 /**
  * What the tabs of the body administration have in common: the face of the parts that hold the
@@ -39,7 +33,7 @@ class QTimer;
  * after setting up its form, and overrides what is particular to it. Type words are the
  * controller's; indexes are zero-based. Nothing is stored that was not read from the controller.
  */
-class BodyTypeAdministrationTab : public QWidget, public BodyRecords {
+class BodyTypeAdministrationTab : public QWidget, public BodyRecords, public TargetOperations {
     Q_OBJECT
 
 public:
@@ -142,14 +136,6 @@ public:
     /** A locked configuration is shown but cannot be edited. */
     virtual void setConfigLockedStatus(bool locked);
 
-    /** Columns, headers and selection of an empty target table. */
-    void setup_tableWidget_targetlibrary(QTableWidget *table) { TargetTableFiller::setUp(table); }
-    /** Lists the targets of the type; a null group lists them all. */
-    void update_tableWidget_targetlibrary(QTableWidget *table, const QString &type,
-                                          const QString &group = QString())
-    {
-        m_targets.list(table, type, group);
-    }
     /** Assigns the current target to the current body; false when it was not done. */
     bool pushButtonSelectClicked(const QString &type, QTableWidget *bodyTable,
                                  QTableWidget *tlTable)
@@ -158,7 +144,11 @@ public:
                              TargetListPanel::listedIds(tlTable));
     }
     /** Deletes the current body, asking first; nothing without a current body. */
-    void pushButtonDeSelectClicked(const QString &type, QTableWidget *bodyTable);
+    void pushButtonDeSelectClicked(const QString &type, QTableWidget *bodyTable)
+    {
+        if (bodyTable->currentRow() >= 0)
+            deleteBodyAndUpdateTlCalibratedOfTarget(type, bodyTable->currentRow());
+    }
     /** Frees the target from all bodies but the table's current one. Kept for other tabs. */
     void deleteTargetInDifferentSlotIfExists(const QString &target, const QString &type,
                                              QTableWidget *table)
@@ -167,46 +157,12 @@ public:
     }
     /** Deletes a body, asking first, and reads whether the target it held is still in use. */
     void deleteBodyAndUpdateTlCalibratedOfTarget(const QString &type, int index);
-    /** Reads whether a body holds the target; keeps what is known, and logs, on failure. */
-    void updateTlCalibratedOfTarget(const QString &targetId) { assignment().refreshUsed(targetId); }
-    /** updateTlCalibratedOfTarget() for each identifier. Kept for other tabs. */
-    void updateTlCalibratedOfTargets(const QStringList &ids) { assignment().refreshUsed(ids); }
     /** Reads which of the listed targets are in use and shows it. */
     void updateCalStatusTablewidgetTl(const QString &type);
-    /** Asks the controller which targets of the type the cameras see. */
-    void updateTlTrackedStatus(const QString &type) { m_targets.refreshTracked(type); }
-    /** Marks the listed targets that the cameras see and counts them. */
-    void do_updateTrackedAndAcceptStatus_tl(QTableWidget *table, int &tracked, int &calibrated)
-    {
-        m_targets.refreshTrackedRows(table, &tracked, &calibrated);
-    }
     /** Shows the operator how many targets were found; the tab may be gone afterwards. */
     void showMessageFoundTargets_tl(int count) { m_questions.showFoundTargets(count); }
     /** Asks whether a named body may be overwritten; true without asking for one without name. */
     bool overwriteBodyCalibration(const QString &name) { return m_flow.confirmOverwrite(name); }
-    /** Stops polling the search and the tracked states. */
-    void stopAllTimer() { m_search.stopTimers(); }
-    /** Asks the controller which targets of the tab's type are seen, and counts them. */
-    int getTrackedTargets() { return m_search.countTracked(*targetlib); }
-
-    /** Enables select by the target table alone. */
-    void activate_pushButton_start() { m_search.applyStartRule(); }
-    /** The same rule as activate_pushButton_deselect(). */
-    void activate_pushButton_stop() { m_search.applyDeselectRule(); }
-    /** Enables select while a body and a target are current and no search runs. */
-    void activate_pushButton_select() { m_search.applySelectRule(); }
-    /** Enables deselect by what the current body's row shows, while no search runs. */
-    void activate_pushButton_deselect() { m_search.applyDeselectRule(); }
-    /** Enables the controls that a running search locks. */
-    void enableControls(bool enable) { m_search.setControlsEnabled(enable); }
-
-    /** The body type that the tab's page is about. */
-    QString mainBodyType() const { return tabWidgets().type; }
-    /** True while this tab polls a search it started. */
-    bool isSearchRunning() const { return m_search.isRunning(); }
-    /** Lets the operator stop a search that no tab polls. */
-    void offerStop() { m_search.offerStop(); }
-
 signals:
     /** The current body changed or was acted on. */
     void selection_changed(QString bodyType, int bodyIndex);
@@ -262,23 +218,10 @@ protected:
     /** The target was assigned and the tab refreshed. */
     virtual void targetAssigned(const QString &) {}
 
-    /** Once, after the form was set up. */
-    void setTabWidgets(const TabWidgets &widgets)
-    {
-        m_search.setWidgets(widgets);
-        m_targets.setWidgets(widgets);
-    }
     bool isRetired() const { return m_input.isRetired(); }
-    const TabWidgets &tabWidgets() const { return m_search.widgets(); }
     const BodyQuestions &questions() const { return m_questions; }
     const AssignmentFlow &assignmentFlow() const { return m_flow; }
 
-    /** A row was chosen in the body or the target table: select and deselect follow. */
-    void rowChosen()
-    {
-        activate_pushButton_select();
-        activate_pushButton_deselect();
-    }
     /** The page's filter and calibration buttons follow the current body and the search. */
     void applyPageRules();
     /** Of the dialog that the tab belongs to; null when it has none. */
@@ -306,12 +249,6 @@ protected:
     /** Switches the global 6DOF filter of the type's bodies on when it is off. */
     void switchGlobalFilterOn(const QString &type);
 
-    /** The categories of the tab's targets, for its category filter. */
-    void update_comboBox_filter() { m_targets.fillCategories(); }
-    /** Makes the category of exactly that name current; none when it is not there. */
-    void set_comboBox_filter_to(const QString &group) { m_targets.selectCategory(group); }
-    /** The category shown; null in a tab without categories. */
-    QString currentGroup() const { return m_targets.category(); }
     /** The operator chose a category. */
     void categoryChosen(const QString &group);
 
@@ -321,14 +258,10 @@ protected:
     bool m_is_config_locked = false;
     QString current_btype;
     int current_bid = -1;
-    QIcon icon_ok{QStringLiteral(":/green.png")};
     QIcon icon_not_cal{QStringLiteral(":/red.png")};
     QIcon icon_yellow_hook{QStringLiteral(":/yellow.png")};
     QIcon icon_cross{QStringLiteral(":/118.png")};
     QIcon icon_reset{QStringLiteral(":/48.png")};
-    Targetlibrary *targetlib;
-    QTimer *timerDoMea_tl;
-    QTimer *timerCheckForTracked_tl;
     int numTracked_tl = 0;
     int selectionTableLeft = -1;
     int selectionTableRight = -1;
@@ -338,7 +271,9 @@ protected:
 private:
     void assignTarget();
     void releaseTarget();
-    TargetAssignment assignment() const { return m_assignment; }
+    bool readLimit(const QString &type);
+    void limitCurrentBody(const QString &type);
+    void changeCount(const QString &type, int asked, int count);
     void takeCurrentBody(const QString &type, int index);
     void takeName(const QString &type, int index, const QString &name);
     void takeCount(const QString &type, int count);
@@ -351,9 +286,6 @@ private:
     BodyActions m_actions{link(), bodytypes, m_questions};
     BodyTableIcons m_tableIcons{icon_ok, icon_not_cal, icon_yellow_hook, icon_cross, icon_reset};
     BodyTableInput m_input{bodytypes, observer()};
-    TargetAssignment m_assignment{link(), targetlib};
-    TargetListPanel m_targets{m_assignment, targetlib, icon_ok};
     AssignmentFlow m_flow{this, link(), bodytypes, m_assignment};
-    TargetSearchPanel m_search;
     SearchFlow m_searchFlow{this, m_search, m_targets, m_questions, *targetlib};
 };

@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <QPointer>
+#include <QStringList>
 
 #include <functional>
 #include <initializer_list>
@@ -17,6 +18,19 @@ inline bool runSteps(QObject *owner, std::initializer_list<std::function<void()>
         if (!guard)
             return false;
         step();
+    }
+    return guard;
+}
+
+/** Runs a step for each name, in the order given and as runSteps() does. */
+inline bool runForEach(QObject *owner, const QStringList &names,
+                       const std::function<void(const QString &)> &step)
+{
+    const QPointer<QObject> guard(owner);
+    for (const QString &name : names) {
+        if (!guard)
+            return false;
+        step(name);
     }
     return guard;
 }

@@ -8,7 +8,7 @@ cd "$2"
 status=0
 for form in "$source_dir"/forms/*.ui; do
     header="ui_$(basename "$form" .ui).h"
-    if ! ninja -t query "$form" | grep -q "/$header\$"; then
+    if ! grep -q "/$header\$" <<<"$(ninja -t query "$form")"; then
         echo "$header is not built from $form" >&2
         status=1
     fi
