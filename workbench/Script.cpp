@@ -22,6 +22,10 @@ bool takeHead(Script *script, const QStringList &words)
         script->telling << words.last();
     else if (words.first() == QLatin1String("latency"))
         script->latencyMs = words.last().toInt();
+    else if (words.first() == QLatin1String("language"))
+        script->language = words.last();
+    else if (words == QStringList{QStringLiteral("palette"), QStringLiteral("dark")})
+        script->isDark = true;
     else if (words == QStringList{QStringLiteral("home"), QStringLiteral("unwritable")})
         script->unwritableHome = true;
     else

@@ -12,8 +12,9 @@
  *
  * Lines before the first action may name the scenario ("scenario NAME"), say in sentences what a
  * person should try ("tell TEXT"), give each operation a duration that a person feels ("latency
- * MS") and make the preferences' folder unwritable ("home unwritable"). Actions before a line
- * "begin" set the stage: they are carried out before a person takes over.
+ * MS"), make the preferences' folder unwritable ("home unwritable"), and show the module in another
+ * language ("language de") or in dark colours ("palette dark"). Actions before a line "begin" set
+ * the stage: they are carried out before a person takes over.
  */
 struct Script {
     struct Line {
@@ -26,6 +27,8 @@ struct Script {
     QStringList telling; ///< what a person should try
     int latencyMs = 0;   ///< only where a person watches
     bool unwritableHome = false;
+    QString language; ///< of the module's texts, for example "de"; empty: English
+    bool isDark = false;
     QVector<Line> setup;
     QVector<Line> lines;
 

@@ -9,6 +9,7 @@
 #include "WorkbenchSession.h"
 #include "WorkbenchTime.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QDir>
 
@@ -217,6 +218,14 @@ QString setMark(ScriptContext &context, const QStringList &)
     return QString();
 }
 
+/** Lets the layouts follow what the tables were filled with, without acting on anything else. */
+void settleLayouts(QWidget *window)
+{
+    for (QAbstractItemView *table : window->findChildren<QAbstractItemView *>())
+        QCoreApplication::sendPostedEvents(table, QEvent::MetaCall);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+}
+
 QString takePicture(ScriptContext &context, const QStringList &arguments)
 {
     const WorkbenchTime own;
@@ -231,7 +240,9 @@ QString takePicture(ScriptContext &context, const QStringList &arguments)
     }
     const QString file =
             QDir(context.pictureDir).filePath(arguments.at(0) + QStringLiteral(".png"));
-    return (window ? window : context.window)->grab().save(file)
+    window = window ? window : context.window;
+    settleLayouts(window);
+    return window->grab().save(file)
                    ? QString()
                    : QStringLiteral("expected to write %1, found it impossible").arg(file);
 }

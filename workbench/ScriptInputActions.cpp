@@ -277,18 +277,42 @@ QString answerBox(ScriptContext &, const QStringList &arguments)
             .arg(arguments.at(2), buttons.join(QStringLiteral(", ")));
 }
 
-QString resizeWindow(ScriptContext &context, const QStringList &arguments)
+/** Reads a size into *size; answers what is wrong with it. */
+QString readSize(const QStringList &arguments, QSize *size)
 {
-    QWidget *modal = WidgetFinder::modalWindow();
-    QWidget *window = modal ? modal : context.window;
     bool isWidth = false;
     bool isHeight = false;
-    const QSize size(arguments.at(0).toInt(&isWidth), arguments.at(1).toInt(&isHeight));
-    if (!isWidth || !isHeight || size.isEmpty())
-        return QStringLiteral("expected a width and a height in pixels, found %1 %2")
-                .arg(arguments.at(0), arguments.at(1));
-    window->resize(size);
-    return QString();
+    *size = QSize(arguments.at(0).toInt(&isWidth), arguments.at(1).toInt(&isHeight));
+    if (isWidth && isHeight && !size->isEmpty())
+        return QString();
+    return QStringLiteral("expected a width and a height in pixels, found %1 %2")
+            .arg(arguments.at(0), arguments.at(1));
+}
+
+QWidget *openWindow(const ScriptContext &context)
+{
+    QWidget *modal = WidgetFinder::modalWindow();
+    return modal ? modal : context.window;
+}
+
+QString resizeWindow(ScriptContext &context, const QStringList &arguments)
+{
+    QSize size;
+    const QString problem = readSize(arguments, &size);
+    if (problem.isEmpty())
+        openWindow(context)->resize(size);
+    return problem;
+}
+
+/** The size with which a window opens on a screen that has this room for it. */
+QString fitWindow(ScriptContext &context, const QStringList &arguments)
+{
+    QSize room;
+    const QString problem = readSize(arguments, &room);
+    QWidget *window = openWindow(context);
+    if (problem.isEmpty())
+        window->resize(window->sizeHint().boundedTo(room));
+    return problem;
 }
 
 } // namespace
@@ -309,6 +333,7 @@ QVector<ScriptCommand> ScriptCommands::inputActions()
             {"check", 3, 3, "TABLE ROW COLUMN", toggleCell},
             {"page", 2, 2, "TABWIDGET TITLE", showPage},
             {"resize", 2, 2, "WIDTH HEIGHT", resizeWindow},
+            {"fit", 2, 2, "WIDTH HEIGHT", fitWindow},
             {"answer", 3, 3, "TITLE TEXT BUTTON", answerBox},
     };
 }

@@ -1,5 +1,6 @@
 #include "WorkbenchProgram.h"
 
+#include "Dress.h"
 #include "JUnitReport.h"
 #include "MainWindow.h"
 #include "MessageLogDock.h"
@@ -67,7 +68,8 @@ int WorkbenchProgram::run()
         m_watchdog->watch(QStringLiteral("the start"));
     }
     if (!loadScript(&error) || !prepareHome(&error) || !createSession(&error)
-        || !startRecording(&error) || !openWindows(&error) || !setTheStage(&error)) {
+        || !startRecording(&error) || !dress(&error) || !openWindows(&error)
+        || !setTheStage(&error)) {
         complain(error);
         return statusUnusable;
     }
@@ -246,6 +248,15 @@ bool WorkbenchProgram::createSession(QString *error)
         }
     }
     return true;
+}
+
+bool WorkbenchProgram::dress(QString *error)
+{
+    m_dress = std::make_unique<Dress>();
+    if (m_script.isDark)
+        m_dress->darken();
+    return m_script.language.isEmpty()
+           || m_dress->translate(m_script.language, pluginFile(), error);
 }
 
 bool WorkbenchProgram::openWindows(QString *error)

@@ -9,6 +9,7 @@
 
 #include <memory>
 
+class Dress;
 class MainWindow;
 class QTemporaryDir;
 class Recorder;
@@ -40,6 +41,7 @@ private:
     bool loadScenario(Scenario *scenario, QString *error) const;
     bool createSession(QString *error);
     bool startRecording(QString *error);
+    bool dress(QString *error);
     bool openWindows(QString *error);
     bool setTheStage(QString *error);
 
@@ -58,7 +60,8 @@ private:
 
     WorkbenchOptions m_options;
     Script m_script;
-    QStringList m_rules; ///< fault rules of the scenario and of the command line
+    std::unique_ptr<Dress> m_dress; ///< outlives the windows that wear it
+    QStringList m_rules;            ///< fault rules of the scenario and of the command line
     std::unique_ptr<QTemporaryDir> m_home;
     std::unique_ptr<WorkbenchSession> m_session;
     std::unique_ptr<Recorder> m_recorder;

@@ -1,26 +1,41 @@
 #!/bin/bash
-# Takes the pictures of the guide from the tour: plays it in a folder of its own and copies the
-# steps that the pages show.
+# Takes the pictures of the guide, of the README and of the page about the workbench from the tour:
+# plays it in a folder of its own and copies the steps that the pages show, in few colours.
+# Needs the package optipng.
 set -euo pipefail
 here=$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")
 tour=$(mktemp -d)
 trap 'rm -rf "$tour"' EXIT
 
+command -v optipng >/dev/null || { echo "Install the package optipng first." >&2; exit 2; }
 "$here/../../run" --tour "$tour"
 
-# The picture of a page, and the step of the tour that it shows.
-while read -r picture step; do
-    cp "$tour/$step.png" "$here/pictures/en-$picture.png"
+# take STEP FILE: the picture of a step becomes the picture of a page.
+take() {
+    cp "$tour/$1.png" "$here/../$2.png"
+    optipng -quiet -strip all -o4 "$here/../$2.png"
+}
+
+# The picture of a page of the guide, and the steps that it shows in English and in German.
+while read -r picture english german; do
+    take "$english" "guide/pictures/en-$picture"
+    take "$german" "guide/pictures/de-$picture"
 done <<'STEPS'
-bodies       01-body-administration
-found        05-found
-question     06-question
-renamed      02-renamed
-moved        10-moved
-reset        08-reset
-delete       09-delete
-calibration  14-calibration
-filter       full-6-filter-custom
-markers      16-single-markers
-angles       18-fixed-angles
+bodies       01-body-administration  german-01-body-administration
+found        05-found                german-03-found
+question     06-question             german-04-question
+renamed      02-renamed              german-02-renamed
+moved        10-moved                german-07-moved
+reset        08-reset                german-05-reset
+delete       09-delete               german-06-delete
+calibration  14-to-calibrate         german-11-to-calibrate
+filter       full-6-filter-custom    german-12-filter
+markers      17-single-markers       german-13-single-markers
+angles       19-fixed-angles         german-14-fixed-angles
 STEPS
+
+take 05-found pictures/body-administration
+take 04-searching pictures/workbench-search
+take 15-calibration pictures/workbench-substitute
+take 22-host pictures/workbench-host
+take 23-controller pictures/workbench-controller

@@ -63,6 +63,8 @@ void tst_Script::headSetupAndLines()
                            "tell \"Second.\"\n"
                            "latency 70\n"
                            "home unwritable\n"
+                           "language de\n"
+                           "palette dark\n"
                            "\n"
                            "fault \"* fail\"\n"
                            "begin\n"
@@ -75,11 +77,13 @@ void tst_Script::headSetupAndLines()
     QCOMPARE(script.telling, QStringList({"First.", "Second."}));
     QCOMPARE(script.latencyMs, 70);
     QVERIFY(script.unwritableHome);
+    QCOMPARE(script.language, QStringLiteral("de"));
+    QVERIFY(script.isDark);
     QCOMPARE(script.setup.size(), 1);
-    QCOMPARE(script.setup.first().number, 8);
+    QCOMPARE(script.setup.first().number, 10);
     QCOMPARE(script.lines.size(), 2);
     QCOMPARE(script.lines.at(0).words, QStringList({"menu", "Entry"}));
-    QCOMPARE(script.lines.at(1).number, 12);
+    QCOMPARE(script.lines.at(1).number, 14);
 }
 
 void tst_Script::headEndsWithTheFirstAction()

@@ -24,6 +24,7 @@ private slots:
     void cleanup();
     void menusComeFromTheModule();
     void measurementDisablesEntries();
+    void fitGivesTheOpeningSize();
     void configurationReachesTheModule();
     void succeeds();
     void fails_data();
@@ -122,6 +123,22 @@ void tst_ScriptRunner::measurementDisablesEntries()
              QString());
 }
 
+void tst_ScriptRunner::fitGivesTheOpeningSize()
+{
+    QCOMPARE(run("menu \"Body administration\"\n"
+                 "fit 900 500\n"
+                 "screenshot bounded\n"
+                 "fit 5000 4000\n"
+                 "screenshot whole\n"
+                 "click pushButton_exit\n"),
+             QString());
+    const QSize bounded = QImage(m_home->filePath(QStringLiteral("bounded.png"))).size();
+    const QSize whole = QImage(m_home->filePath(QStringLiteral("whole.png"))).size();
+    QCOMPARE(bounded, QSize(900, 500));
+    QVERIFY(whole.width() > bounded.width() && whole.width() < 5000);
+    QVERIFY(whole.height() > bounded.height() && whole.height() < 4000);
+}
+
 void tst_ScriptRunner::configurationReachesTheModule()
 {
     m_session->edit([](ControllerState &state) { state.standardFilter = false; });
@@ -163,6 +180,10 @@ void inputRows()
                                 << "s:1: expected a menu entry \"Nothing\", found ";
     QTest::newRow("key") << QByteArray("key Nokey\n")
                          << "s:1: expected a key such as F8, found \"Nokey\"";
+    QTest::newRow("size") << QByteArray("resize 0 400\n")
+                          << "s:1: expected a width and a height in pixels, found 0 400";
+    QTest::newRow("room") << QByteArray("fit wide 400\n")
+                          << "s:1: expected a width and a height in pixels, found wide 400";
     QTest::newRow("no widget") << opened + "click nothing\n"
                                << "s:3: expected a visible widget \"nothing\", found none in the "
                                   "window \"Body Administration\"";

@@ -22,6 +22,8 @@ private slots:
     void noDisplay();
     void deadDisplay();
     void tour();
+    void tourShowsWhatItSays_data();
+    void tourShowsWhatItSays();
     void tourIsTheSameTwice();
     void walks_data();
     void walks();
@@ -154,6 +156,8 @@ void tst_WorkbenchProgram::unusableInput_data()
                                        << "workbench: nothing: the recording cannot be read: ";
     QTest::newRow("recordings missing") << QStringList{"transcript-diff", "a", "b"}
                                         << "workbench: a: the recording cannot be read: ";
+    QTest::newRow("language") << QStringList{"--headless", "--script", "foreign.script"}
+                              << "workbench: language xx: expected the translation ";
     QTest::newRow("tour folder") << QStringList{"--tour", "empty.script/tour"}
                                  << "workbench: empty.script/tour: the folder cannot be created";
 }
@@ -164,6 +168,7 @@ void tst_WorkbenchProgram::unusableInput()
     QFETCH(QString, message);
     write(QStringLiteral("empty.script"), "# nothing to do\n");
     write(QStringLiteral("wrong.script"), "jump\n");
+    write(QStringLiteral("foreign.script"), "language xx\n");
     write(QStringLiteral("syntax.json"), "{\n  \"state\": {,}\n}\n");
     write(QStringLiteral("value.json"), "{\"state\": {\"protocol\": 7}}\n");
     const Outcome outcome = run(arguments);
@@ -215,6 +220,36 @@ void tst_WorkbenchProgram::tour()
     const QByteArray stalls = read(QStringLiteral("out/stalls.txt"));
     QVERIFY2(stalls.contains(" operations, ") && stalls.contains("menu Body administration"),
              stalls.constData());
+}
+
+void tst_WorkbenchProgram::tourShowsWhatItSays_data()
+{
+    QTest::addColumn<QString>("part");
+    QTest::addColumn<bool>("isSmall");
+    QTest::addColumn<bool>("isDark");
+    QTest::newRow("standard") << "tour" << false << false;
+    QTest::newRow("dark") << "tour-dark" << false << true;
+    QTest::newRow("small screen") << "tour-small" << true << false;
+    QTest::newRow("German") << "tour-german" << false << false;
+}
+
+/** A picture of each part has the size and the colours of its screen; one after another. */
+void tst_WorkbenchProgram::tourShowsWhatItSays()
+{
+    QFETCH(QString, part);
+    QFETCH(bool, isSmall);
+    QFETCH(bool, isDark);
+    const QString script = QStringLiteral(TRACKING_SCENARIO_DIR "/%1.script").arg(part);
+    const Outcome outcome = run({"--headless", "--script", script});
+    QCOMPARE(outcome.err, QString());
+    QCOMPARE(outcome.status, 0);
+    const QStringList pictures =
+            QDir(m_dir->path()).entryList({QStringLiteral("*1-*.png")}, QDir::Files, QDir::Name);
+    QVERIFY(!pictures.isEmpty());
+    const QImage picture(m_dir->filePath(pictures.first()));
+    const QSize smallScreen(1024, 768);
+    QCOMPARE(picture.size().boundedTo(smallScreen) == picture.size(), isSmall);
+    QCOMPARE(qGray(picture.pixel(3, 3)) < 128, isDark);
 }
 
 void tst_WorkbenchProgram::tourIsTheSameTwice()
