@@ -1,19 +1,23 @@
 #!/bin/bash
 # Takes the pictures of the guide, of the README and of the page about the workbench from the tour:
 # plays it in a folder of its own and copies the steps that the pages show, in few colours.
-# Needs the package optipng.
 set -euo pipefail
 here=$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")
 tour=$(mktemp -d)
 trap 'rm -rf "$tour"' EXIT
 
-command -v optipng >/dev/null || { echo "Install the package optipng first." >&2; exit 2; }
+"$here/../../cmake/install-packages.sh" pictures
 "$here/../../run" --tour "$tour"
 
 # take STEP FILE: the picture of a step becomes the picture of a page.
 take() {
-    cp "$tour/$1.png" "$here/../$2.png"
-    optipng -quiet -strip all -o4 "$here/../$2.png"
+    /usr/bin/python3 - "$tour/$1.png" "$here/../$2.png" <<'PALETTE'
+import sys
+from PIL import Image
+picture = Image.open(sys.argv[1]).convert("RGB")
+few = picture.quantize(256, method=Image.Quantize.MEDIANCUT, dither=Image.Dither.NONE)
+few.save(sys.argv[2], optimize=True)
+PALETTE
 }
 
 # The picture of a page of the guide, and the steps that it shows in English and in German.

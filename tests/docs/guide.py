@@ -4,6 +4,7 @@
 What a page sets in bold is read on the screen: in the forms and translated literals on the English
 pages, in the German catalogue on the German ones. What it sets as code is a line of the message
 log, or how one begins. Quotation marks would hide a text from this check and are not used.
+Pictures are in the language of the page, and steps of the tour.
 """
 
 import re
@@ -84,6 +85,29 @@ def problems_of(page, texts, log_lines):
     for picture in re.findall(r"!\[[^\]]*\]\(([^)]*)\)", page.read_text(encoding="utf-8")):
         if not (page.parent / picture).exists():
             yield f"no picture {picture}"
+        if not picture.startswith(f"../pictures/{page.parent.name}-"):
+            yield f"not in the language of the page: {picture}"
+
+
+def problems_of_pictures():
+    """What the script that takes the pictures has to do with the tour and the files."""
+    script = (GUIDE / "make-pictures.sh").read_text(encoding="utf-8")
+    tour = "".join(
+        path.read_text(encoding="utf-8")
+        for path in sorted((screentexts.PROJECT / "scenarios").glob("tour*.script"))
+    )
+    shown = set(re.findall(r"^ *screenshot (\S+)", tour, re.M))
+    rows = re.findall(r"^(\w+) +(\S+) +(german-\S+)$", script, re.M)
+    steps = [step for row in rows for step in row[1:]]
+    steps += re.findall(r"^take (\w\S*) pictures/", script, re.M)
+    if not rows:
+        yield "make-pictures.sh: no pictures"
+    for step in steps:
+        if step not in shown:
+            yield f"make-pictures.sh: the tour takes no picture {step}"
+    taken = {f"{language}-{row[0]}.png" for row in rows for language in BUTTONS}
+    for picture in taken ^ {path.name for path in (GUIDE / "pictures").glob("*.png")}:
+        yield f"make-pictures.sh or pictures/: {picture} is missing in one of them"
 
 
 def is_beginning(start):
@@ -102,6 +126,7 @@ def problems():
         for page in pages:
             for problem in problems_of(page, texts, log_lines):
                 yield f"docs/guide/{language}/{page.name}: {problem}"
+    yield from problems_of_pictures()
     for name in names["en"] ^ names["de"]:
         yield f"docs/guide: {name} is missing in one language"
     for name in names["en"]:
