@@ -159,7 +159,10 @@ public:
     void deleteBodyAndUpdateTlCalibratedOfTarget(const QString &type, int index);
     /** Reads which of the listed targets are in use and shows it. */
     void updateCalStatusTablewidgetTl(const QString &type);
-    /** Shows the operator how many targets were found; the tab may be gone afterwards. */
+    /**
+     * Shows the operator how many targets were found; the tab may be gone afterwards. Kept for
+     * other tabs: a search shows it with its end.
+     */
     void showMessageFoundTargets_tl(int count) { m_questions.showFoundTargets(count); }
     /** Asks whether a named body may be overwritten; true without asking for one without name. */
     bool overwriteBodyCalibration(const QString &name) { return m_flow.confirmOverwrite(name); }

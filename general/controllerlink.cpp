@@ -168,12 +168,6 @@ std::optional<bool> ControllerLink::flag(const char *format, ...) const
     return done ? std::optional<bool>(value) : std::nullopt;
 }
 
-bool ControllerLink::isYes(const char *format, ...) const
-{
-    LINE_OF(format);
-    return !line.isEmpty() && text("%s", line.constData()) == QLatin1String("yes");
-}
-
 bool ControllerLink::set(const char *format, ...) const
 {
     LINE_OF(format);

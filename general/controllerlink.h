@@ -56,9 +56,6 @@ public:
     /** The answer as yes or no; nothing when the query failed. */
     std::optional<bool> flag(const char *format, ...) const __attribute__((format(printf, 2, 3)));
 
-    /** True when the query succeeded with exactly "yes". */
-    bool isYes(const char *format, ...) const __attribute__((format(printf, 2, 3)));
-
     /** Sets a parameter; false when it was refused. */
     bool set(const char *format, ...) const __attribute__((format(printf, 2, 3)));
     /** Sends an action command; true only on the exact answer "morvek2 ok". */

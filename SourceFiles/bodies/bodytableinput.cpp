@@ -43,8 +43,6 @@ void BodyTableInput::watchSpinBox(QSpinBox *spinBox)
 {
     // A count that is being typed must not drop bodies with every digit.
     spinBox->setKeyboardTracking(false);
-    // Nor may a wheel that happens to turn above it.
-    spinBox->setFocusPolicy(Qt::StrongFocus);
     spinBox->installEventFilter(this);
 }
 
@@ -249,15 +247,11 @@ void BodyTableInput::spinBoxChanged(QObject *sender)
     });
 }
 
-// Keys and the wheel
+// Keys
 
 bool BodyTableInput::eventFilter(QObject *watched, QEvent *event)
 {
     auto *spinBox = qobject_cast<QSpinBox *>(watched);
-    if (spinBox && event->type() == QEvent::Wheel && !spinBox->hasFocus()) {
-        event->ignore();
-        return true;
-    }
     if (spinBox && event->type() == QEvent::KeyPress
         && discardsCount(spinBox, static_cast<QKeyEvent *>(event)->key()))
         return true;

@@ -15,7 +15,8 @@ class QTimer;
 
 /**
  * The target table and the search of a tab, and the operations on them that need no body, under the
- * names by which the tabs and the dialog know them. A base of the tab, beside the records.
+ * names by which the tabs and the dialog know them. A base of the tab, beside the records. Those
+ * that are kept for other tabs are not called here: the search works on the panels themselves.
  */
 class TargetOperations {
 public:
@@ -31,27 +32,27 @@ public:
     void updateTlCalibratedOfTarget(const QString &targetId) { assignment().refreshUsed(targetId); }
     /** updateTlCalibratedOfTarget() for each identifier. Kept for other tabs. */
     void updateTlCalibratedOfTargets(const QStringList &ids) { assignment().refreshUsed(ids); }
-    /** Asks the controller which targets of the type the cameras see. */
+    /** Asks the controller which targets of the type the cameras see. Kept for other tabs. */
     void updateTlTrackedStatus(const QString &type) { m_targets.refreshTracked(type); }
-    /** Marks the listed targets that the cameras see and counts them. */
+    /** Marks the listed targets that the cameras see and counts them. Kept for other tabs. */
     void do_updateTrackedAndAcceptStatus_tl(QTableWidget *table, int &tracked, int &calibrated)
     {
         m_targets.refreshTrackedRows(table, &tracked, &calibrated);
     }
     /** Stops polling the search and the tracked states. */
     void stopAllTimer() { m_search.stopTimers(); }
-    /** Asks the controller which targets of the tab's type are seen, and counts them. */
+    /** Asks which targets of the tab's type are seen, and counts them. Kept for other tabs. */
     int getTrackedTargets() { return m_search.countTracked(*targetlib); }
 
-    /** Enables select by the target table alone. */
+    /** Enables select by the target table alone. Kept for other tabs. */
     void activate_pushButton_start() { m_search.applyStartRule(); }
-    /** The same rule as activate_pushButton_deselect(). */
+    /** The same rule as activate_pushButton_deselect(). Kept for other tabs. */
     void activate_pushButton_stop() { m_search.applyDeselectRule(); }
     /** Enables select while a body and a target are current and no search runs. */
     void activate_pushButton_select() { m_search.applySelectRule(); }
     /** Enables deselect by what the current body's row shows, while no search runs. */
     void activate_pushButton_deselect() { m_search.applyDeselectRule(); }
-    /** Enables the controls that a running search locks. */
+    /** Enables the controls that a running search locks. Kept for other tabs. */
     void enableControls(bool enable) { m_search.setControlsEnabled(enable); }
 
     /** The body type that the tab's page is about. */
@@ -84,7 +85,7 @@ protected:
     }
     /** The categories of the tab's targets, for its category filter. */
     void update_comboBox_filter() { m_targets.fillCategories(); }
-    /** Makes the category of exactly that name current; none when it is not there. */
+    /** Makes the category of exactly that name current, or none. Kept for other tabs. */
     void set_comboBox_filter_to(const QString &group) { m_targets.selectCategory(group); }
     /** The category shown; null in a tab without categories. */
     QString currentGroup() const { return m_targets.category(); }

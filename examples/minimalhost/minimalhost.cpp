@@ -26,6 +26,26 @@ void walk(const QList<_GuiElement *> &elements)
     }
 }
 
+/** Gives the module the host's objects; it keeps the pointers until it has ended. */
+void introduce(ModuleInterface *module, IOManager *io, QWidget *window, BackendVersions *versions)
+{
+    module->set_param(QStringLiteral("CommandManager"), QVariant::fromValue<IOManager *>(io));
+    module->set_param(QStringLiteral("ModuleParent"), QVariant::fromValue<QWidget *>(window));
+    module->set_param(QStringLiteral("BackendVersions"), QVariant::fromValue(versions));
+    module->set_param(QStringLiteral("ObserverMode"), false);
+}
+
+/** Puts the module's entries into the menu it names. */
+void showMenu(QMainWindow *window, const QList<_GuiElement *> &elements, QTextStream &out)
+{
+    QMenu *menu = window->menuBar()->addMenu(elements.first()->menu_name);
+    for (const _GuiElement *element : elements) {
+        menu->addAction(element->menu_entry);
+        out << element->menu_name << " / " << element->menu_entry->text() << '\n';
+    }
+    window->show();
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -54,21 +74,12 @@ int main(int argc, char *argv[])
         out << PLUGIN_FILE << ": no module for this host. " << loader.errorString() << '\n';
         return EXIT_FAILURE;
     }
-    module->set_param(QStringLiteral("CommandManager"), QVariant::fromValue<IOManager *>(&io));
-    module->set_param(QStringLiteral("ModuleParent"), QVariant::fromValue<QWidget *>(&window));
-    module->set_param(QStringLiteral("BackendVersions"), QVariant::fromValue(&versions));
-    module->set_param(QStringLiteral("ObserverMode"), false);
-    const QList<_GuiElement *> elements = module->get_gui_elements();
-
+    introduce(module, &io, &window, &versions);
     out << module->get_module_name() << ' ' << module->get_module_version() << '\n';
-    QMenu *menu = window.menuBar()->addMenu(elements.first()->menu_name);
-    for (const _GuiElement *element : elements) {
-        menu->addAction(element->menu_entry);
-        out << element->menu_name << " / " << element->menu_entry->text() << '\n';
-    }
+    const QList<_GuiElement *> elements = module->get_gui_elements();
+    showMenu(&window, elements, out);
 
     int status = EXIT_SUCCESS;
-    window.show();
     if (QCoreApplication::arguments().contains(QStringLiteral("--walk")))
         walk(elements);
     else
