@@ -61,7 +61,7 @@ private slots:
 
 private:
     void fitColumns();
-    /** A body as the controller tells it. */
+    /** A body as the controller answers. */
     struct Body {
         std::optional<QString> name; ///< nothing when it cannot be read
         bool isCalibrated = false;

@@ -104,7 +104,7 @@ int main(int argc, char **argv)
     BodySettingsDlg dialog(&io, nullptr, &versions, moduleVersion());
     bool isSaved = true;
     if (!arguments.picture.isEmpty()) {
-        // The timer fires in the loop of exec(), when the dialog stands on the screen.
+        // The timer fires in the loop of exec(), when the dialog is on the screen.
         QTimer::singleShot(0, &dialog, [&] {
             isSaved = dialog.grab().save(arguments.picture);
             dialog.saveBodySettings();

@@ -71,12 +71,12 @@ bool matches(const QList<QByteArray> &pattern, const QList<QByteArray> &words,
             taken = words.size() - at - (pattern.size() - i - 1);
         if (!areWords(words, at, taken))
             return false;
-        const bool stands =
+        const bool isArgument =
                 expected == "SENSOR" || isPlaceholder(expected)
                 || (isNumberPlaceholder(expected) && isNumbered(words.at(at), expected.at(0)));
-        if (!stands && expected != words.at(at))
+        if (!isArgument && expected != words.at(at))
             return false;
-        if (stands)
+        if (isArgument)
             *arguments << joined(words, at, taken);
         at += taken;
     }

@@ -16,7 +16,7 @@ struct Level {
     int index = 0; ///< of an array: the element being read
 };
 
-/** The string whose opening quote stands at *position, which is left at the closing one. */
+/** The string whose opening quote is at *position, which is left at the closing one. */
 QString readString(const QByteArray &json, int *position)
 {
     const int begin = *position;

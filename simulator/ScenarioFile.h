@@ -21,9 +21,9 @@ namespace ScenarioFile {
 /** False with *error ("file: key path: what was expected") when the file cannot be used. */
 bool load(const QString &path, Scenario *scenario, QString *error);
 /**
- * As load(), from bytes; `name` stands for the file in errors. The JSON object has the keys name,
+ * As load(), from bytes; `name` is what errors call the file. The JSON object has the keys name,
  * description, faults and state; state has the names of ControllerState's members. A missing key
- * stands for the member's default; what a body does not say of its filter comes from its preset.
+ * leaves the member at its default; what a body does not say of its filter comes from its preset.
  */
 bool parse(const QByteArray &json, const QString &name, Scenario *scenario, QString *error);
 /** The whole state as JSON; parse() of it under the key state gives the same state back. */

@@ -180,7 +180,7 @@ QVector<CommandEntry> systemCommands()
              "makes an active, calibrated standard body the reference", "BodyCommands",
              setReference},
             {Access::Get, "tracking auto_restart", 0, 14, false,
-             "measuring goes on by itself after the sync signal was lost", "MarkerSettings",
+             "measuring goes on automatically after the sync signal was lost", "MarkerSettings",
              autoRestart},
             {Access::Set, "tracking auto_restart VALUE", 0, 14, true,
              "switches the automatic restart", "MarkerSettings", setAutoRestart},

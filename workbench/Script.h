@@ -7,8 +7,8 @@
 
 /**
  * A list of actions and expectations, one a line. Words are separated by blanks; a word with blanks
- * stands in double quotes, in which \" and \\ and \n are the usual escapes. A line that begins with
- * # is a comment; empty lines are ignored.
+ * is written in double quotes, in which \" and \\ and \n are the usual escapes. A line that begins
+ * with # is a comment; empty lines are ignored.
  *
  * Lines before the first action may name the scenario ("scenario NAME"), say in sentences what a
  * person should try ("tell TEXT"), give each operation a duration that a person feels ("latency

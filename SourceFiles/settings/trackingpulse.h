@@ -24,7 +24,7 @@ public:
 
     /** Where the frequency comes from; Unknown when the query failed or has another answer. */
     Source source() const;
-    /** The frequency in force in Hz; a usual one where the controller does not tell it. */
+    /** The frequency in force in Hz; a usual one where the controller gives none. */
     double frequencyHz() const;
     /** The sensors that a body carries, in the controller's order. */
     QVector<Sensor> sensors() const;

@@ -160,7 +160,7 @@ void tst_TargetAssignment::goesOnAfterFailures_data()
     QTest::addColumn<QStringList>("lines");
     const QString unreadable = QStringLiteral("Unable to get info targetlib ID of body");
     const QString markers = QStringLiteral("Unable to reset markers of target standard 02");
-    // The second word stands twice on purpose.
+    // The second word is there twice on purpose.
     const QString name = QStringLiteral("Unable to reset description of target standard standard");
     QStringList all = namesAsked({1, 2, 3});
     all.insert(2, "body number_of_marker standard b02 0");
