@@ -13,6 +13,8 @@ function(add_forms target)
             COMMENT "Making ui_${form}.h"
             VERBATIM)
         list(APPEND headers "${header}")
+        # A folder that was built with CMAKE_AUTOUIC has an old header where compilers look first.
+        file(REMOVE "${CMAKE_CURRENT_BINARY_DIR}/${target}_autogen/include/ui_${form}.h")
     endforeach()
     set_source_files_properties(${headers} PROPERTIES SKIP_AUTOGEN ON)
     target_sources(${target} PRIVATE ${headers})
