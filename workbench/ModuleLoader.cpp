@@ -60,7 +60,8 @@ bool ModuleLoader::load(const QString &file, IOManager *io, BackendVersions *ver
         *error = QStringLiteral("%1: the plug-in file does not exist").arg(file);
         return false;
     }
-    m_loader.setFileName(file);
+    // A relative path would be looked for in the toolkit's own folders of plug-ins.
+    m_loader.setFileName(QFileInfo(file).absoluteFilePath());
     const QString problem = metadataProblem();
     if (!problem.isEmpty()) {
         *error = QStringLiteral("%1: %2").arg(file, problem);

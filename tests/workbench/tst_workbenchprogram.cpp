@@ -22,13 +22,12 @@ private slots:
     void noDisplay();
     void deadDisplay();
     void tour();
-    void tourShowsWhatItSays_data();
-    void tourShowsWhatItSays();
     void tourIsTheSameTwice();
     void walks_data();
     void walks();
     void demonstrations_data();
     void demonstrations();
+    void pluginBesideTheCaller();
     void failingScript();
     void scriptThatHangs();
     void faultsFromTheCommandLine();
@@ -220,36 +219,15 @@ void tst_WorkbenchProgram::tour()
     const QByteArray stalls = read(QStringLiteral("out/stalls.txt"));
     QVERIFY2(stalls.contains(" operations, ") && stalls.contains("menu Body administration"),
              stalls.constData());
-}
-
-void tst_WorkbenchProgram::tourShowsWhatItSays_data()
-{
-    QTest::addColumn<QString>("part");
-    QTest::addColumn<bool>("isSmall");
-    QTest::addColumn<bool>("isDark");
-    QTest::newRow("standard") << "tour" << false << false;
-    QTest::newRow("dark") << "tour-dark" << false << true;
-    QTest::newRow("small screen") << "tour-small" << true << false;
-    QTest::newRow("German") << "tour-german" << false << false;
-}
-
-/** A picture of each part has the size and the colours of its screen; one after another. */
-void tst_WorkbenchProgram::tourShowsWhatItSays()
-{
-    QFETCH(QString, part);
-    QFETCH(bool, isSmall);
-    QFETCH(bool, isDark);
-    const QString script = QStringLiteral(TRACKING_SCENARIO_DIR "/%1.script").arg(part);
-    const Outcome outcome = run({"--headless", "--script", script});
-    QCOMPARE(outcome.err, QString());
-    QCOMPARE(outcome.status, 0);
-    const QStringList pictures =
-            QDir(m_dir->path()).entryList({QStringLiteral("*1-*.png")}, QDir::Files, QDir::Name);
-    QVERIFY(!pictures.isEmpty());
-    const QImage picture(m_dir->filePath(pictures.first()));
-    const QSize smallScreen(1024, 768);
-    QCOMPARE(picture.size().boundedTo(smallScreen) == picture.size(), isSmall);
-    QCOMPARE(qGray(picture.pixel(3, 3)) < 128, isDark);
+    const QImage dark(out.filePath(QStringLiteral("dark-1-standard.png")));
+    QVERIFY(qGray(dark.pixel(3, 3)) < 128);
+    const QImage light(out.filePath(QStringLiteral("01-body-administration.png")));
+    QVERIFY(qGray(light.pixel(3, 3)) > 128);
+    QCOMPARE(light.size(), dark.size());
+    const QImage small(out.filePath(QStringLiteral("small-1-standard.png")));
+    QVERIFY(small.width() <= 1024 && small.height() <= 768);
+    QVERIFY(light.width() > small.width());
+    QVERIFY(out.exists(QStringLiteral("german-01-body-administration.png")));
 }
 
 void tst_WorkbenchProgram::tourIsTheSameTwice()
@@ -316,6 +294,16 @@ void tst_WorkbenchProgram::demonstrations()
     const Outcome disturbed = run({"--demo", name, "--headless", "--fault", "set * fail"}, false);
     QCOMPARE(disturbed.status, 1);
     QVERIFY2(disturbed.err.contains(name + QStringLiteral(".script:")), qPrintable(disturbed.err));
+}
+
+void tst_WorkbenchProgram::pluginBesideTheCaller()
+{
+    write(QStringLiteral("s.script"), renameScript);
+    const QDir caller(m_dir->path());
+    const QString plugin = caller.relativeFilePath(QStringLiteral(MODULE_PLUGIN));
+    const Outcome outcome = run({"--headless", "--script", "s.script", "--plugin", plugin});
+    QCOMPARE(outcome.err, QString());
+    QCOMPARE(outcome.status, 0);
 }
 
 void tst_WorkbenchProgram::failingScript()
