@@ -1,4 +1,5 @@
-"""Renames a body, switches it off and changes its filter, through the accessibility bus alone.
+"""Renames a body, switches it off and changes its filter, through the accessibility bus alone; a
+refused name is announced there.
 
 Usage: drive_bodies.py WORKBENCH RECORDING
 """
@@ -16,7 +17,9 @@ from gi.repository import GLib
 PATIENCE_S = 60
 LOOK_EVERY_S = 0.1
 
+REFUSED = "set body desc standard b02* refuse"
 WRITES = [
+    'body desc standard b02 "Visor"',
     'body desc standard b01 "Left arm"',
     "body active standard b01 no",
     "body filter6d_enabled standard b01 no",
@@ -141,6 +144,23 @@ class Focus:
         return self.source if is_editor else None
 
 
+class Alerts:
+    """The names of the alerts that came into view."""
+
+    def __init__(self):
+        self.names = []
+        pyatspi.Registry.registerEventListener(self.changed, "object:state-changed:showing")
+
+    def changed(self, event):
+        if event.detail1 and event.source.getRole() == pyatspi.ROLE_ALERT:
+            self.names.append(event.source.name)
+
+    def heard(self):
+        while GLib.MainContext.default().iteration(False):
+            pass
+        return self.names
+
+
 def open_editor(focus, cell):
     for _ in range(3):  # two clicks are none double where the machine was too busy between them
         mouse(cell, "b1d")
@@ -151,8 +171,8 @@ def open_editor(focus, cell):
     raise Failure("the editor of the name")
 
 
-def rename(dialog, table, name):
-    editor = open_editor(Focus(), cell_of(table, 0, "Name"))
+def rename(dialog, table, row, name):
+    editor = open_editor(Focus(), cell_of(table, row, "Name"))
     editor.queryEditableText().setTextContents(name)
     # Leaving the editor ends the edit.
     await_one(dialog, pyatspi.ROLE_SPIN_BUTTON, "Number of bodies").queryComponent().grabFocus()
@@ -184,12 +204,18 @@ def drive(host, recording):
     table = await_one(dialog, pyatspi.ROLE_TABLE, "Available standard bodies")
     check_room(dialog)
 
-    rename(dialog, table, "Left arm")
+    alerts = Alerts()
+    rename(dialog, table, 1, "Visor")
     recording.wait_for(WRITES[:1])
+    wait_for("the announcement of the refusal", alerts.heard)
+    rename(dialog, table, 0, "Left arm")
+    recording.wait_for(WRITES[:2])
     wait_for("the new name", lambda: cell_of(table, 0, "Name").name == "Left arm")
+    if alerts.heard() != ["Unable to set description of body standard b02"]:
+        raise Failure(f"the refusal announced once, but heard {alerts.heard()}")
 
     mouse(cell_of(table, 0, "Active"), "b1c", from_left=10)
-    recording.wait_for(WRITES[:2])
+    recording.wait_for(WRITES[:3])
 
     change_filter(host, dialog, recording)
     press(dialog, "Exit")
@@ -207,7 +233,8 @@ def started_host(process):
 
 def main():
     workbench, recording = sys.argv[1:]
-    process = subprocess.Popen([workbench, "--scenario", "studio", "--record", recording])
+    process = subprocess.Popen(
+        [workbench, "--scenario", "studio", "--record", recording, "--fault", REFUSED])
     try:
         drive(wait_for("the workbench", lambda: started_host(process)), Recording(recording))
         status = process.wait(PATIENCE_S)
