@@ -280,7 +280,7 @@ void BodyTypeAdministrationTab::setBodyReference(const QString &type, int index,
 {
     const bool refused = reference && !isBodyActive(type, index);
     const QPointer<QWidget> self(this);
-    if (refused && !m_questions.showInactiveReference())
+    if (refused && !m_questions.showInactiveReference(type, index))
         return;
     if (!refused && link().protocolAtLeast(1, 24))
         morvek2_setBodyIsReference(type, index, reference);

@@ -296,8 +296,8 @@ bool MtAdministration::deleteBody(const QString &type, int index)
     const bool done = commands().clearToolReference(typeLabel(referenceType), index, tools);
     if (!self
         || (!done
-            && !UserQuestion::warning(this, tr("Warning"),
-                                      tr("Delete body %1 failed").arg(bodyNumber(index)))))
+            && !questions().showDeleteFailed(type, index,
+                                             tr("Delete body %1 failed").arg(bodyNumber(index)))))
         return false;
     return runSteps(this, {[&] { updateBodyTypesInfo(); }, [&] { updateView(); }}) && done;
 }

@@ -1057,10 +1057,6 @@ If yes, the assignment to the Measurement Tool will be deleted.</source>
 Die Zuordnung zum Messwerkzeug wird dann ebenfalls gelöscht.</translation>
     </message>
     <message>
-        <source>Warning</source>
-        <translation>Warnung</translation>
-    </message>
-    <message>
         <source>Delete body %1 failed</source>
         <translation>Der Körper %1 konnte nicht gelöscht werden</translation>
     </message>

@@ -11,9 +11,14 @@ QString BodyQuestions::about(const QString &text, const QString &type, int index
     return text.arg(m_registry.label(type), bodyNumber(index));
 }
 
-bool BodyQuestions::warn(const QString &text) const
+bool BodyQuestions::warn(const QString &text, const QString &names) const
 {
-    return UserQuestion::warning(m_parent, tr("Warning"), text);
+    return UserQuestion::warning(m_parent, tr("Warning"), text, names);
+}
+
+QString BodyQuestions::name(const QString &type, int index) const
+{
+    return m_registry.body(type, index).desc;
 }
 
 Answer BodyQuestions::confirm(const QString &type, int index, const QString &text,
@@ -25,7 +30,8 @@ Answer BodyQuestions::confirm(const QString &type, int index, const QString &tex
 Answer BodyQuestions::confirm(const BodySnapshot &asked, const QString &text,
                               const QString &informativeText) const
 {
-    const Answer answer = UserQuestion::yesNo(m_parent, tr("MORVEK3"), text, informativeText);
+    const Answer answer =
+            UserQuestion::yesNo(m_parent, tr("MORVEK3"), text, informativeText, asked.name());
     if (answer != Answer::Accepted)
         return answer;
     if (asked.isCurrent(m_registry))
@@ -41,15 +47,9 @@ void BodyQuestions::logChanged(const ControllerLink &link)
                      "MessageLine", "The bodies have changed meanwhile. Nothing was sent.")));
 }
 
-Answer BodyQuestions::confirmByName(const QString &type, int index, const QString &text) const
-{
-    return confirm(type, index, text, m_registry.body(type, index).desc);
-}
-
 Answer BodyQuestions::confirmResetToLibrary(const QString &type, int index) const
 {
-    return confirmByName(type, index,
-                         about(tr("Reset %1 %2\nto Target-Library geometry?"), type, index));
+    return confirm(type, index, about(tr("Reset %1 %2\nto Target-Library geometry?"), type, index));
 }
 
 Answer BodyQuestions::confirmSensorReset(const BodySnapshot &asked,
@@ -59,26 +59,26 @@ Answer BodyQuestions::confirmSensorReset(const BodySnapshot &asked,
                              : reset.hasHandEye
                                      ? tr("Reset %1 %2?\nHand eye calibration will be deleted!")
                                      : tr("Reset %1 %2?");
-    return confirm(asked, about(question, asked.type(), asked.index()), asked.name());
+    return confirm(asked, about(question, asked.type(), asked.index()));
 }
 
 Answer BodyQuestions::confirmDelete(const QString &type, int index) const
 {
     const AdminBody &body = m_registry.body(type, index);
     if (body.isReference) {
-        return confirmByName(
+        return confirm(
                 type, index,
                 about(tr("Delete geometry of %1 %2?\n"
                          "If yes, the assignment as reference to other bodies will be deleted."),
                       type, index));
     }
     if (!body.inertialSensor.isEmpty()) {
-        return confirmByName(
+        return confirm(
                 type, index,
                 tr("Delete assignment of sensor %1 and \ndelete geometry of %2 %3?")
                         .arg(body.inertialSensor, m_registry.label(type), bodyNumber(index)));
     }
-    return confirmByName(type, index, about(tr("Delete geometry of %1 %2?"), type, index));
+    return confirm(type, index, about(tr("Delete geometry of %1 %2?"), type, index));
 }
 
 Answer BodyQuestions::confirmReferenceDropped(const QString &type, int index) const
@@ -88,20 +88,21 @@ Answer BodyQuestions::confirmReferenceDropped(const QString &type, int index) co
                       "Continue?"));
 }
 
-bool BodyQuestions::showInactiveReference() const
+bool BodyQuestions::showInactiveReference(const QString &type, int index) const
 {
     return warn(tr("A de-activated body cannot be set as reference.\n"
-                   "Please activate this body before."));
+                   "Please activate this body before."),
+                name(type, index));
 }
 
 bool BodyQuestions::showUnknownReset(const QString &type, int index) const
 {
-    return warn(about(tr("Unknown reset of %1 %2!"), type, index));
+    return warn(about(tr("Unknown reset of %1 %2!"), type, index), name(type, index));
 }
 
 bool BodyQuestions::showResetFailed(const QString &type, int index) const
 {
-    return warn(about(tr("Reset of %1 %2 failed!"), type, index));
+    return warn(about(tr("Reset of %1 %2 failed!"), type, index), name(type, index));
 }
 
 bool BodyQuestions::showDeleteFailed(const QString &type, int index,
@@ -124,14 +125,23 @@ bool BodyQuestions::showDeleteFailed(const QString &type, int index,
     case BodyCommands::DeleteStep::Done:
         return true;
     }
-    return warn(about(detail, type, index) + QLatin1Char('\n')
-                + about(tr("Delete %1 %2 failed"), type, index));
+    return showDeleteFailed(type, index,
+                            about(detail, type, index) + QLatin1Char('\n')
+                                    + about(tr("Delete %1 %2 failed"), type, index));
+}
+
+bool BodyQuestions::showDeleteFailed(const QString &type, int index, const QString &text) const
+{
+    return warn(text, name(type, index));
 }
 
 bool BodyQuestions::showSwitchFailed(const QString &type, int index, int otherIndex) const
 {
+    QStringList names{name(type, index), name(type, otherIndex)};
+    names.removeAll(QString());
     return warn(tr("Switching %1 %2 and %3 failed!")
-                        .arg(m_registry.label(type), bodyNumber(index), bodyNumber(otherIndex)));
+                        .arg(m_registry.label(type), bodyNumber(index), bodyNumber(otherIndex)),
+                names.join(QLatin1Char('\n')));
 }
 
 bool BodyQuestions::showFoundTargets(int count) const

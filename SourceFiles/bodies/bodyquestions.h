@@ -27,8 +27,8 @@ public:
     }
 
     /**
-     * Asks Yes or No, No preset, about one body as the operator saw it. A body that changed
-     * meanwhile is logged and counts as declined.
+     * Asks Yes or No, No preset, about one body as the operator saw it. Its name is shown below the
+     * text. A body that changed meanwhile is logged and counts as declined.
      */
     UserQuestion::Answer confirm(const BodySnapshot &asked, const QString &text,
                                  const QString &informativeText = QString()) const;
@@ -48,20 +48,22 @@ public:
 
     // Boxes with OK: false when the parent was deleted meanwhile.
 
-    bool showInactiveReference() const;
+    bool showInactiveReference(const QString &type, int index) const;
     bool showUnknownReset(const QString &type, int index) const;
     bool showResetFailed(const QString &type, int index) const;
     bool showDeleteFailed(const QString &type, int index, BodyCommands::DeleteStep step) const;
+    /** `text` says what could not be deleted. */
+    bool showDeleteFailed(const QString &type, int index, const QString &text) const;
     bool showSwitchFailed(const QString &type, int index, int otherIndex) const;
     /** How many targets a search found. */
     bool showFoundTargets(int count) const;
 
 private:
-    bool warn(const QString &text) const;
+    /** A box with the names of bodies below a text that has only their type and number, or less. */
+    bool warn(const QString &text, const QString &names) const;
+    QString name(const QString &type, int index) const;
     /** `text` with the type's label as %1 and the body's number as %2. */
     QString about(const QString &text, const QString &type, int index) const;
-    /** confirm() with the body's name beside a text that has only its type and number. */
-    UserQuestion::Answer confirmByName(const QString &type, int index, const QString &text) const;
 
     QWidget *m_parent;
     ControllerLink m_link;

@@ -1,5 +1,6 @@
 #include "support/userquestion.h"
 
+#include <QGridLayout>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPointer>
@@ -15,7 +16,32 @@ struct BoxContent {
     QString informativeText;
     QMessageBox::StandardButtons buttons;
     QMessageBox::StandardButton preset;
+    QString subject;
 };
+
+/** Puts a line above the informative text, which stays what it is for whoever reads it. */
+void showAbove(QLabel *informative, const QString &subject)
+{
+    auto *grid = qobject_cast<QGridLayout *>(informative->parentWidget()->layout());
+    const int place = grid ? grid->indexOf(informative) : -1;
+    if (place < 0)
+        return;
+    int row = 0;
+    int column = 0;
+    int rows = 0;
+    int columns = 0;
+    grid->getItemPosition(place, &row, &column, &rows, &columns);
+    grid->removeWidget(informative);
+    auto *name = new QLabel(subject, informative->parentWidget());
+    name->setObjectName(QStringLiteral("label_subject"));
+    name->setTextFormat(Qt::PlainText);
+    name->setWordWrap(true);
+    name->setContentsMargins(informative->contentsMargins());
+    auto *both = new QVBoxLayout;
+    both->addWidget(name);
+    both->addWidget(informative);
+    grid->addLayout(both, row, column, rows, columns);
+}
 
 /** The button pressed; nothing is touched when the parent took the box with it. */
 int run(QWidget *parent, const BoxContent &content, bool *gone)
@@ -26,10 +52,14 @@ int run(QWidget *parent, const BoxContent &content, bool *gone)
             new QMessageBox(content.icon, content.title, content.text, content.buttons, parent);
     // Both may hold names, which are shown letter by letter whatever they look like.
     box->setTextFormat(Qt::PlainText);
-    box->setInformativeText(content.informativeText);
+    const bool isInformed = !content.informativeText.isEmpty();
+    box->setInformativeText(isInformed ? content.informativeText : content.subject);
     // The box gives no other way to its second label, which ignores the format of the first.
-    if (auto *label = box->findChild<QLabel *>(QStringLiteral("qt_msgbox_informativelabel")))
+    if (auto *label = box->findChild<QLabel *>(QStringLiteral("qt_msgbox_informativelabel"))) {
         label->setTextFormat(Qt::PlainText);
+        if (isInformed && !content.subject.isEmpty())
+            showAbove(label, content.subject);
+    }
     box->setDefaultButton(content.preset);
     const int button = box->exec();
     delete box;
@@ -49,11 +79,11 @@ Answer ask(QWidget *parent, const BoxContent &content, QMessageBox::StandardButt
 } // namespace
 
 Answer yesNo(QWidget *parent, const QString &title, const QString &text,
-             const QString &informativeText)
+             const QString &informativeText, const QString &subject)
 {
     return ask(parent,
                {QMessageBox::Warning, title, text, informativeText,
-                QMessageBox::Yes | QMessageBox::No, QMessageBox::No},
+                QMessageBox::Yes | QMessageBox::No, QMessageBox::No, subject},
                QMessageBox::Yes);
 }
 
@@ -62,21 +92,27 @@ Answer okCancel(QWidget *parent, const QString &title, const QString &text,
 {
     return ask(parent,
                {QMessageBox::Warning, title, text, informativeText,
-                QMessageBox::Ok | QMessageBox::Cancel, QMessageBox::Cancel},
+                QMessageBox::Ok | QMessageBox::Cancel, QMessageBox::Cancel, QString()},
                QMessageBox::Ok);
 }
 
-bool warning(QWidget *parent, const QString &title, const QString &text)
+bool warning(QWidget *parent, const QString &title, const QString &text,
+             const QString &informativeText)
 {
     bool gone = false;
-    run(parent, {QMessageBox::Warning, title, text, {}, QMessageBox::Ok, QMessageBox::Ok}, &gone);
+    run(parent,
+        {QMessageBox::Warning, title, text, informativeText, QMessageBox::Ok, QMessageBox::Ok,
+         QString()},
+        &gone);
     return !gone;
 }
 
 bool information(QWidget *parent, const QString &title, const QString &text)
 {
     bool gone = false;
-    run(parent, {QMessageBox::Information, title, text, {}, QMessageBox::Ok, QMessageBox::Ok},
+    run(parent,
+        {QMessageBox::Information, title, text, QString(), QMessageBox::Ok, QMessageBox::Ok,
+         QString()},
         &gone);
     return !gone;
 }

@@ -307,7 +307,8 @@ void tst_AdministrationGuards::dialogDeletedWhileReferenceFailureIsShown()
                                          "If yes, the assignment to the Measurement Tool will be "
                                          "deleted.\nContinue?"),
                           Box::Yes);
-        robot().expectBox(warning, QStringLiteral("Delete body 01 failed"), Box::Ok, deletion());
+        robot().expectBox(warning, QStringLiteral("Delete body 01 failed\nTable frame"), Box::Ok,
+                          deletion());
         press(table(page(window, toolsPage), "tableWidget_ref"), 0, 4);
     });
     QVERIFY2(m_dialog.isNull(), "the dialog was not deleted while its box was shown");

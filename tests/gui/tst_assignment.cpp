@@ -475,7 +475,7 @@ void tst_Assignment::failedDeselect()
                           QMessageBox::Yes);
         robot().expectBox(warning,
                           "Unable to reset markers of Standard body 05\n"
-                          "Delete Standard body 05 failed",
+                          "Delete Standard body 05 failed\nPointer",
                           QMessageBox::Ok);
         Drive::click(page(window), "pushButton_deselect");
         Drive::settle();

@@ -180,9 +180,11 @@ void tst_BodyActions::resetFailure()
             host.fault(fault);
         robot().expectBox(question, asked, QMessageBox::Yes);
         if (shown) {
-            robot().expectBox(failure,
-                              QStringLiteral("Reset of Standard body 0%1 failed!").arg(row + 1),
-                              QMessageBox::Ok);
+            robot().expectBox(
+                    failure,
+                    named(host, row,
+                          QStringLiteral("Reset of Standard body 0%1 failed!").arg(row + 1)),
+                    QMessageBox::Ok);
         }
         host.clear();
         press(bodies, row, ResetColumn);
@@ -259,9 +261,11 @@ void tst_BodyActions::dialogDeletedInReset()
             robot().expectBox(question, asked, QMessageBox::Yes, deletion());
         } else {
             robot().expectBox(question, asked, QMessageBox::Yes);
-            robot().expectBox(failure,
-                              QStringLiteral("Reset of Standard body 0%1 failed!").arg(row + 1),
-                              QMessageBox::Ok, deletion());
+            robot().expectBox(
+                    failure,
+                    named(host, row,
+                          QStringLiteral("Reset of Standard body 0%1 failed!").arg(row + 1)),
+                    QMessageBox::Ok, deletion());
         }
         press(bodies, row, ResetColumn);
     });
@@ -296,7 +300,7 @@ void tst_BodyActions::unknownReset()
         auto *tab = qobject_cast<BodyTypeAdministrationTab *>(page(window));
         QVERIFY(tab);
         host.clear();
-        robot().expectBox(failure, "Unknown reset of Standard body 01!", QMessageBox::Ok);
+        robot().expectBox(failure, "Unknown reset of Standard body 01!\nCap", QMessageBox::Ok);
         QVERIFY(!tab->resetBody(QStringLiteral("standard"), 0));
         QCOMPARE(host.lines(), QStringList());
     });
@@ -353,7 +357,9 @@ void tst_BodyActions::failedMove()
     open(host, [&](QWidget *window, QTableWidget *bodies) {
         press(bodies, 2, IdColumn);
         host.clear();
-        robot().expectBox(failure, "Switching Standard body 03 and 02 failed!", QMessageBox::Ok);
+        robot().expectBox(failure,
+                          "Switching Standard body 03 and 02 failed!\nRoom frame\nGlasses round",
+                          QMessageBox::Ok);
         Drive::click(window, "pushButton_up");
         Drive::settle();
         QCOMPARE(host.lines(), QStringList{"morvek2 body switch standard b03 standard b02"});
@@ -381,8 +387,9 @@ void tst_BodyActions::dialogDeletedInMove()
     host.fault(QStringLiteral("command morvek2 body switch* refuse"));
     openDeletable(host, [&](QWidget *window, QTableWidget *bodies) {
         press(bodies, 2, IdColumn);
-        robot().expectBox(failure, "Switching Standard body 03 and 02 failed!", QMessageBox::Ok,
-                          deletion());
+        robot().expectBox(failure,
+                          "Switching Standard body 03 and 02 failed!\nRoom frame\nGlasses round",
+                          QMessageBox::Ok, deletion());
         Drive::click(window, "pushButton_up");
     });
 }

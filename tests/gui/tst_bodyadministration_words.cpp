@@ -12,7 +12,12 @@ namespace {
 
 const QString question = QStringLiteral("MORVEK3");
 
+/** What the operator does to the bodies of a window. */
+using Act = std::function<void(QWidget *, QTableWidget *)>;
+
 } // namespace
+
+Q_DECLARE_METATYPE(Act)
 
 /** What questions and cells say about a body, and what its page's buttons follow. */
 class tst_BodyAdministrationWords : public AdministrationFixture {
@@ -21,6 +26,10 @@ class tst_BodyAdministrationWords : public AdministrationFixture {
 private slots:
     void questionsSayWhichBody_data();
     void questionsSayWhichBody();
+    void warningsSayWhichBody_data();
+    void warningsSayWhichBody();
+    void continueQuestionsSayWhichBody_data();
+    void continueQuestionsSayWhichBody();
     void questionsShowNamesLetterByLetter();
     void warningsShowNamesLetterByLetter();
     void checkBoxesHaveNames_data();
@@ -65,6 +74,98 @@ void tst_BodyAdministrationWords::questionsSayWhichBody()
     });
 }
 
+void tst_BodyAdministrationWords::warningsSayWhichBody_data()
+{
+    QTest::addColumn<QString>("fault");
+    QTest::addColumn<QString>("asked");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("names");
+    QTest::addColumn<Act>("act");
+    const Act reset = [](QWidget *, QTableWidget *bodies) { press(bodies, 1, ResetColumn); };
+    const Act moveUp = [](QWidget *window, QTableWidget *bodies) {
+        press(bodies, 2, IdColumn);
+        Drive::click(window, "pushButton_up");
+    };
+    const Act moveDown = [](QWidget *window, QTableWidget *bodies) {
+        press(bodies, 6, IdColumn);
+        Drive::click(window, "pushButton_down");
+    };
+    QTest::newRow("reset") << "command morvek2 body calibrate* refuse"
+                           << "Reset Standard body 02\nto Target-Library geometry?\nGlasses round"
+                           << "Reset of Standard body 02 failed!"
+                           << "Glasses round" << reset;
+    QTest::newRow("move") << "command morvek2 body switch* refuse" << QString()
+                          << "Switching Standard body 03 and 02 failed!"
+                          << "Room frame\nGlasses round" << moveUp;
+    QTest::newRow("move beside a body without a name")
+            << "command morvek2 body switch* refuse" << QString()
+            << "Switching Standard body 07 and 08 failed!"
+            << "Helmet" << moveDown;
+}
+
+/** The box says type and number as ever; the name stands below. */
+void tst_BodyAdministrationWords::warningsSayWhichBody()
+{
+    QFETCH(QString, fault);
+    QFETCH(QString, asked);
+    QFETCH(QString, text);
+    QFETCH(QString, names);
+    QFETCH(Act, act);
+    TestHost host;
+    host.fault(fault);
+    open(host, [&](QWidget *window, QTableWidget *bodies) {
+        if (!asked.isEmpty())
+            robot().expectBox(question, asked, QMessageBox::Yes);
+        robot().expectBox(
+                QStringLiteral("Warning"), text + QLatin1Char('\n') + names, QMessageBox::Ok, [&] {
+                    const auto *box =
+                            qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+                    QCOMPARE(box->text(), text);
+                    QCOMPARE(box->informativeText(), names);
+                });
+        act(window, bodies);
+        Drive::settle();
+    });
+}
+
+void tst_BodyAdministrationWords::continueQuestionsSayWhichBody_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("name") << "Room frame";
+    QTest::newRow("markup") << "<b>x</b>";
+    QTest::newRow("no name") << "";
+}
+
+/** The informative text stays what it was; the name has a line of its own above it. */
+void tst_BodyAdministrationWords::continueQuestionsSayWhichBody()
+{
+    QFETCH(QString, name);
+    TestHost host(studio([&](ControllerState &state) {
+        state.bodyTypes["standard"].bodies[2].description = name;
+    }));
+    open(host, [&](QWidget *, QTableWidget *bodies) {
+        robot().expectBox(question,
+                          QStringLiteral("After deactivating the reference target,\n"
+                                         "all targets will not be tracked.\nContinue?"),
+                          QMessageBox::No, [&] {
+                              const auto *box = QApplication::activeModalWidget();
+                              const auto *subject = box->findChild<QLabel *>("label_subject");
+                              QCOMPARE(subject != nullptr, !name.isEmpty());
+                              if (!subject)
+                                  return;
+                              const auto *below =
+                                      box->findChild<QLabel *>("qt_msgbox_informativelabel");
+                              QCOMPARE(subject->text(), name);
+                              QCOMPARE(subject->textFormat(), Qt::PlainText);
+                              QVERIFY(subject->isVisible() && below->isVisible());
+                              QVERIFY(subject->geometry().bottom() < below->geometry().top());
+                              QVERIFY(subject->width() >= subject->sizeHint().width());
+                              QVERIFY(box->rect().contains(subject->geometry()));
+                          });
+        toggle(bodies, 2, ActiveColumn);
+    });
+}
+
 void tst_BodyAdministrationWords::questionsShowNamesLetterByLetter()
 {
     const QString name = QStringLiteral("<b>x</b>");
@@ -95,7 +196,7 @@ void tst_BodyAdministrationWords::warningsShowNamesLetterByLetter()
                           QMessageBox::Yes);
         robot().expectBox(QStringLiteral("Warning"),
                           "Unable to reset markers of <i>Standard</i> 06\n"
-                          "Delete <i>Standard</i> 06 failed",
+                          "Delete <i>Standard</i> 06 failed\nCrate",
                           QMessageBox::Ok, [] {
                               const auto *box = QApplication::activeModalWidget();
                               QCOMPARE(box->findChild<QLabel *>("qt_msgbox_label")->textFormat(),

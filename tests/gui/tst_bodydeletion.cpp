@@ -149,10 +149,11 @@ void tst_BodyDeletion::deleteFailure()
         }
         robot().expectBox(question, named(host, row, asked), QMessageBox::Yes);
         if (!detail.isEmpty()) {
-            robot().expectBox(
-                    failure,
-                    QStringLiteral("Unable to reset %1 of %2\nDelete %2 failed").arg(detail, label),
-                    QMessageBox::Ok);
+            robot().expectBox(failure,
+                              named(host, row,
+                                    QStringLiteral("Unable to reset %1 of %2\nDelete %2 failed")
+                                            .arg(detail, label)),
+                              QMessageBox::Ok);
         }
         press(bodies, row, DeleteColumn);
         QCOMPARE(host.writes().size(), sent + 1);
@@ -287,7 +288,7 @@ void tst_BodyDeletion::dialogDeletedInDelete()
             robot().expectBox(question, asked, QMessageBox::Yes);
             robot().expectBox(failure,
                               "Unable to reset filter6d of Standard body 01\n"
-                              "Delete Standard body 01 failed",
+                              "Delete Standard body 01 failed\nCap",
                               QMessageBox::Ok, deletion());
         }
         press(bodies, 0, DeleteColumn);

@@ -363,13 +363,15 @@ void tst_BodyEditing::droppingLastReferenceAsks()
     }));
     open(host, [&](QWidget *window, QTableWidget *bodies) {
         auto *count = Drive::find<QSpinBox>(window, "spinBox_standard_bodies");
-        robot().expectBox(QStringLiteral("MORVEK3"), countQuestion, QMessageBox::No);
+        robot().expectBox(QStringLiteral("MORVEK3"), named(host, 3, countQuestion),
+                          QMessageBox::No);
         Drive::typeNumber(count, QStringLiteral("2"));
         Drive::settle();
         QCOMPARE(host.writes(), QStringList());
         QCOMPARE(count->value(), 4);
         QCOMPARE(bodies->rowCount(), 4);
-        robot().expectBox(QStringLiteral("MORVEK3"), countQuestion, QMessageBox::Yes);
+        robot().expectBox(QStringLiteral("MORVEK3"), named(host, 3, countQuestion),
+                          QMessageBox::Yes);
         Drive::typeNumber(count, QStringLiteral("2"));
         Drive::settle();
         QCOMPARE(host.writes(), QStringList{"standard number_of_bodies 2"});
@@ -506,7 +508,8 @@ void tst_BodyEditing::inactiveBodyCannotBeReference()
     TestHost host(studio(
             [](ControllerState &state) { state.bodyTypes["standard"].bodies[0].active = false; }));
     open(host, [&](QWidget *, QTableWidget *bodies) {
-        robot().expectBox(QStringLiteral("Warning"), inactiveWarning, QMessageBox::Ok);
+        robot().expectBox(QStringLiteral("Warning"), named(host, 0, inactiveWarning),
+                          QMessageBox::Ok);
         toggle(bodies, 0, ReferenceColumn);
         QCOMPARE(host.writes(), QStringList());
         QCOMPARE(bodies->item(0, ReferenceColumn)->checkState(), Qt::Unchecked);
@@ -518,7 +521,8 @@ void tst_BodyEditing::inactiveBodyBoxSurvivesDeletion()
     TestHost host(studio(
             [](ControllerState &state) { state.bodyTypes["standard"].bodies[0].active = false; }));
     openDeletable(host, [&](QWidget *, QTableWidget *bodies) {
-        robot().expectBox(QStringLiteral("Warning"), inactiveWarning, QMessageBox::Ok, deletion());
+        robot().expectBox(QStringLiteral("Warning"), named(host, 0, inactiveWarning),
+                          QMessageBox::Ok, deletion());
         toggle(bodies, 0, ReferenceColumn);
     });
     QCOMPARE(host.writes(), QStringList());

@@ -116,7 +116,8 @@ void tst_Confirmations::addQuestions()
                                   QStringLiteral("2"));
             },
             morvek,
-            "Decreasing the number of standard bodies will disable the reference!\n\nContinue?"};
+            "Decreasing the number of standard bodies will disable the "
+            "reference!\n\nContinue?\nRoom frame"};
     QTest::newRow("overwrite") << Question{
             standardPage, assigning(standard, 0, QStringLiteral("Cross Target"), 1), warning,
             "Overwrite body calibration data of Cap?", Box::Ok};

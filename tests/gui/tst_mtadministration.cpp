@@ -444,8 +444,8 @@ void tst_MtAdministration::deletingReferenceFails()
         host.fault(fault);
         host.clear();
         robot().expectBox(QStringLiteral("MORVEK3"), longQuestion.arg("01"), Box::Yes);
-        robot().expectBox(QStringLiteral("Warning"), QStringLiteral("Delete body 01 failed"),
-                          Box::Ok);
+        robot().expectBox(QStringLiteral("Warning"),
+                          QStringLiteral("Delete body 01 failed\nTable frame"), Box::Ok);
         Drive::clickCell(references(shown), 0, RefDelete);
         QCOMPARE(changes(host), clearFirst.mid(0, sent));
         QCOMPARE(host.log(), QStringList{line});
