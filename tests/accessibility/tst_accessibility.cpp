@@ -10,6 +10,7 @@
 #include <QRadioButton>
 #include <QSet>
 #include <QTranslator>
+#include <QWheelEvent>
 
 namespace {
 
@@ -54,9 +55,23 @@ QMultiMap<QString, QString> accessKeys(const QList<QWidget *> &widgets)
     return keys;
 }
 
+/** As the window system does it, which may give the widget the focus. */
+void turnWheel(QWidget *widget, int notch)
+{
+    const QPointF point = widget->rect().center();
+    QWheelEvent event(point, widget->mapToGlobal(point.toPoint()), QPoint(), QPoint(0, notch),
+                      Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QSpontaneKeyEvent::setSpontaneous(&event);
+    qApp->notify(widget, &event);
+    Drive::settle();
+}
+
 } // namespace
 
-/** What each dialog and page says to a screen reader, and whether keys alone reach everything. */
+/**
+ * What each dialog and page says to a screen reader, whether keys alone reach everything, and that
+ * the wheel changes nothing in passing.
+ */
 class tst_Accessibility : public EveryPlace {
     Q_OBJECT
 
@@ -71,6 +86,8 @@ private slots:
     void accessKeysAreUnique();
     void tabReachesEverything_data() { addPlaces(); }
     void tabReachesEverything();
+    void wheelChangesNothingWithoutFocus_data() { addPlaces(); }
+    void wheelChangesNothingWithoutFocus();
 };
 
 void tst_Accessibility::everythingHasANameAndARole()
@@ -157,6 +174,27 @@ void tst_Accessibility::tabReachesEverything()
             if (shows || inGroup || !widget->isEnabled())
                 continue;
             QVERIFY2(reached.contains(widget), qPrintable(described(widget)));
+        }
+    });
+}
+
+void tst_Accessibility::wheelChangesNothingWithoutFocus()
+{
+    QFETCH(QString, place);
+    openPlace(place, [](QWidget *window, QWidget *page) {
+        for (QWidget *widget : visible(window, page)) {
+            const auto *combo = qobject_cast<QComboBox *>(widget);
+            const auto *spin = qobject_cast<QAbstractSpinBox *>(widget);
+            if ((!combo && !spin) || !widget->isEnabled())
+                continue;
+            if (QWidget *focused = window->focusWidget())
+                focused->clearFocus();
+            const QString before = combo ? combo->currentText() : spin->text();
+            for (const int notch : {-120, 120}) {
+                turnWheel(widget, notch);
+                QVERIFY2(!widget->hasFocus(), qPrintable(described(widget)));
+                QCOMPARE(combo ? combo->currentText() : spin->text(), before);
+            }
         }
     });
 }
