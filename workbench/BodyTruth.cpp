@@ -150,7 +150,7 @@ const QVector<Column> &columns()
 {
     static const QVector<Column> all = {
             {"Active", {1, 11, -1}, active},
-            {"Reference", {1, 11, -1}, reference},
+            {"Reference", {1, 24, -1}, reference},
             {"Reference ID", {1, 4, -1}, toolReference},
             {"Name", {0, 16, -1}, name},
             {"Device ID", {1, 12, -1}, deviceId},

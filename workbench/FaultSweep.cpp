@@ -55,6 +55,7 @@ bool FaultSweep::playDisturbed(int operation, const SweepFault &fault, QString *
     if (!m_stage->reset(fault.rule.arg(operation), error))
         return false;
     SweepRun run(m_script, m_stage->context(), true, before);
+    run.follow(m_undisturbed);
     if (operation <= m_undisturbed.first().operations.size())
         run.allowDifferences();
     m_stage->play(&run);

@@ -18,6 +18,23 @@ CommandAccess accessOf(const TranscriptEntry &entry)
                                                               : CommandAccess::Action;
 }
 
+/** Whether something like "nan" is in the place of a value; a name may be anything. */
+bool holdsNoNumber(const TranscriptEntry &entry)
+{
+    const CommandTable::Match match = CommandTable::instance().find(accessOf(entry), entry.line);
+    const QList<QByteArray> pattern = QByteArray(match.entry->pattern).split(' ');
+    const QList<QByteArray> words = entry.line.trimmed().split(' ');
+    for (int i = 0; i < qMin(words.size(), pattern.size()); ++i) {
+        const QByteArray &word = words.at(i);
+        if (pattern.at(i) == "SENSOR")
+            return false;
+        if (pattern.at(i) == "VALUE"
+            && (word == "nan" || word == "-nan" || word == "inf" || word == "-inf"))
+            return true;
+    }
+    return false;
+}
+
 QString differences(const ScriptContext &context)
 {
     const QStringList lines =
@@ -71,13 +88,8 @@ QString LineChecks::malformation(const TranscriptEntry &entry)
     }
     if (reason.isEmpty() && !CommandTable::instance().find(accessOf(entry), entry.line).entry)
         reason = QStringLiteral("a command that the controller does not know");
-    for (const QByteArray &word : entry.line.split(' ')) {
-        // Names stand in double quotes and may be anything.
-        if (word.startsWith('"'))
-            break;
-        if (word == "nan" || word == "-nan" || word == "inf" || word == "-inf")
-            reason = QStringLiteral("no number");
-    }
+    if (reason.isEmpty() && holdsNoNumber(entry))
+        reason = QStringLiteral("no number");
     return reason.isEmpty() ? QString()
                             : QStringLiteral("expected a well-formed command, found %1: \"%2\"")
                                       .arg(reason, QString::fromUtf8(entry.line));

@@ -13,6 +13,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTabWidget>
+#include <QTimer>
 
 namespace {
 
@@ -26,6 +27,37 @@ bool isStatement(const Script::Line &line)
                                       QStringLiteral("sound"), QStringLiteral("mark"),
                                       QStringLiteral("screenshot")};
     return words.contains(line.words.first());
+}
+
+/** Lines that enter something into whatever window is in front. */
+bool isInput(const Script::Line &line)
+{
+    static const QStringList words = {
+            QStringLiteral("cell"),  QStringLiteral("check"),       QStringLiteral("choose"),
+            QStringLiteral("click"), QStringLiteral("doubleclick"), QStringLiteral("key"),
+            QStringLiteral("page"),  QStringLiteral("select"),      QStringLiteral("spin"),
+            QStringLiteral("text"),  QStringLiteral("type")};
+    return words.contains(line.words.first());
+}
+
+/** Class of the window in front; empty when no dialog is open. */
+QString windowInFront()
+{
+    const QWidget *modal = WidgetFinder::modalWindow();
+    return modal ? QString::fromLatin1(modal->metaObject()->className()) : QString();
+}
+
+/** The button that ends a running search; null when there is none to press. */
+QAbstractButton *stopButton(const QWidget *window)
+{
+    const QList<QAbstractButton *> buttons =
+            window ? window->findChildren<QAbstractButton *>(QStringLiteral("pushButton_stop"))
+                   : QList<QAbstractButton *>();
+    for (QAbstractButton *button : buttons) {
+        if (button->isVisible() && button->isEnabled())
+            return button;
+    }
+    return nullptr;
 }
 
 const QTabWidget *pagesOf(const QWidget *window)
@@ -64,7 +96,21 @@ void SweepRun::beginStep(const Script::Line &line)
 {
     SweepStep step;
     step.line = line;
+    step.window = windowInFront();
     m_steps.append(step);
+}
+
+bool SweepRun::isLeftOut(const Script::Line &line) const
+{
+    if (!m_isDisturbed)
+        return false;
+    if (isStatement(line))
+        return true;
+    for (const SweepStep &step : m_undisturbed) {
+        if (step.line.number == line.number)
+            return isInput(line) && step.window != windowInFront();
+    }
+    return false;
 }
 
 void SweepRun::endStep()
@@ -126,6 +172,10 @@ bool SweepRun::closeWindows()
         // The key may have ended an edit, or a combo box's list, instead of the dialog.
         if (modal == WidgetFinder::modalWindow())
             modal->close();
+        QAbstractButton *stop = stopButton(modal);
+        // Its answer is a box, which is answered only from the event loop.
+        if (stop && modal == WidgetFinder::modalWindow())
+            QTimer::singleShot(0, stop, [stop] { UserInput::click(stop); });
     }
     return true;
 }
@@ -159,10 +209,22 @@ void SweepRun::endDisturbance()
     }
 }
 
+void SweepRun::stopSearchFirst()
+{
+    const bool isLeft = m_inspection.first() == QStringList{"menu", "Single markers"};
+    if (!isLeft || !stopButton(WidgetFinder::modalWindow()))
+        return;
+    m_inspection = QVector<QStringList>{{"click", "pushButton_stop"},
+                                        {"answer", "MORVEK3", ".*", "OK"},
+                                        {"click", "pushButton_exit"}}
+                   + m_inspection;
+}
+
 bool SweepRun::takeInspection(Script::Line *line)
 {
     if (m_inspection.isEmpty())
         return false;
+    stopSearchFirst();
     const QTabWidget *pages = pagesOf(WidgetFinder::modalWindow());
     if (pages && !m_knowsPages) {
         m_knowsPages = true;
@@ -182,8 +244,7 @@ bool SweepRun::takeLine(Script::Line *line)
 {
     if (m_phase == Phase::Inspection)
         return takeInspection(line);
-    while (m_next < m_script.lines.size() && m_isDisturbed
-           && isStatement(m_script.lines.at(m_next)))
+    while (m_next < m_script.lines.size() && isLeftOut(m_script.lines.at(m_next)))
         ++m_next;
     if (m_next < m_script.lines.size()) {
         *line = m_script.lines.at(m_next++);

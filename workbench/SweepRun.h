@@ -14,6 +14,7 @@ struct SweepStep {
     QVector<TranscriptEntry> operations; ///< without messages
     QStringList log;                     ///< lines of the message log
     int boxes = 0;                       ///< boxes that were answered because no line did
+    QString window;                      ///< class of the window that the line acts on
 };
 
 /**
@@ -31,6 +32,11 @@ public:
     SweepRun(const Script &script, const ScriptContext &context, bool isDisturbed,
              qint64 firstOperation);
 
+    /**
+     * A line that enters something is left out while another window is in front than in that run:
+     * no operator presses OK in a window he did not expect.
+     */
+    void follow(const QVector<SweepStep> &undisturbed) { m_undisturbed = undisturbed; }
     /**
      * What the module asks for only when it is loaded stays as it was answered, so that a dialog
      * may differ from the controller when that was disturbed.
@@ -55,9 +61,12 @@ private:
     enum class Phase { Script, Closing, Inspection };
 
     void beginStep(const Script::Line &line);
+    bool isLeftOut(const Script::Line &line) const;
     void endStep();
     bool dismissBox(QMessageBox *box);
     bool closeWindows();
+    /** A search keeps the dialog open until it is stopped. */
+    void stopSearchFirst();
     void endDisturbance();
     /** The next line of the inspection, which depends on the pages there are. */
     bool takeInspection(Script::Line *line);
@@ -73,6 +82,7 @@ private:
     bool m_allowsDifferences = false;
     qint64 m_stepStart;
     int m_logStart = 0;
+    QVector<SweepStep> m_undisturbed;
     QVector<SweepStep> m_steps;
     QStringList m_violations;
 };

@@ -37,6 +37,7 @@ private slots:
     void statePaths();
     void tickFiresHeldTimers();
     void oracleSeesForeignChanges();
+    void oracleKnowsWhatOlderControllersDoNotAnswer();
     void modalDialogsBlockTheHostOnly();
     void secondClientActsWhileADialogIsOpen();
     void secondClientActsWhileASearchRuns();
@@ -449,6 +450,17 @@ void tst_ScriptRunner::oracleSeesForeignChanges()
     const QString axis = run("oracle on\nmenu \"Single markers\"\nchoose comboBox_5dofAxis x\n");
     QCOMPARE(axis, QStringLiteral("s:3: expected the dialog to agree with the controller, found "
                                   "comboBox_5dofAxis: shows \"x\", the controller holds \"z\""));
+}
+
+void tst_ScriptRunner::oracleKnowsWhatOlderControllersDoNotAnswer()
+{
+    QCOMPARE(run("expect state trackingReference \"standard b03\"\n"
+                 "restart 1.21\n"
+                 "oracle on\n"
+                 "menu \"Body administration\"\n"
+                 "expect rows tableWidget_standard 8\n"
+                 "click pushButton_exit\n"),
+             QString());
 }
 
 void tst_ScriptRunner::modalDialogsBlockTheHostOnly()

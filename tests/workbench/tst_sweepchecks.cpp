@@ -17,10 +17,13 @@ private slots:
     void laterLinesMayWriteOtherValues();
     void laterLinesMayNotWriteOtherThings();
     void failedOperationNeedsALogLine();
+    void boxTellsOfTheFailure();
+    void lookingForTargetsIsNoWrite();
     void operationsHaveALimit();
     void statementsAreLeftOut();
     void malformed_data();
     void malformed();
+    void nameIsAskedAboutAsItCame();
     void faultsByName();
     void unknownFault();
     void everyRuleParses();
@@ -122,6 +125,23 @@ void tst_SweepChecks::failedOperationNeedsALogLine()
     QCOMPARE(violations(2), QStringList());
 }
 
+void tst_SweepChecks::boxTellsOfTheFailure()
+{
+    m_steps[2].operations[0].result = 2;
+    QCOMPARE(violations(3).size(), 1);
+    m_steps[2].boxes = 1;
+    QCOMPARE(violations(3), QStringList());
+}
+
+void tst_SweepChecks::lookingForTargetsIsNoWrite()
+{
+    m_steps[1].operations << entry(Operation::Command,
+                                   "morvek2 targetlib check_custom_calibration");
+    QCOMPARE(violations(1), QStringList());
+    m_steps[1].operations << entry(Operation::Command, "morvek2 cal targetlib stop");
+    QCOMPARE(violations(1).size(), 1);
+}
+
 void tst_SweepChecks::operationsHaveALimit()
 {
     m_steps[1].operations = QVector<TranscriptEntry>(500, query);
@@ -145,6 +165,7 @@ void tst_SweepChecks::malformed_data()
                              << "bytes that are no text";
     QTest::newRow("no number") << QByteArray("body filter6d_strength standard b01 nan")
                                << "no number";
+    QTest::newRow("name") << QByteArray("inertial sensor_handeye nan none") << "";
     QTest::newRow("unknown") << QByteArray("body desc standard b1 \"x\"")
                              << "a command that the controller does not know";
 }
@@ -155,6 +176,18 @@ void tst_SweepChecks::malformed()
     QFETCH(QString, found);
     const QString problem = LineChecks::malformation(entry(Operation::Set, line));
     QCOMPARE(problem.section(QStringLiteral("found "), 1).section(QLatin1Char(':'), 0, 0), found);
+}
+
+void tst_SweepChecks::nameIsAskedAboutAsItCame()
+{
+    m_steps[1].operations[0].answer = "a b";
+    m_steps[1].operations[1].line = "filter6d mode_desc a b";
+    QCOMPARE(violations(1), QStringList());
+    // Nobody answered the second operation so.
+    QCOMPARE(violations(2).size(), 1);
+    // Nor does anybody set something to it.
+    m_steps[1].operations[1].operation = Operation::Set;
+    QVERIFY(violations(1).size() > 0);
 }
 
 void tst_SweepChecks::faultsByName()
