@@ -36,7 +36,7 @@ ToolWindow::ToolWindow(WorkbenchSession *session)
     tabifyDockWidget(client, new OracleDock(session, this));
     tabifyDockWidget(client, new StallDock(m_stalls, this));
     client->raise();
-    resize(1000, 760);
+    resize(1120, 760);
 }
 
 ToolWindow::~ToolWindow() = default;
