@@ -91,6 +91,7 @@ private slots:
     void nothingIsClipped_data() { addPlaces(); }
     void nothingIsClipped();
     void statesInCellsAreTranslated();
+    void questionsAreTranslated();
 
 private:
     PseudoTranslator m_translator;
@@ -188,6 +189,26 @@ void tst_PseudoLanguage::statesInCellsAreTranslated()
                 QVERIFY2(used.isEmpty() || used.contains(mark), qPrintable(used));
             }
         }
+    });
+}
+
+/** All of a box but what the controller said: the type's and the body's name. */
+void tst_PseudoLanguage::questionsAreTranslated()
+{
+    const QString deletion = pseudo(QStringLiteral("Delete geometry of %1 %2?"));
+    const QString failed = pseudo(QStringLiteral("Reset of %1 %2 failed!"));
+    const QString reset = pseudo(QStringLiteral("Reset %1 %2\nto Target-Library geometry?"));
+    TestHost host;
+    host.fault(QStringLiteral("command morvek2 body calibrate* refuse"));
+    open(host, [&](QWidget *, QTableWidget *bodies) {
+        const QString label = QStringLiteral("Standard body");
+        const QString title = pseudo(QStringLiteral("MORVEK3"));
+        robot().expectBox(title, deletion.arg(label, "06") + "\nCrate", QMessageBox::No);
+        press(bodies, 5, DeleteColumn);
+        robot().expectBox(title, reset.arg(label, "02") + "\nGlasses round", QMessageBox::Yes);
+        robot().expectBox(pseudo(QStringLiteral("Warning")),
+                          failed.arg(label, "02") + "\nGlasses round", QMessageBox::Ok);
+        press(bodies, 1, ResetColumn);
     });
 }
 

@@ -21,6 +21,7 @@ read -r number <"$folder/display"
 export DISPLAY=":$number" QT_QPA_PLATFORM=xcb QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1
 export HOME="$folder/home" XDG_RUNTIME_DIR="$folder/run" LANG=C.UTF-8
 unset XAUTHORITY WAYLAND_DISPLAY DBUS_SESSION_BUS_ADDRESS
+unset QT_SCALE_FACTOR QT_STYLE_OVERRIDE QT_QPA_PLATFORMTHEME
 mkdir -p "$HOME"
 mkdir -m 700 "$XDG_RUNTIME_DIR"
 dbus-run-session -- "$python" -B "$script" "$workbench" "$folder/recording.jsonl"
