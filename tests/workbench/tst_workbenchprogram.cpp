@@ -49,7 +49,12 @@ private:
     QString write(const QString &name, const QByteArray &text) const;
     QByteArray read(const QString &file) const;
 
+    /** The folder with the results of the tour, which is played once for all tests. */
+    QDir playedTour();
+
     std::unique_ptr<QTemporaryDir> m_dir;
+    std::unique_ptr<QTemporaryDir> m_tourDir;
+    Outcome m_tour;
 };
 
 namespace {
@@ -200,23 +205,31 @@ void tst_WorkbenchProgram::deadDisplay()
     QVERIFY(process.readAllStandardError().startsWith("workbench: there is no display."));
 }
 
+QDir tst_WorkbenchProgram::playedTour()
+{
+    if (!m_tourDir) {
+        m_tourDir = std::make_unique<QTemporaryDir>();
+        m_tour = run({"--tour", m_tourDir->path()}, false);
+    }
+    return QDir(m_tourDir->path());
+}
+
 void tst_WorkbenchProgram::tour()
 {
-    const Outcome outcome = run({"--tour", "out"}, false);
-    QCOMPARE(outcome.err, QString());
-    QCOMPARE(outcome.status, 0);
-    const QDir out(m_dir->filePath(QStringLiteral("out")));
+    const QDir out = playedTour();
+    QCOMPARE(m_tour.err, QString());
+    QCOMPARE(m_tour.status, 0);
     const QStringList pictures = out.entryList({QStringLiteral("*.png")}, QDir::Files, QDir::Name);
     QVERIFY2(pictures.size() >= 10, qPrintable(pictures.join(QLatin1Char(' '))));
     for (const QString &picture : pictures) {
         const QImage image(out.filePath(picture));
         QVERIFY2(image.width() > 100 && image.height() > 50, qPrintable(picture));
     }
-    const QByteArray transcript = read(QStringLiteral("out/transcript.txt"));
+    const QByteArray transcript = read(out.filePath(QStringLiteral("transcript.txt")));
     QVERIFY(transcript.contains("set        body desc standard b01 \"Left arm\" -> 0"));
     QVERIFY(transcript.contains("set        body active standard b02 no -> 0"));
     QVERIFY(transcript.contains("set        tracking axis_5dof_central 0.000 1.000 0.000 -> 0"));
-    const QByteArray stalls = read(QStringLiteral("out/stalls.txt"));
+    const QByteArray stalls = read(out.filePath(QStringLiteral("stalls.txt")));
     QVERIFY2(stalls.contains(" operations, ") && stalls.contains("menu Body administration"),
              stalls.constData());
     const QImage dark(out.filePath(QStringLiteral("dark-1-standard.png")));
@@ -232,14 +245,13 @@ void tst_WorkbenchProgram::tour()
 
 void tst_WorkbenchProgram::tourIsTheSameTwice()
 {
-    QCOMPARE(run({"--tour", "first"}).status, 0);
+    const QDir out = playedTour();
+    QCOMPARE(m_tour.status, 0);
     QCOMPARE(run({"--tour", "second"}).status, 0);
-    const QStringList transcripts =
-            QDir(m_dir->filePath(QStringLiteral("first")))
-                    .entryList({QStringLiteral("transcript*.txt")}, QDir::Files);
+    const QStringList transcripts = out.entryList({QStringLiteral("transcript*.txt")}, QDir::Files);
     QVERIFY2(transcripts.size() >= 3, qPrintable(transcripts.join(QLatin1Char(' '))));
     for (const QString &transcript : transcripts) {
-        const QByteArray first = read(QStringLiteral("first/") + transcript);
+        const QByteArray first = read(out.filePath(transcript));
         QVERIFY(!first.isEmpty());
         QCOMPARE(first, read(QStringLiteral("second/") + transcript));
     }
