@@ -1,5 +1,6 @@
 #include "BodyTypeAdministrationTab.h"
 
+#include "hostcall.h"
 #include "support/modulerequests.h"
 #include "support/steps.h"
 #include "support/timerpause.h"
@@ -42,7 +43,10 @@ BodyTypeAdministrationTab::BodyTypeAdministrationTab(IOManager *manager, QWidget
     connect(this, &Tab::selection_changed, this, &Tab::applyPageRules);
 }
 
-BodyTypeAdministrationTab::~BodyTypeAdministrationTab() = default;
+BodyTypeAdministrationTab::~BodyTypeAdministrationTab()
+{
+    HostCall::keepWidgetsOf(this);
+}
 
 // Registration
 
@@ -117,9 +121,10 @@ void BodyTypeAdministrationTab::updateTableWidget(const QString &type)
 
 void BodyTypeAdministrationTab::readMissing(bool isLibraryNew)
 {
+    const ControllerLink host = link();
     for (const QString &type : readMissingOfTypes())
         BodyTableFiller::showFilterColumn(bodytypes.type(type));
-    if (isLibraryNew && tabWidgets().category)
+    if (!host.isClosed() && isLibraryNew && tabWidgets().category)
         m_targets.renewCategories();
 }
 
@@ -147,9 +152,10 @@ void BodyTypeAdministrationTab::refreshTargets()
 {
     const TabWidgets &widgets = tabWidgets();
     const QPointer<QTableWidget> targets = widgets.targetTable;
+    const QPointer<QWidget> self(this);
     selectionTableLeft = qMax(0, widgets.bodyTable->currentRow());
     update_tableWidget_targetlibrary(targets, widgets.type, m_targets.category());
-    if (targets)
+    if (self && targets)
         selectionTableRight = targets->currentRow();
 }
 
@@ -439,6 +445,6 @@ void BodyTypeAdministrationTab::abandon()
 
 void BodyTypeAdministrationTab::ON_tableWidget_cellClicked(int row, int column)
 {
-    m_input.cellClicked(sender(), row, column);
-    saveSelectionOfMtTables();
+    runSteps(this, {[&] { m_input.cellClicked(sender(), row, column); },
+                    [&] { saveSelectionOfMtTables(); }});
 }

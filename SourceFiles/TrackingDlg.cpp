@@ -44,6 +44,7 @@ TrackingDlg::TrackingDlg(IOManager *iom, QWidget *parent, BackendVersions *beVer
 TrackingDlg::~TrackingDlg()
 {
     saveSettingsToXml();
+    m_link.close();
 }
 
 int TrackingDlg::update_and_exec()
@@ -156,7 +157,8 @@ void TrackingDlg::readAxis()
 
 bool TrackingDlg::is_config_locked() const
 {
-    return m_link.isConfigLocked();
+    const ControllerLink link = m_link;
+    return link.isConfigLocked();
 }
 
 void TrackingDlg::saveSettings()

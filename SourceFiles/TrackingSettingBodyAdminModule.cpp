@@ -2,6 +2,7 @@
 
 #include "TrackingDlg.h"
 #include "bodyadministrationdialog.h"
+#include "hostcall.h"
 #include "support/moduleversion.h"
 
 #include <QAction>
@@ -15,7 +16,10 @@ constexpr int bodyAdminEntryOrder = 25;
 
 TrackingSettingBodyAdminModule::TrackingSettingBodyAdminModule() = default;
 
-TrackingSettingBodyAdminModule::~TrackingSettingBodyAdminModule() = default;
+TrackingSettingBodyAdminModule::~TrackingSettingBodyAdminModule()
+{
+    HostCall::deleteKept();
+}
 
 void TrackingSettingBodyAdminModule::about_to_exit_module()
 {

@@ -7,6 +7,7 @@
 #include "bodyadminmessagereceiver.h"
 #include "configurationwatch.h"
 #include "fingertrackingadministration.h"
+#include "hostcall.h"
 #include "joywandadministration.h"
 #include "linkobserver.h"
 #include "mtadministration.h"
@@ -71,6 +72,11 @@ BodyAdministrationDlg::~BodyAdministrationDlg()
         tab->abandon();
     m_link.close();
     ui->tabWidget->disconnect(this);
+    if (HostCall::isUnderWay()) {
+        // Each page keeps its widgets; none of its code goes on.
+        qDeleteAll(m_tabs);
+        HostCall::keepWidgetsOf(this);
+    }
 }
 
 void BodyAdministrationDlg::fitToContents()
@@ -191,9 +197,11 @@ bool BodyAdministrationDlg::prepare()
 
 void BodyAdministrationDlg::readMissing()
 {
+    const ControllerLink link = m_link;
     const bool isLibraryNew = tl->readMissing();
-    for (BodyTypeAdministrationTab *tab : qAsConst(m_tabs))
-        tab->readMissing(isLibraryNew);
+    const auto tabs = link.isClosed() ? decltype(m_tabs)() : m_tabs;
+    for (auto tab = tabs.begin(); tab != tabs.end() && !link.isClosed(); ++tab)
+        (*tab)->readMissing(isLibraryNew);
 }
 
 void BodyAdministrationDlg::runModally()
@@ -276,9 +284,10 @@ void BodyAdministrationDlg::offerStop()
 
 bool BodyAdministrationDlg::isCalTargetlibactive() const
 {
-    const auto active = m_link.text("status active");
+    const ControllerLink link = m_link;
+    const auto active = link.text("status active");
     if (!active)
-        m_link.log(QStringLiteral("Error: Unable to get state of calibration"));
+        link.log(QStringLiteral("Error: Unable to get state of calibration"));
     return active && *active != QLatin1String("none");
 }
 
@@ -458,7 +467,8 @@ void BodyAdministrationDlg::onReceiveBodyAdjustmentAvailable()
 
 bool BodyAdministrationDlg::is_config_locked() const
 {
-    return m_link.isConfigLocked();
+    const ControllerLink link = m_link;
+    return link.isConfigLocked();
 }
 
 void BodyAdministrationDlg::update_config_locked()

@@ -39,7 +39,10 @@ BodySettingsDlg::BodySettingsDlg(IOManager *iom, QWidget *parent, BackendVersion
     show_fixed_angle_button(true);
 }
 
-BodySettingsDlg::~BodySettingsDlg() = default;
+BodySettingsDlg::~BodySettingsDlg()
+{
+    m_link.close();
+}
 
 void BodySettingsDlg::setupTable()
 {

@@ -39,7 +39,10 @@ FixedAngleDlg::FixedAngleDlg(IOManager *iom, QWidget *parent, BackendVersions *b
     resizeToFont();
 }
 
-FixedAngleDlg::~FixedAngleDlg() = default;
+FixedAngleDlg::~FixedAngleDlg()
+{
+    m_link.close();
+}
 
 int FixedAngleDlg::update_and_exec()
 {

@@ -19,49 +19,82 @@ int Targetlibrary::missing() const
            + m_unreadGroups.size() + m_unreadMembers.size();
 }
 
+Targetlibrary::~Targetlibrary()
+{
+    m_link.close();
+}
+
 bool Targetlibrary::readMissing()
 {
     const int missingBefore = missing();
     const int known = map_targets.size() + map_groupOfTarget.size();
     if (missingBefore == 0)
         return false;
-    if (m_isTargetCountUnread)
-        fillTargetMap();
-    for (const int number : std::exchange(m_unreadTargets, {}))
-        readTarget(number);
-    if (m_isGroupCountUnread)
-        fillGroupOfTargetMap();
-    for (const UnreadGroup &group : std::exchange(m_unreadGroups, {}))
-        readGroup(group);
-    for (const UnreadMember &member : std::exchange(m_unreadMembers, {}))
-        readMember(member);
+    const ControllerLink link = m_link;
+    readUnread();
+    if (link.isClosed())
+        return false;
     updateTargetMapWithgroups();
     return missing() != missingBefore || map_targets.size() + map_groupOfTarget.size() != known;
 }
 
+void Targetlibrary::readUnread()
+{
+    const ControllerLink link = m_link;
+    if (m_isTargetCountUnread)
+        fillTargetMap();
+    if (link.isClosed())
+        return;
+    for (const int number : std::exchange(m_unreadTargets, {})) {
+        if (!link.isClosed())
+            readTarget(number);
+    }
+    if (!link.isClosed() && m_isGroupCountUnread)
+        fillGroupOfTargetMap();
+    if (link.isClosed())
+        return;
+    for (const UnreadGroup &group : std::exchange(m_unreadGroups, {})) {
+        if (!link.isClosed())
+            readGroup(group);
+    }
+    if (link.isClosed())
+        return;
+    for (const UnreadMember &member : std::exchange(m_unreadMembers, {})) {
+        if (!link.isClosed())
+            readMember(member);
+    }
+}
+
 void Targetlibrary::fillTargetMap()
 {
-    const auto count = m_link.count("targetlib number_of_targets");
+    const ControllerLink link = m_link;
+    const auto count = link.count("targetlib number_of_targets");
+    if (link.isClosed())
+        return;
     m_isTargetCountUnread = !count;
-    for (int number = 1; number <= count.value_or(0); ++number)
+    for (int number = 1; !link.isClosed() && number <= count.value_or(0); ++number)
         readTarget(number);
 }
 
 void Targetlibrary::readTarget(int number)
 {
+    const ControllerLink link = m_link;
     const QString tid = QStringLiteral("t%1").arg(number, 2, 10, QLatin1Char('0'));
     const QByteArray tidWord = ControllerLink::argument(tid);
-    const auto name = m_link.text("targetlib target_name %s", tidWord.constData());
-    if (!name) {
-        m_link.log(QStringLiteral("Error: Unable to get target name"));
+    const auto name = link.text("targetlib target_name %s", tidWord.constData());
+    if (!name)
+        link.log(QStringLiteral("Error: Unable to get target name"));
+    if (!name && !link.isClosed())
         m_unreadTargets.append(number);
+    if (!name)
         return;
-    }
-    const QString calibrated = m_link.text("targetlib target_status_calibrated t%02d", number)
+    const QString calibrated = link.text("targetlib target_status_calibrated t%02d", number)
                                        .value_or(QStringLiteral("none"));
-    const auto bodyType = m_link.text("targetlib target_bodytype %s", tidWord.constData());
+    const auto bodyType = link.text("targetlib target_bodytype %s", tidWord.constData());
     if (!bodyType)
-        m_link.log(QStringLiteral("Error: Unable to get body type"));
+        link.log(QStringLiteral("Error: Unable to get body type"));
+    if (link.isClosed())
+        return;
     auto *target = new Target(this);
     target->setId(tid);
     target->setShortName(name->section(QLatin1Char(' '), 0, 0).remove(QLatin1Char('\'')));
@@ -73,36 +106,42 @@ void Targetlibrary::readTarget(int number)
 
 void Targetlibrary::fillGroupOfTargetMap()
 {
-    const auto groups = m_link.count("targetlib number_of_groups");
+    const ControllerLink link = m_link;
+    const auto groups = link.count("targetlib number_of_groups");
+    if (link.isClosed())
+        return;
     m_isGroupCountUnread = !groups;
-    for (int number = 1; number <= groups.value_or(0); ++number)
+    for (int number = 1; !link.isClosed() && number <= groups.value_or(0); ++number)
         readGroup({number, QString()});
 }
 
 void Targetlibrary::readGroup(UnreadGroup group)
 {
+    const ControllerLink link = m_link;
     if (group.name.isNull()) {
-        const auto name = m_link.text("targetlib group_name g%02d", group.number);
-        if (!name) {
-            m_link.log(QStringLiteral("Error: Unable to get group name"));
+        const auto name = link.text("targetlib group_name g%02d", group.number);
+        if (!name)
+            link.log(QStringLiteral("Error: Unable to get group name"));
+        if (!name && !link.isClosed())
             m_unreadGroups.append(group);
+        if (!name)
             return;
-        }
         group.name = *name;
     }
-    const auto members = m_link.count("targetlib number_of_group_members g%02d", group.number);
-    if (!members)
+    const auto members = link.count("targetlib number_of_group_members g%02d", group.number);
+    if (!members && !link.isClosed())
         m_unreadGroups.append(group);
-    for (int member = 1; member <= members.value_or(0); ++member)
+    for (int member = 1; !link.isClosed() && member <= members.value_or(0); ++member)
         readMember({group.number, member, group.name});
 }
 
 void Targetlibrary::readMember(const UnreadMember &member)
 {
-    const auto tid = m_link.text("targetlib group_member g%02d m%02d", member.group, member.member);
+    const ControllerLink link = m_link;
+    const auto tid = link.text("targetlib group_member g%02d m%02d", member.group, member.member);
     if (tid)
         map_groupOfTarget.insert(ControllerLink::withoutDoubleQuotes(*tid), member.groupName);
-    else
+    else if (!link.isClosed())
         m_unreadMembers.append(member);
 }
 

@@ -19,8 +19,11 @@ class Targetlibrary : public QObject {
 
 public:
     Targetlibrary(IOManager *iom, BackendVersions *beVers, QObject *parent = nullptr);
+    ~Targetlibrary() override;
 
-    /** Asks again what could not be read; nothing is asked when all was. True when more is known.
+    /**
+     * Asks again what could not be read; nothing is asked when all was. True when more is known;
+     * false when the library was deleted meanwhile.
      */
     bool readMissing();
 
@@ -58,6 +61,7 @@ private:
     void readTarget(int number);
     void readGroup(UnreadGroup group);
     void readMember(const UnreadMember &member);
+    void readUnread();
     int missing() const;
 
     QMap<QString, Target *> map_targets;

@@ -2,6 +2,7 @@
 
 #include "BackendVersions.h"
 #include "IOManager.h"
+#include "hostcall.h"
 #include "linkobserver.h"
 
 #include <array>
@@ -88,6 +89,7 @@ public:
     }
 
 private:
+    const HostCall m_call; ///< ends last, after the observer has heard of it
     const std::shared_ptr<const Host> m_host;
     const QPointer<LinkObserver> m_observer;
 };
@@ -193,6 +195,7 @@ bool ControllerLink::command(const char *format, ...) const
 
 void ControllerLink::log(const QString &line) const
 {
+    const HostCall call;
     const QPointer<LinkObserver> observer = m_observer;
     if (m_host->iom)
         m_host->iom->send_message("standard", "MORVEK3", messageKind, line.toUtf8().constData());
@@ -208,6 +211,7 @@ void ControllerLink::notice(const QString &line) const
 
 void ControllerLink::post(const char *channel, const QString &request) const
 {
+    const HostCall call;
     if (m_host->iom) {
         m_host->iom->send_message(channel, "BodyAdministrationModule", messageKind,
                                   request.toUtf8().constData());

@@ -7,6 +7,8 @@
 #include "filtercommands.h"
 #include "filterhelp.h"
 #include "filterreader.h"
+#include "hostcall.h"
+#include "lateparent.h"
 #include "linkobserver.h"
 #include "plaintext.h"
 #include "scopedflag.h"
@@ -43,20 +45,17 @@ void showChoices(QComboBox *box, const QVector<FilterReader::Choice> &choices)
 } // namespace
 
 FilterDialog::FilterDialog(IOManager *iom, QWidget *parent, BackendVersions *beVers)
-    : QDialog(parent),
-      ui(std::make_unique<Ui::FilterDialog>()),
-      iom(iom),
-      beVers(beVers),
-      m_observer(new LinkObserver(this))
+    : ui(std::make_unique<Ui::FilterDialog>()),
+      m_observer(new LinkObserver(this)),
+      m_link(iom, beVers, m_observer)
 {
     const Waiting waiting(m_observer, Waiting::For::Refresh, tr("Reading the filter ..."));
+    const LateParent late(parent, m_link);
     ui->setupUi(this);
     m_strength.emplace(ui->doubleSpinBox_strength);
     m_predictionMs.emplace(ui->spinBox_prediction);
     WheelGuard::protect(this);
     ui->messageLine->follow(m_observer);
-    if (parent)
-        setWindowIcon(parent->windowIcon());
     auto *watch = new ConfigurationWatch(iom, this);
     // What is shown belongs to the configuration that is gone: nothing of it is sent any more.
     connect(watch, &ConfigurationWatch::changed, this, [this] { m_outdated = true; });
@@ -67,10 +66,13 @@ FilterDialog::FilterDialog(IOManager *iom, QWidget *parent, BackendVersions *beV
     setup_spinBox_strength();
     setup_spinBox_prediction();
     setup_comboBox_mode();
+    late.adopt(this);
 }
 
 FilterDialog::~FilterDialog()
 {
+    m_link.close();
+    HostCall::keepWidgetsOf(this);
     qDeleteAll(listPresets);
 }
 
@@ -78,7 +80,8 @@ int FilterDialog::update_and_exec(int bodyType, int bodyIndex)
 {
     m_bodyType = bodyType;
     m_bodyIndex = bodyIndex;
-    return readFilter(QString()) ? exec() : int(Rejected);
+    // Without its parent, which the host may have deleted, it is not shown.
+    return readFilter(QString()) && !m_link.isClosed() ? exec() : int(Rejected);
 }
 
 void FilterDialog::readAgain()
@@ -473,14 +476,10 @@ void FilterDialog::on_pushButton_exit_clicked()
     close();
 }
 
-ControllerLink FilterDialog::link() const
-{
-    return ControllerLink(iom, beVers, m_observer);
-}
-
+// By value: a host may delete the dialog while it works.
 FilterReader FilterDialog::reader() const
 {
-    return FilterReader(link(), this);
+    return FilterReader(m_link, this);
 }
 
 QString FilterDialog::currentBody() const

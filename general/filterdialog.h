@@ -112,16 +112,15 @@ private:
     void updatePresetValues();
     static QString shownName(const QString &type, const FilterReader::Body &body);
     void updateFilterValues();
-    ControllerLink link() const;
+    ControllerLink link() const { return m_link; }
     FilterReader reader() const;
     QString currentBody() const;
     QString currentPreset() const;
     bool isOwnPresetActive() const;
 
     std::unique_ptr<Ui::FilterDialog> ui;
-    IOManager *iom;
-    BackendVersions *beVers;
     LinkObserver *m_observer;
+    ControllerLink m_link;
     bool bUserAction = false; ///< false while the dialog fills its own widgets
     QMap<QString, bool> mapIsTargetInertial;
     QList<PresetInfo *> listPresets; ///< owned

@@ -283,15 +283,15 @@ bool BodyReader::isSensorPresent(const QString &type, int index) const
     const auto available = m_link.flag("inertial available");
     if (!available)
         m_link.log(QStringLiteral("Error: Unable to get availability of inertial sensors"));
-    if (!available.value_or(false))
+    if (m_link.isClosed() || !available.value_or(false))
         return false;
     const auto sensor = m_link.name("body inertial_sensor %s b%02d",
                                     ControllerLink::argument(type).constData(), index + 1);
-    if (!sensor) {
+    if (!sensor && m_link.isClosed())
+        return false; // and the word for the type is gone with the tab
+    if (!sensor)
         log(QStringLiteral("Error: Unable to get inertial sensor of body %1 b%2"), type, index);
-        return false;
-    }
-    if (*sensor == QLatin1String("none"))
+    if (!sensor || *sensor == QLatin1String("none"))
         return false;
     const auto present = m_link.flag("inertial sensor_present %s",
                                      ControllerLink::argument(*sensor).constData());
@@ -333,7 +333,8 @@ int BodyReader::readMaximum(BodyRegistry &registry, const QString &type) const
     }
     if (!read)
         m_link.log(error.arg(type));
-    if (AdminBodyType *record = registry.find(type))
+    AdminBodyType *record = m_link.isClosed() ? nullptr : registry.find(type);
+    if (record)
         record->isLimitRead = read.has_value();
     return limit;
 }

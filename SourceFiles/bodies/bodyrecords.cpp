@@ -1,7 +1,5 @@
 #include "bodies/bodyrecords.h"
 
-#include <algorithm>
-
 void BodyRecords::registerBodyType(const QString &type)
 {
     const ControllerLink host = link();
@@ -16,13 +14,24 @@ void BodyRecords::registerBodyType(const QString &type)
 
 QStringList BodyRecords::readMissingOfTypes()
 {
-    QStringList types = bodytypes.names();
-    const auto nothingNew = [this](const QString &type) {
-        AdminBodyType *record = bodytypes.find(type);
-        return !record || !m_reader.readMissing(*record, type);
-    };
-    types.erase(std::remove_if(types.begin(), types.end(), nothingNew), types.end());
-    return types;
+    QStringList found;
+    const ControllerLink host = link();
+    const QStringList types = bodytypes.names();
+    for (const QString &type : types) {
+        AdminBodyType read = bodytypes.type(type);
+        const bool isMoreKnown = reader().readMissing(read, type);
+        if (host.isClosed())
+            return {};
+        AdminBodyType *record = isMoreKnown ? bodytypes.find(type) : nullptr;
+        if (!record)
+            continue;
+        record->typedesc = read.typedesc;
+        record->isDescriptionMissing = read.isDescriptionMissing;
+        record->filter6dAvailable = read.filter6dAvailable;
+        record->isFilterMissing = read.isFilterMissing;
+        found.append(type);
+    }
+    return found;
 }
 
 void BodyRecords::updateBodyInfo(const QString &type, int index)

@@ -2,6 +2,7 @@
 
 #include "bodies/bodyregistry.h"
 #include "controllerlink.h"
+#include "hostcall.h"
 #include "support/columnsizingpause.h"
 
 #include <QCoreApplication>
@@ -164,7 +165,7 @@ void BodyTableFiller::fill(const QString &type, const CustomCell &custom) const
             QTableWidgetItem wanted = cell(kind, m_registry.type(type), row);
             if (kind == COLUMN_TYPE_CUSTOM)
                 custom(type, row, column, &wanted);
-            if (!table)
+            if (!table || HostCall::isKept(table))
                 return;
             put(table, row, column, wanted, &pause);
         }

@@ -61,12 +61,11 @@ void TargetAssignment::refreshUsed(const QStringList &targetIds) const
 
 void TargetAssignment::refreshTracked(Target *target) const
 {
+    const QString id = target->id();
     const auto state = m_link.text("targetlib target_status_tracked %s",
-                                   ControllerLink::argument(target->id()).constData());
-    if (!state) {
-        m_link.log(QStringLiteral("Error: Unable to get tracked state of target %1")
-                           .arg(target->id()));
-    }
+                                   ControllerLink::argument(id).constData());
+    if (!state)
+        m_link.log(QStringLiteral("Error: Unable to get tracked state of target %1").arg(id));
     if (isClosed())
         return;
     target->setIsTracked(state && state->startsWith(QLatin1String("ye")));

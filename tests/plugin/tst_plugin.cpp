@@ -1,12 +1,14 @@
 #include "pluginhost.h"
 
 #include <QAction>
-#include <QCoreApplication>
+#include <QApplication>
+#include <QComboBox>
 #include <QDialog>
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QPointer>
 #include <QTest>
+#include <QTimer>
 
 namespace {
 
@@ -59,6 +61,7 @@ private slots:
     void parentMayBeDeletedBeforeTheShutDown();
     void unloadingWithoutExitLeavesTheDialogsToTheirParent();
     void loadUseUnloadTwice();
+    void exitAndUnloadAroundAnOperation();
 
 private:
     QStringList m_warnings;
@@ -385,6 +388,34 @@ void tst_plugin::loadUseUnloadTwice()
         // What was posted to objects of the plug-in must not be delivered to unloaded code.
         QCoreApplication::processEvents();
     }
+}
+
+void tst_plugin::exitAndUnloadAroundAnOperation()
+{
+    PluginHost host;
+    const QList<_GuiElement *> elements = host.start();
+    bool hasLeft = false;
+    QTimer::singleShot(0, &host.mainWindow, [&] {
+        QWidget *dialog = QApplication::activeModalWidget();
+        auto *page = dialog->findChild<QWidget *>(QStringLiteral("StandardAdministrationClass"));
+        auto *category = page->findChild<QComboBox *>(QStringLiteral("comboBox_filter"));
+        connect(host.io.get(), &SimulatedIOManager::recorded, &host.mainWindow, [&] {
+            if (std::exchange(hasLeft, true))
+                return;
+            host.module()->about_to_exit_module();
+            host.module()->exit_module();
+            host.io->clearTranscript();
+        });
+        category->setFocus();
+        QTest::keyClick(category, Qt::Key_Down);
+    });
+    elements.at(1)->menu_entry->trigger();
+    QVERIFY(hasLeft);
+    QVERIFY(!elements.at(1)->content);
+    QCOMPARE(lines(*host.io), QStringList());
+    // The combo box outlived the dialog to the end of its event; nothing of it is left behind.
+    QVERIFY(host.loader.unload());
+    QCoreApplication::processEvents();
 }
 
 QTEST_MAIN(tst_plugin)
