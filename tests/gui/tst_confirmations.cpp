@@ -23,6 +23,8 @@ struct Question {
     QMessageBox::StandardButton accept = QMessageBox::Yes;
 };
 
+using Change = std::function<void(ControllerState &)>;
+
 QTableWidget *tableOf(QWidget *page, const char *name)
 {
     return Drive::find<QTableWidget>(page, name);
@@ -54,6 +56,7 @@ std::function<void(QWidget *)> assigning(const char *name, int row, const QStrin
 } // namespace
 
 Q_DECLARE_METATYPE(Question)
+Q_DECLARE_METATYPE(Change)
 
 /** What was confirmed is what is done; what was typed goes where it was meant to go. */
 class tst_Confirmations : public AdministrationFixture {
@@ -64,6 +67,7 @@ private slots:
     void anotherConfigurationVoidsTheAnswer();
     void aLockVoidsTheAnswer_data();
     void aLockVoidsTheAnswer();
+    void anotherClientsChangeVoidsTheAnswer_data();
     void anotherClientsChangeVoidsTheAnswer();
     void unchangedAnswerCounts_data();
     void unchangedAnswerCounts();
@@ -73,14 +77,18 @@ private slots:
     void clicksBehindASlowQueryOpenOneWindow_data();
     void clicksBehindASlowQueryOpenOneWindow();
     void clickAfterAKeyAnnouncesTheBody();
-    void leavingThePageTakesOverAName_data();
+    void leavingThePageTakesOverAName_data() { addWaysToLeave(); }
     void leavingThePageTakesOverAName();
+    void leavingThePageTakesOverACount_data() { addWaysToLeave(); }
     void leavingThePageTakesOverACount();
     void escapeDiscardsAName();
     void escapeDiscardsACount();
 
 private:
     static void addQuestions();
+    static void addWaysToLeave();
+    static void leave(QWidget *window, QWidget *editor, const QString &way);
+    static void activateOther(QWidget *window);
     void ask(TestHost &host, const Question &question, const std::function<void()> &meanwhile);
 };
 
@@ -184,23 +192,68 @@ void tst_Confirmations::aLockVoidsTheAnswer()
     QCOMPARE(host.log(), QStringList(changedLine));
 }
 
+void tst_Confirmations::anotherClientsChangeVoidsTheAnswer_data()
+{
+    QTest::addColumn<Question>("question");
+    QTest::addColumn<Change>("change");
+    const auto body = [](int index, const std::function<void(BodyState &)> &change) {
+        return Change(
+                [=](ControllerState &state) { change(state.bodyTypes["standard"].bodies[index]); });
+    };
+    const Question deletion{standardPage, clicking("tableWidget_standard", 1, deleteColumn), morvek,
+                            "Delete geometry of Standard body 02?\nGlasses round"};
+    QTest::newRow("name") << deletion
+                          << body(1, [](BodyState &b) { b.description = QStringLiteral("Mine"); });
+    QTest::newRow("target") << deletion << body(1, [](BodyState &b) { b.target.clear(); });
+    QTest::newRow("sensor") << deletion << body(1, [](BodyState &b) {
+        b.sensor = QStringLiteral("vendortwo core 'C3'");
+    });
+    QTest::newRow("reference") << deletion << Change([](ControllerState &state) {
+        state.trackingReference = QStringLiteral("standard b02");
+    });
+    QTest::newRow("number") << deletion << Change([](ControllerState &state) {
+        state.bodyTypes["standard"].bodies.resize(5);
+    });
+    const Question reset{standardPage, clicking("tableWidget_standard", 3, resetColumn), morvek,
+                         "Reset Standard body 04?\nHand eye calibration will be deleted!\n"
+                         "Camera rig"};
+    QTest::newRow("sensor of a reset") << reset << body(3, [](BodyState &b) { b.sensor.clear(); });
+    const auto references = "tableWidget_ref";
+    const Question toolDeletion{toolsPage, clicking(references, 0, 4), morvek,
+                                "Delete Measurement Tool reference body 01?\nIf yes, the "
+                                "assignment to the Measurement Tool will be deleted.\nContinue?"};
+    const Question toolActivity{toolsPage, toggling(references, 0, 1), morvek,
+                                "After deactivating the reference,\nthe corresponding Measurement "
+                                "Tool will not be tracked.\nContinue?"};
+    const auto tool = [](int index, const char *reference) {
+        return Change([=](ControllerState &state) {
+            state.bodyTypes["measurementtool"].bodies[index].reference =
+                    QString::fromLatin1(reference);
+        });
+    };
+    QTest::newRow("one tool more, delete") << toolDeletion << tool(1, "b01");
+    QTest::newRow("no tool, delete") << toolDeletion << tool(0, "");
+    QTest::newRow("one tool more, deactivate") << toolActivity << tool(1, "b01");
+    QTest::newRow("no tool, deactivate") << toolActivity << tool(0, "");
+}
+
 void tst_Confirmations::anotherClientsChangeVoidsTheAnswer()
 {
+    QFETCH(Question, question);
+    QFETCH(Change, change);
     TestHost host;
-    openAt(host, standardPage, [&](QWidget *page) {
-        QTableWidget *bodies = table(page, "tableWidget_standard");
+    const auto refresh = [&] {
+        host.edit(change);
+        host.io.send_message("BodyAdministrationModule", "Any", 1, "reopen");
+        Drive::settle();
+    };
+    BodyAdministrationDlg dialog(&host.io, &host.mainWindow, &host.versions);
+    open(&dialog, [&](QWidget *window) {
+        goTo(window, question.form);
         host.clear();
-        robot().expectBox(
-                morvek, QStringLiteral("Delete geometry of Standard body 02?\nGlasses round"),
-                Box::Yes, [&] {
-                    host.edit([](ControllerState &state) {
-                        state.bodyTypes["standard"].bodies[1].description = QStringLiteral("Mine");
-                    });
-                    host.io.send_message("BodyAdministrationModule", "Any", 1, "reopen");
-                    Drive::settle();
-                });
-        Drive::clickCell(bodies, 1, deleteColumn);
-        QCOMPARE(Drive::cell(bodies, 1, 3), QStringLiteral("Mine"));
+        robot().expectBox(question.title, question.text, question.accept, refresh);
+        question.ask(page(window, question.form));
+        Drive::settle();
     });
     QCOMPARE(changes(host), QStringList());
     QCOMPARE(host.log(), QStringList(changedLine));
@@ -337,13 +390,38 @@ void tst_Confirmations::clickAfterAKeyAnnouncesTheBody()
 
 // What is typed when the page is left
 
-void tst_Confirmations::leavingThePageTakesOverAName_data()
+void tst_Confirmations::leave(QWidget *window, QWidget *editor, const QString &way)
+{
+    if (way == QLatin1String("F8"))
+        QTest::keyClick(editor, Qt::Key_F8);
+    else if (way == QLatin1String("tab"))
+        goTo(window, joywandPage);
+    else if (way == QLatin1String("Ctrl+Tab"))
+        QTest::keyClick(pages(window), Qt::Key_Tab, Qt::ControlModifier);
+    else if (way == QLatin1String("Exit"))
+        Drive::click(window, "pushButton_exit");
+    else
+        activateOther(window);
+    Drive::settle();
+    const bool isLeft = way != QLatin1String("Exit") && way != QLatin1String("another window");
+    QCOMPARE(pages(window)->currentIndex(), isLeft ? 1 : 0);
+    QCOMPARE(window->isVisible(), way != QLatin1String("Exit"));
+}
+
+void tst_Confirmations::activateOther(QWidget *window)
+{
+    QWidget other;
+    other.show();
+    QApplication::setActiveWindow(&other);
+    Drive::settle();
+    QApplication::setActiveWindow(window);
+}
+
+void tst_Confirmations::addWaysToLeave()
 {
     QTest::addColumn<QString>("way");
-    QTest::newRow("F8") << "F8";
-    QTest::newRow("tab") << "tab";
-    QTest::newRow("Ctrl+Tab") << "key";
-    QTest::newRow("Exit") << "Exit";
+    for (const char *way : {"F8", "tab", "Ctrl+Tab", "Exit", "another window"})
+        QTest::newRow(way) << way;
 }
 
 void tst_Confirmations::leavingThePageTakesOverAName()
@@ -353,22 +431,13 @@ void tst_Confirmations::leavingThePageTakesOverAName()
     BodyAdministrationDlg dialog(&host.io, &host.mainWindow, &host.versions);
     open(&dialog, [&](QWidget *window) {
         QTableWidget *bodies = table(window, "tableWidget_standard");
+        QApplication::setActiveWindow(window);
         Drive::doubleClickCell(bodies, 0, 3);
         auto *editor = bodies->viewport()->findChild<QLineEdit *>();
         editor->selectAll();
         QTest::keyClicks(editor, QStringLiteral("Hat"));
         host.clear();
-        if (way == QLatin1String("F8"))
-            QTest::keyClick(editor, Qt::Key_F8);
-        else if (way == QLatin1String("tab"))
-            goTo(window, joywandPage);
-        else if (way == QLatin1String("key"))
-            QTest::keyClick(pages(window), Qt::Key_Tab, Qt::ControlModifier);
-        else
-            Drive::click(window, "pushButton_exit");
-        Drive::settle();
-        QCOMPARE(pages(window)->currentIndex(), way == QLatin1String("Exit") ? 0 : 1);
-        QCOMPARE(window->isVisible(), way != QLatin1String("Exit"));
+        leave(window, editor, way);
     });
     Drive::settle();
     QCOMPARE(changes(host), QStringList{QStringLiteral("body desc standard b01 \"Hat\"")});
@@ -377,18 +446,19 @@ void tst_Confirmations::leavingThePageTakesOverAName()
 
 void tst_Confirmations::leavingThePageTakesOverACount()
 {
+    QFETCH(QString, way);
     TestHost host;
     BodyAdministrationDlg dialog(&host.io, &host.mainWindow, &host.versions);
     open(&dialog, [&](QWidget *window) {
         auto *count = Drive::find<QSpinBox>(window, "spinBox_standard_bodies");
+        QApplication::setActiveWindow(window);
         count->setFocus();
         count->selectAll();
         QTest::keyClicks(count, QStringLiteral("9"));
         host.clear();
-        QTest::keyClick(count, Qt::Key_F8);
-        Drive::settle();
-        QCOMPARE(pages(window)->currentIndex(), 1);
+        leave(window, count, way);
     });
+    Drive::settle();
     QCOMPARE(changes(host), QStringList{QStringLiteral("standard number_of_bodies 9")});
 }
 
