@@ -1,5 +1,7 @@
 #include "BodyTypeAdministrationTab.h"
 #include "administrationfixture.h"
+#include "standardadministration.h"
+#include "targetlibrary.h"
 
 #include <QComboBox>
 #include <QHeaderView>
@@ -8,6 +10,13 @@ namespace {
 
 const QString customCheck = QStringLiteral("morvek2 targetlib check_custom_calibration");
 const QString found = QStringLiteral("- Found Targets -");
+
+/** A page that shows which target row it remembers. */
+class RememberingPage : public StandardAdministration {
+public:
+    using StandardAdministration::selectedRowTl;
+    using StandardAdministration::StandardAdministration;
+};
 
 } // namespace
 
@@ -22,6 +31,7 @@ private slots:
     void readsCustomCalibrationsWhileNoSearchRuns();
     void failedTargetQuery_data();
     void failedTargetQuery();
+    void currentRowIsRemembered();
 };
 
 void tst_TargetTable::targetTableIsSetUp()
@@ -142,6 +152,26 @@ void tst_TargetTable::failedTargetQuery()
         QCOMPARE(host.log(), log);
         QCOMPARE(Drive::column(targets(window), 3), used);
     });
+}
+
+void tst_TargetTable::currentRowIsRemembered()
+{
+    TestHost host;
+    Targetlibrary library(&host.io, &host.versions, nullptr);
+    RememberingPage page(&host.io, nullptr, &host.versions, QStringLiteral("1"), &library);
+    page.show();
+    Drive::holdTimers(&page);
+    QCOMPARE(page.selectedRowTl, -1);
+    Drive::choose(Drive::find<QComboBox>(&page, "comboBox_filter"), QStringLiteral("Cross Target"));
+    QTableWidget *targets = table(&page, "tableWidget_targetlibrary");
+    auto *tracked = page.findChild<QTimer *>(QStringLiteral("timerCheckForTracked_tl"));
+    tracked->start(603);
+    Drive::clickCell(targets, 2, 1);
+    QVERIFY(Drive::tick(&page, "timerCheckForTracked_tl"));
+    QCOMPARE(page.selectedRowTl, 2);
+    Drive::clickCell(targets, 4, 1);
+    QVERIFY(Drive::tick(&page, "timerCheckForTracked_tl"));
+    QCOMPARE(page.selectedRowTl, 4);
 }
 
 TRACKING_TEST_MAIN(tst_TargetTable)
