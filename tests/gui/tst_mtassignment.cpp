@@ -17,6 +17,8 @@ private slots:
     void assignsTarget();
     void takesTargetFromStandardBody_data();
     void takesTargetFromStandardBody();
+    void unreadableHolderIsLogged_data();
+    void unreadableHolderIsLogged();
     void listsTargetsOfCategory();
     void keepsSelectionsAcrossRefills();
     void keepsSelectionsWithinShrunkTables();
@@ -134,6 +136,35 @@ void tst_MtAssignment::takesTargetFromStandardBody()
         QVERIFY(!asked.contains("body targetlib_name standard b07"));
     });
     QCOMPARE(host.log(), line.isEmpty() ? QStringList() : QStringList{line});
+}
+
+void tst_MtAssignment::unreadableHolderIsLogged_data()
+{
+    QTest::addColumn<QString>("query");
+    QTest::addColumn<QString>("line");
+    QTest::newRow("number of bodies") << "standard number_of_bodies"
+                                      << "Error: Unable to get number of standard bodies";
+    QTest::newRow("target of a body") << "body targetlib_name standard b01"
+                                      << "Error: Unable to get targetlib name of body standard b01";
+}
+
+void tst_MtAssignment::unreadableHolderIsLogged()
+{
+    QFETCH(QString, query);
+    QFETCH(QString, line);
+    ControllerState state = studio();
+    bodies(state, "measurementtool_reference")[1].description.clear();
+    TestHost host(state);
+    openAt(host, toolsPage, [&](QWidget *shown) {
+        Drive::clickCell(references(shown), 1, idColumn);
+        pickTarget(shown, QStringLiteral("TR02"));
+        host.fault(QStringLiteral("get %1 always fail").arg(query));
+        host.clear();
+        Drive::click(shown, "pushButton_select");
+        QCOMPARE(host.log(), QStringList(line));
+        // What nobody is known to hold is assigned all the same.
+        QCOMPARE(changes(host).size(), 1);
+    });
 }
 
 void tst_MtAssignment::listsTargetsOfCategory()

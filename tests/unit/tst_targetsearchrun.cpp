@@ -305,6 +305,8 @@ void tst_TargetSearchRun::countsTracked()
     for (const QString &tid : qAsConst(asked))
         lines << "targetlib target_status_tracked " + tid;
     QCOMPARE(host.lines(), lines);
+    const QString lost = QStringLiteral("Error: Unable to get tracked state of target t16");
+    QCOMPARE(host.log(), rule.endsWith(QLatin1String("fail")) ? QStringList(lost) : QStringList());
 }
 
 void tst_TargetSearchRun::countsNothingInAnEmptyLibrary()
