@@ -106,6 +106,13 @@ void compareBodyTables(QStringList *lines, const ControllerState &state, const Q
     }
 }
 
+bool isOlderThan(const ControllerState &state, int minor)
+{
+    VersionInfo protocol;
+    protocol.fromString(state.protocol);
+    return protocol < VersionInfo(1, minor, -1);
+}
+
 bool isAssigned(const ControllerState &state, const TargetState &target)
 {
     for (const BodyTypeState &type : state.bodyTypes) {
@@ -141,7 +148,10 @@ void compareTargets(QStringList *lines, const ControllerState &state, const QWid
                 target ? target->longName : QStringLiteral("(no such target)"));
         const QString used = model->index(row, 3).data().toString();
         const bool mayBeCustom = target && target->custom && used == QLatin1String("custom");
-        if (target && !mayBeCustom) {
+        // Older controllers do not tell which target a body has, so nobody knows which one it
+        // frees.
+        const bool mayBeFreed = isOlderThan(state, 11) && used == QLatin1String("yes");
+        if (target && !mayBeCustom && !mayBeFreed) {
             compare(lines, place + QStringLiteral(" Used"), used,
                     isAssigned(state, *target) ? QStringLiteral("yes") : QString());
         }
@@ -166,10 +176,8 @@ void compareSingleMarkers(QStringList *lines, const ControllerState &state, cons
     if (const QWidget *box = shown(dialog, "checkBox_autoReStart"))
         compare(lines, box->objectName(), WidgetText::of(box), checkText(state.autoRestart));
     // Older controllers do not tell the axis.
-    VersionInfo protocol;
-    protocol.fromString(state.protocol);
     const QWidget *axis = shown(dialog, "comboBox_5dofAxis");
-    if (axis && protocol >= VersionInfo(1, 12, -1) && !axisName(state).isEmpty())
+    if (axis && !isOlderThan(state, 12) && !axisName(state).isEmpty())
         compare(lines, axis->objectName(), WidgetText::of(axis), axisName(state));
 }
 
@@ -206,9 +214,13 @@ void compareFilter(QStringList *lines, const ControllerState &state, const QWidg
         if (modes && mode.id == body->filterMode)
             compare(lines, modes->objectName(), WidgetText::of(modes), mode.description);
     }
-    const QWidget *presets = shown(dialog, "comboBox_preset");
+    const auto *presets = qobject_cast<const QComboBox *>(shown(dialog, "comboBox_preset"));
     for (const FilterPresetState &preset : state.filterPresets) {
-        if (presets && preset.id == body->filterPreset)
+        // Older controllers do not tell which presets a body with a sensor can have; two are
+        // offered.
+        const bool mayBeMissing = presets && isOlderThan(state, 21) && presets->currentIndex() < 0
+                                  && presets->findData(preset.id) < 0;
+        if (presets && !mayBeMissing && preset.id == body->filterPreset)
             compare(lines, presets->objectName(), WidgetText::of(presets), preset.description);
     }
 }
