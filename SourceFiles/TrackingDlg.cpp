@@ -30,6 +30,8 @@ TrackingDlg::TrackingDlg(IOManager *iom, QWidget *parent, BackendVersions *beVer
       m_configuration(new ConfigurationWatch(iom, this))
 {
     setupUi(this);
+    connectComboText(comboBox_5dofAxis, this,
+                     &TrackingDlg::on_comboBox_5dofAxis_currentIndexChanged);
     WheelGuard::protect(this);
     messageLine->follow(m_observer);
     layout()->setSizeConstraint(QLayout::SetFixedSize);

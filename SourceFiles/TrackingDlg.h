@@ -3,6 +3,7 @@
 #include "ui_TrackingDialog.h"
 
 #include "controllerlink.h"
+#include "qtportability.h"
 
 #include <QDialog>
 #include <QIcon>
@@ -84,7 +85,6 @@ public slots:
 private slots:
     void on_checkBox_force3d_stateChanged(int state);
     void on_checkBox_autoReStart_stateChanged(int state);
-    void on_comboBox_5dofAxis_currentIndexChanged(const QString &axis);
     void on_radioButton_cameraSynchronous_toggled(bool checked);
     void on_radioButton_frequency_toggled(bool checked);
     void on_radioButton_inertialSensor_toggled(bool checked);
@@ -95,6 +95,7 @@ private slots:
     void on_pushButton_advanced_clicked();
 
 private:
+    COMBO_TEXT_SLOT void on_comboBox_5dofAxis_currentIndexChanged(const QString &axis);
     bool readController();
     void applyConfigLock();
     void readMarkerCalculation();

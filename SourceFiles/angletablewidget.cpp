@@ -109,7 +109,10 @@ std::optional<FixedAngleBody> AngleTableWidget::body(int row) const
 
 int AngleTableWidget::leastAngleWidth() const
 {
-    QStyleOptionViewItem option = viewOptions();
+    QStyleOptionViewItem option;
+    option.initFrom(this);
+    option.font = font();
+    option.widget = this;
     option.features = QStyleOptionViewItem::HasCheckIndicator | QStyleOptionViewItem::HasDisplay;
     option.text = angleText(largestDegrees * -1.0);
     const int gridLine = 1;

@@ -30,6 +30,8 @@ MtAdministration::MtAdministration(IOManager *manager, QWidget *parent, BackendV
       m_editDelegate(new EditDelegate(this))
 {
     ui->setupUi(this);
+    connectComboText(ui->comboBox_filter, this,
+                     &MtAdministration::on_comboBox_filter_currentIndexChanged);
     setWhatsThis(tr("Administration of Measurement Tools"));
     TabWidgets widgets = commonTabWidgets(*ui);
     widgets.type = referenceType;

@@ -2,6 +2,7 @@
 
 #include "BodyTypeAdministrationTab.h"
 #include "bodies/bodycolumn.h"
+#include "qtportability.h"
 
 #include <memory>
 
@@ -42,9 +43,9 @@ protected:
 
 private slots:
     void on_tableWidget_ref_itemSelectionChanged();
-    void on_comboBox_filter_currentIndexChanged(const QString &group);
 
 private:
+    COMBO_TEXT_SLOT void on_comboBox_filter_currentIndexChanged(const QString &group);
     void setup_mt_table();
     void setup_ref_table();
     void setupTableWidgetData();

@@ -32,6 +32,8 @@ StandardAdministration::StandardAdministration(IOManager *manager, QWidget *pare
     ui->setupUi(this);
     // The dialog has a button of that text and access key, too; two keys of one name press none.
     ui->pushButton_filter->setShortcut(QKeySequence());
+    connectComboText(ui->comboBox_filter, this,
+                     &StandardAdministration::on_comboBox_filter_currentIndexChanged);
     setWhatsThis(tr("Administration of standard bodies"));
     TabWidgets widgets = commonTabWidgets(*ui);
     widgets.type = standardType;

@@ -2,6 +2,7 @@
 
 #include "BodyTypeAdministrationTab.h"
 #include "bodies/bodycolumn.h"
+#include "qtportability.h"
 
 #include <memory>
 
@@ -44,11 +45,11 @@ private slots:
     void on_pushButton_up_clicked();
     void on_pushButton_down_clicked();
     void on_tableWidget_standard_itemSelectionChanged();
-    void on_comboBox_filter_currentIndexChanged(const QString &group);
     void on_pushButton_customCalibration_clicked();
     void on_pushButton_filter_clicked();
 
 private:
+    COMBO_TEXT_SLOT void on_comboBox_filter_currentIndexChanged(const QString &group);
     void setup_standard_table();
     /** Kept for a caller that resizes columns; setting the table up sizes them already. */
     void set_table_column_size();

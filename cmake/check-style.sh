@@ -7,8 +7,8 @@ mode=(--dry-run -Werror)
 [[ ${1:-} == --fix ]] && mode=(-i)
 
 folders=()
-for folder in SourceFiles benchmarks examples general hostinterface simulator tests userinput \
-        workbench; do
+for folder in SourceFiles benchmarks examples general hostinterface portability simulator tests \
+        userinput workbench; do
     [[ -d $folder ]] && folders+=("$folder")
 done
 mapfile -t files < <(find "${folders[@]}" -name '*.cpp' -o -name '*.h' | sort)

@@ -36,7 +36,7 @@ QString decode(AnswerBuffer &buffer)
 }
 
 /** The formatted line, empty when it must not be sent. */
-__attribute__((format(printf, 1, 0))) QByteArray formatted(const char *format, va_list arguments)
+PRINTF_FORMAT(1, 0) QByteArray formatted(const char *format, va_list arguments)
 {
     const QString line = QString::vasprintf(format, arguments);
     if (line.contains(QLatin1Char('\n')) || line.contains(QLatin1Char('\r')))

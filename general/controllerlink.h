@@ -1,5 +1,7 @@
 #pragma once
 
+#include "printfformat.h"
+
 #include <QByteArray>
 #include <QPointer>
 #include <QString>
@@ -39,27 +41,25 @@ public:
      * The answer as text, with a replacement sign for each line break and control sign; nothing
      * when the query failed.
      */
-    std::optional<QString> text(const char *format, ...) const
-            __attribute__((format(printf, 2, 3)));
+    std::optional<QString> text(const char *format, ...) const PRINTF_FORMAT(2, 3);
     /** As text(), where a name or identifier is expected: a blank answer is "none" then. */
-    std::optional<QString> name(const char *format, ...) const
-            __attribute__((format(printf, 2, 3)));
+    std::optional<QString> name(const char *format, ...) const PRINTF_FORMAT(2, 3);
     /** The answer as a whole number; nothing when the query failed. */
-    std::optional<int> integer(const char *format, ...) const __attribute__((format(printf, 2, 3)));
+    std::optional<int> integer(const char *format, ...) const PRINTF_FORMAT(2, 3);
     /**
      * A number of things, 0 to 9999. Any other answer counts as a failed query: a
      * disturbed answer must not make a window build millions of rows.
      */
-    std::optional<int> count(const char *format, ...) const __attribute__((format(printf, 2, 3)));
+    std::optional<int> count(const char *format, ...) const PRINTF_FORMAT(2, 3);
     /** The answer as a finite number; nothing when the query failed. */
-    std::optional<double> real(const char *format, ...) const __attribute__((format(printf, 2, 3)));
+    std::optional<double> real(const char *format, ...) const PRINTF_FORMAT(2, 3);
     /** The answer as yes or no; nothing when the query failed. */
-    std::optional<bool> flag(const char *format, ...) const __attribute__((format(printf, 2, 3)));
+    std::optional<bool> flag(const char *format, ...) const PRINTF_FORMAT(2, 3);
 
     /** Sets a parameter; false when it was refused. */
-    bool set(const char *format, ...) const __attribute__((format(printf, 2, 3)));
+    bool set(const char *format, ...) const PRINTF_FORMAT(2, 3);
     /** Sends an action command; true only on the exact answer "morvek2 ok". */
-    bool command(const char *format, ...) const __attribute__((format(printf, 2, 3)));
+    bool command(const char *format, ...) const PRINTF_FORMAT(2, 3);
 
     /** Puts one line into the host's message log. */
     void log(const QString &line) const;

@@ -21,7 +21,7 @@ constexpr int longestAnswerBytes = 199;
 constexpr int overlongAnswerBytes = 3999;
 
 /** The line as printf makes it, in whatever locale the process runs. */
-__attribute__((format(printf, 1, 0))) QByteArray formatted(const char *format, va_list arguments)
+HOSTINTERFACE_PRINTF(1, 0) QByteArray formatted(const char *format, va_list arguments)
 {
     va_list again;
     va_copy(again, arguments);

@@ -9,6 +9,11 @@
 
 #include <functional>
 
+// A host's own interface header may not say how compilers check formats.
+#ifndef HOSTINTERFACE_PRINTF
+#define HOSTINTERFACE_PRINTF(formatIndex, firstArgument)
+#endif
+
 class FaultEngine;
 class SimulatedController;
 
@@ -36,13 +41,11 @@ public:
     ~SimulatedIOManager() override;
 
     int send_command(char *answer, const char *command) override;
-    int get_string(char *out, const char *format, ...) override
-            __attribute__((format(printf, 3, 4)));
-    int get_int(int *out, const char *format, ...) override __attribute__((format(printf, 3, 4)));
-    int get_double(double *out, const char *format, ...) override
-            __attribute__((format(printf, 3, 4)));
-    int get_bool(bool *out, const char *format, ...) override __attribute__((format(printf, 3, 4)));
-    int set(const char *format, ...) override __attribute__((format(printf, 2, 3)));
+    int get_string(char *out, const char *format, ...) override HOSTINTERFACE_PRINTF(3, 4);
+    int get_int(int *out, const char *format, ...) override HOSTINTERFACE_PRINTF(3, 4);
+    int get_double(double *out, const char *format, ...) override HOSTINTERFACE_PRINTF(3, 4);
+    int get_bool(bool *out, const char *format, ...) override HOSTINTERFACE_PRINTF(3, 4);
+    int set(const char *format, ...) override HOSTINTERFACE_PRINTF(2, 3);
     void send_message(const char *channel, const char *sender, int kind, const char *text) override;
     void register_receiver(const char *channel, MessageReceiver *receiver) override;
     void unregister_receiver(const char *channel, MessageReceiver *receiver) override;

@@ -1,5 +1,7 @@
 #include "UserInput.h"
 
+#include "qtportability.h"
+
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QCheckBox>
@@ -77,7 +79,7 @@ void UserInput::click(QWidget *widget)
 void UserInput::pressKey(QWidget *window, const QKeySequence &keys)
 {
     QWidget *receiver = window->focusWidget() ? window->focusWidget() : window;
-    const int code = keys[0];
+    const int code = FIRST_KEY_CODE(keys);
     const int key = code & ~int(Qt::KeyboardModifierMask);
     const bool isPrintable = key >= Qt::Key_Space && key <= Qt::Key_AsciiTilde;
     sendKey(receiver, key, Qt::KeyboardModifiers(code & int(Qt::KeyboardModifierMask)),

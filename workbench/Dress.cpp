@@ -1,8 +1,9 @@
 #include "Dress.h"
 
+#include "qtportability.h"
+
 #include <QApplication>
 #include <QFileInfo>
-#include <QLibraryInfo>
 #include <QPalette>
 #include <QStyle>
 #include <QTranslator>
@@ -51,7 +52,7 @@ bool Dress::translate(const QString &language, const QString &pluginFile, QStrin
     m_translators.push_back(std::move(module));
     auto toolkit = std::make_unique<QTranslator>();
     if (toolkit->load(QStringLiteral("qtbase_") + language,
-                      QLibraryInfo::location(QLibraryInfo::TranslationsPath))) {
+                      LIBRARY_PATH(QLibraryInfo::TranslationsPath))) {
         QCoreApplication::installTranslator(toolkit.get());
         m_translators.push_back(std::move(toolkit));
     }

@@ -1,14 +1,11 @@
 #include "TranscriptText.h"
 
 #include <QSaveFile>
-#include <QTextCodec>
 
 QString TranscriptText::printable(const QByteArray &bytes)
 {
-    QTextCodec::ConverterState decoding;
-    const QString text = QTextCodec::codecForName("UTF-8")->toUnicode(bytes.constData(),
-                                                                      bytes.size(), &decoding);
-    const bool isText = decoding.invalidChars == 0 && decoding.remainingChars == 0;
+    const QString text = QString::fromUtf8(bytes);
+    const bool isText = text.toUtf8() == bytes;
     QString result;
     const QString source = isText ? text : QString::fromLatin1(bytes);
     for (const QChar character : source) {

@@ -3,7 +3,6 @@
 #include <QDir>
 #include <QFile>
 #include <QSaveFile>
-#include <QTextStream>
 
 namespace {
 
@@ -72,11 +71,8 @@ bool TrackingPreferences::save(bool fixedAngleVisible, bool autoRestartShown,
                            .arg(m_fileName);
         return false;
     }
-    QTextStream stream(&file);
-    stream.setCodec("UTF-8");
-    document(fixedAngleVisible, autoRestartShown)
-            .save(stream, indentation, QDomNode::EncodingFromTextStream);
-    stream.flush();
+    // toByteArray() writes UTF-8 in every locale.
+    file.write(document(fixedAngleVisible, autoRestartShown).toByteArray(indentation));
     // commit() alone does not notice that the last buffer found no room on the disk.
     const bool isWhole = file.flush();
     if (!isWhole)

@@ -166,7 +166,7 @@ bool AdministrationTable::showCutText(const QPoint &position, const QPoint &glob
     if (text.isEmpty() || !index.data(Qt::ToolTipRole).toString().isEmpty())
         return false;
     const QRect cell = visualRect(index);
-    const int needed = itemDelegate(index)->sizeHint(viewOptions(), index).width();
+    const int needed = sizeHintForIndex(index).width();
     if (needed <= cell.width() && viewport()->rect().contains(cell))
         return false;
     QToolTip::showText(globalPosition, PlainText::toolTip(text), viewport(), cell);

@@ -26,7 +26,7 @@ BUILD = WORK / "build"
 PROGRAMS = ["unit_tests", "gui_tests"]  # of many classes
 PLUGIN_TESTS = ["tst_plugin", "tst_pluginfile"]  # of one class each
 COPIED = ["CMakeLists.txt", "CMakePresets.json", "SourceFiles", "cmake", "docs", "examples", "forms",
-          "general", "hostinterface", "resources", "scenarios", "simulator", "tests",
+          "general", "hostinterface", "portability", "resources", "scenarios", "simulator", "tests",
           "translations", "userinput", "workbench"]
 SECONDS_PER_CLASS = 90
 

@@ -17,13 +17,11 @@ public:
     explicit AnsweringManager(const QByteArray &answers) : m_answers(answers.split('\n')) {}
 
     int send_command(char *answer, const char *command) override;
-    int get_string(char *out, const char *format, ...) override
-            __attribute__((format(printf, 3, 4)));
-    int get_int(int *out, const char *format, ...) override __attribute__((format(printf, 3, 4)));
-    int get_double(double *out, const char *format, ...) override
-            __attribute__((format(printf, 3, 4)));
-    int get_bool(bool *out, const char *format, ...) override __attribute__((format(printf, 3, 4)));
-    int set(const char *format, ...) override __attribute__((format(printf, 2, 3)));
+    int get_string(char *out, const char *format, ...) override HOSTINTERFACE_PRINTF(3, 4);
+    int get_int(int *out, const char *format, ...) override HOSTINTERFACE_PRINTF(3, 4);
+    int get_double(double *out, const char *format, ...) override HOSTINTERFACE_PRINTF(3, 4);
+    int get_bool(bool *out, const char *format, ...) override HOSTINTERFACE_PRINTF(3, 4);
+    int set(const char *format, ...) override HOSTINTERFACE_PRINTF(2, 3);
     void send_message(const char *, const char *, int, const char *) override {}
     void register_receiver(const char *, MessageReceiver *) override {}
     void unregister_receiver(const char *, MessageReceiver *) override {}

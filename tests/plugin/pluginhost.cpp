@@ -4,6 +4,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QPointer>
 #include <QTest>
 #include <QTimer>
 
@@ -58,12 +59,18 @@ bool PluginHost::shutDown()
 QString PluginHost::openAndClose(_GuiElement *element)
 {
     QString title;
-    QTimer::singleShot(0, &mainWindow, [&title] {
-        if (QWidget *dialog = QApplication::activeModalWidget()) {
-            title = dialog->windowTitle();
+    use(element, [&title](QWidget *dialog) { title = dialog->windowTitle(); });
+    return title;
+}
+
+void PluginHost::use(_GuiElement *element, const std::function<void(QWidget *)> &dialogUser)
+{
+    QTimer::singleShot(0, &mainWindow, [&dialogUser] {
+        const QPointer<QWidget> dialog = QApplication::activeModalWidget();
+        if (dialog)
+            dialogUser(dialog);
+        if (dialog && dialog->isVisible())
             QTest::keyClick(dialog, Qt::Key_Escape);
-        }
     });
     element->menu_entry->trigger();
-    return title;
 }

@@ -10,6 +10,7 @@
 #include <QTemporaryDir>
 #include <QWidget>
 
+#include <functional>
 #include <memory>
 
 /**
@@ -31,6 +32,8 @@ public:
     /** Triggers a menu entry and, once its dialog is shown, notes its title and closes it by key.
      */
     QString openAndClose(_GuiElement *element);
+    /** Triggers a menu entry, has its dialog used once it is shown, and closes it by key. */
+    void use(_GuiElement *element, const std::function<void(QWidget *)> &dialogUser);
 
     QTemporaryDir home; ///< what $HOME names, so that no preferences of the user are touched
     QWidget mainWindow;

@@ -3,10 +3,12 @@
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QDialog>
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QPointer>
+#include <QPushButton>
 #include <QTest>
 #include <QTimer>
 
@@ -49,6 +51,9 @@ private slots:
     void menuEntriesCarryTheirTexts();
     void secondCallReturnsTheSameEntries();
     void entriesOpenTheirDialogs();
+    void slotsNamedAfterBoxesAreSlots();
+    void chosenAxisIsWrittenOnce();
+    void chosenCategoryIsReadOnce();
     void parametersOfAnotherKindAreStoredAsNothing_data();
     void parametersOfAnotherKindAreStoredAsNothing();
     void keyInOtherLettersIsIgnored_data();
@@ -197,6 +202,58 @@ void tst_plugin::entriesOpenTheirDialogs()
     QVERIFY(!elements.at(1)->content->isVisible());
     QVERIFY(lines(*host.io).contains(QStringLiteral("body desc standard b01")));
     QCOMPARE(host.controller->unknownCommands(), QStringList());
+}
+
+void tst_plugin::slotsNamedAfterBoxesAreSlots()
+{
+    PluginHost host;
+    const QList<_GuiElement *> elements = host.start();
+    // With Qt 6 they are connected by hand, since boxes have no such signal there.
+    const int expected = QT_VERSION_MAJOR == 5 ? 1 : 0;
+    const auto count = [](const QObject *receiver, const char *slot) {
+        return receiver->metaObject()->indexOfSlot(slot) >= 0 ? 1 : 0;
+    };
+    QCOMPARE(count(elements.at(0)->content, "on_comboBox_5dofAxis_currentIndexChanged(QString)"),
+             expected);
+    for (const char *tab : {"StandardAdministrationClass", "MtAdministrationClass"}) {
+        const QWidget *page = elements.at(1)->content->findChild<QWidget *>(QLatin1String(tab));
+        QVERIFY2(page, tab);
+        QCOMPARE(count(page, "on_comboBox_filter_currentIndexChanged(QString)"), expected);
+    }
+}
+
+void tst_plugin::chosenAxisIsWrittenOnce()
+{
+    PluginHost host;
+    const QList<_GuiElement *> elements = host.start();
+    host.use(elements.at(0), [&host](QWidget *dialog) {
+        QTest::keyClick(dialog->findChild<QComboBox *>(QStringLiteral("comboBox_5dofAxis")),
+                        Qt::Key_Home);
+        host.io->clearTranscript();
+        QTest::mouseClick(dialog->findChild<QPushButton *>(QStringLiteral("pushButton_ok")),
+                          Qt::LeftButton);
+    });
+    QCOMPARE(lines(*host.io).filter(QStringLiteral("axis_5dof_central")),
+             QStringList(QStringLiteral("tracking axis_5dof_central 1.000 0.000 0.000")));
+}
+
+void tst_plugin::chosenCategoryIsReadOnce()
+{
+    PluginHost host;
+    const QList<_GuiElement *> elements = host.start();
+    QString category;
+    QStringList asked;
+    host.use(elements.at(1), [&](QWidget *dialog) {
+        auto *box = dialog->findChild<QComboBox *>(QStringLiteral("comboBox_filter"));
+        host.io->clearTranscript();
+        QTest::keyClick(box, Qt::Key_End);
+        category = box->currentText();
+        asked = lines(*host.io);
+    });
+    QCOMPARE(category, QStringLiteral("Tool Reference"));
+    const QString used = QStringLiteral("targetlib target_status_calibrated t%1");
+    QCOMPARE(asked.filter(QStringLiteral("target_status_calibrated t")),
+             QStringList({used.arg(21), used.arg(22), used.arg(23), used.arg(24)}));
 }
 
 void tst_plugin::parametersOfAnotherKindAreStoredAsNothing_data()
