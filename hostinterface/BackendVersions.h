@@ -11,8 +11,8 @@
 class VersionInfo {
 public:
     VersionInfo() = default;
-    VersionInfo(int major, int minor, int patch) : ma(major), mi(minor), pa(patch) {}
-
+    VersionInfo(int major, int minor, int patch) : ma(major), mi(minor), pa(patch) {} ///< setVer()
+    /** Takes numbers from 0 on; a patch of -1 means that none is given. */
     void setVer(int major, int minor, int patch)
     {
         ma = major;
@@ -46,16 +46,16 @@ public:
         return pa < 0 ? text : text + QLatin1Char('.') + QString::number(pa);
     }
 
-    int major() const { return ma; }
-    int minor() const { return mi; }
-    int patch() const { return pa; }
-
+    int major() const { return ma; } ///< the member ma
+    int minor() const { return mi; } ///< the member mi
+    int patch() const { return pa; } ///< the member pa
+    /** All three numbers are the same. */
     bool operator==(const VersionInfo &other) const
     {
         return ma == other.ma && mi == other.mi && pa == other.pa;
     }
-    bool operator!=(const VersionInfo &other) const { return !(*this == other); }
-    bool operator>=(const VersionInfo &other) const
+    bool operator!=(const VersionInfo &other) const { return !(*this == other); } ///< not ==
+    bool operator>=(const VersionInfo &other) const                               ///< lexicographic
     {
         if (ma != other.ma)
             return ma > other.ma;
@@ -63,9 +63,9 @@ public:
             return mi > other.mi;
         return pa >= other.pa;
     }
-    bool operator<(const VersionInfo &other) const { return !(*this >= other); }
-    bool operator>(const VersionInfo &other) const { return other < *this; }
-    bool operator<=(const VersionInfo &other) const { return other >= *this; }
+    bool operator<(const VersionInfo &other) const { return !(*this >= other); } ///< not >=
+    bool operator>(const VersionInfo &other) const { return other < *this; }     ///< other < this
+    bool operator<=(const VersionInfo &other) const { return other >= *this; }   ///< other >= this
 
     int ma = 0;  ///< major number
     int mi = 0;  ///< minor number
@@ -77,14 +77,14 @@ public:
  */
 class BackendVersions {
 public:
-    VersionInfo &systemPt() { return sysPt; }
-    const VersionInfo &systemPt() const { return sysPt; }
-    VersionInfo &protocol() { return prot; }
-    const VersionInfo &protocol() const { return prot; }
-    VersionInfo &systemCt() { return sysCt; }
-    const VersionInfo &systemCt() const { return sysCt; }
-    QString &atcModel() { return mod; }
-    const QString &atcModel() const { return mod; }
+    VersionInfo &systemPt() { return sysPt; }             ///< sysPt, for the host to set
+    const VersionInfo &systemPt() const { return sysPt; } ///< sysPt
+    VersionInfo &protocol() { return prot; }              ///< prot, for the host to set
+    const VersionInfo &protocol() const { return prot; }  ///< prot
+    VersionInfo &systemCt() { return sysCt; }             ///< sysCt, for the host to set
+    const VersionInfo &systemCt() const { return sysCt; } ///< sysCt
+    QString &atcModel() { return mod; }                   ///< mod, for the host to set
+    const QString &atcModel() const { return mod; }       ///< mod
 
     VersionInfo sysPt; ///< system version, decides about the compact system's pages
     VersionInfo prot;  ///< version of the command protocol; the only one that gates features

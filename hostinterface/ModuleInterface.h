@@ -40,8 +40,8 @@ public:
     virtual void about_to_exit_module() = 0;
     /** Destroy what the module created. */
     virtual void exit_module() = 0;
-    virtual QString get_module_name() const = 0;
-    virtual QString get_module_version() const = 0;
+    virtual QString get_module_name() const = 0;    ///< for the host's list of modules
+    virtual QString get_module_version() const = 0; ///< "v" and three numbers
     /** Creates the menu entries and their dialogs at the first call; the host must not delete them.
      */
     virtual QList<_GuiElement *> get_gui_elements() = 0;

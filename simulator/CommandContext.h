@@ -9,19 +9,19 @@
 
 /** What a command's handler did: an answer, an acceptance or a refusal with its reason. */
 struct CommandOutcome {
-    bool ok = false;
-    QByteArray answer;
-    QString reason; ///< why it was refused; empty otherwise
+    bool ok = false;   ///< carried out
+    QByteArray answer; ///< UTF-8; empty for a set
+    QString reason;    ///< why it was refused; empty otherwise
 
-    static CommandOutcome text(const QString &answer);
-    static CommandOutcome quoted(const QString &answer);
+    static CommandOutcome text(const QString &answer);   ///< the answer as it is
+    static CommandOutcome quoted(const QString &answer); ///< the answer in double quotes
     /** `answer`, or "none" when it is empty. */
     static CommandOutcome textOrNone(const QString &answer);
-    static CommandOutcome number(int value);
-    static CommandOutcome real(double value);
-    static CommandOutcome flag(bool value);
-    static CommandOutcome done();
-    static CommandOutcome refused(const QString &reason);
+    static CommandOutcome number(int value);              ///< decimal
+    static CommandOutcome real(double value);             ///< six digits after the point
+    static CommandOutcome flag(bool value);               ///< "yes" or "no"
+    static CommandOutcome done();                         ///< accepted, no answer
+    static CommandOutcome refused(const QString &reason); ///< in English, for people
 };
 
 /**
@@ -30,13 +30,14 @@ struct CommandOutcome {
  */
 class CommandContext {
 public:
+    /** The state outlives the context. */
     CommandContext(ControllerState &controllerState, const QStringList &commandArguments,
                    const VersionInfo &protocolVersion);
 
-    ControllerState &state;
-    const QStringList arguments;
-    const VersionInfo protocol;
-    bool stateChanged = false; ///< set by queries that move the state, such as a search's
+    ControllerState &state;      ///< what the command reads and changes
+    const QStringList arguments; ///< what the placeholders took, in order
+    const VersionInfo protocol;  ///< the controller's
+    bool stateChanged = false;   ///< set by queries that move the state, such as a search's
 
     /** Argument `index`; empty when there is none. */
     QString argument(int index) const { return arguments.value(index); }

@@ -34,8 +34,10 @@ bool targetFits(const QString &targetType, const QString &bodyType);
 
 /** Sensor by full name; null when there is none. */
 SensorState *sensor(ControllerState &state, const QString &name);
-const FilterPresetState *preset(const ControllerState &state, const QString &id);
-const FilterModeState *mode(const ControllerState &state, const QString &id);
+const FilterPresetState *preset(const ControllerState &state,
+                                const QString &id); ///< null when there is none
+const FilterModeState *mode(const ControllerState &state,
+                            const QString &id); ///< null when there is none
 
 /**
  * Adds bodies at the end or drops the last ones; references to dropped bodies end. Devices of

@@ -9,6 +9,7 @@
 
 /** One rule that disturbs matching commands. */
 struct FaultRule {
+    /** Which of the matching calls are disturbed. */
     enum class Trigger {
         Always,
         KthCall,  ///< the call `k` of those that match
@@ -18,6 +19,7 @@ struct FaultRule {
         TimeWindow,
         Random
     };
+    /** What happens to a call that is disturbed. */
     enum class Effect {
         Fail,  ///< the operation fails, nothing is carried out
         Delay, ///< virtual time passes by `number` ms
@@ -33,21 +35,21 @@ struct FaultRule {
         Lock,           ///< the configuration gets locked before the operation is carried out
         LinkDead        ///< from this call on everything fails, until the link is back
     };
-    QString source;  ///< the text the rule was parsed from
-    QString pattern; ///< the line, or a prefix of it followed by "*"
-    Trigger trigger = Trigger::Always;
-    int k = 1;         ///< KthCall, EveryNth, At and From
-    qint64 fromMs = 0; ///< TimeWindow, virtual time
-    qint64 toMs = 0;
-    double probability = 0.0; ///< Random
-    quint32 seed = 1;         ///< Random
-    Effect effect = Effect::Fail;
-    int number = 0; ///< Delay: ms
-    QString text;   ///< Answer
-    bool enabled = true;
-    int operations = 0; ///< operations seen, matching or not
-    int calls = 0;      ///< matching calls seen
-    int fired = 0;      ///< times the effect was applied
+    QString source;                    ///< the text the rule was parsed from
+    QString pattern;                   ///< the line, or a prefix of it followed by "*"
+    Trigger trigger = Trigger::Always; ///< which of the matching calls
+    int k = 1;                         ///< KthCall, EveryNth, At and From
+    qint64 fromMs = 0;                 ///< TimeWindow, virtual time
+    qint64 toMs = 0;                   ///< TimeWindow: the end, not below fromMs
+    double probability = 0.0;          ///< Random
+    quint32 seed = 1;                  ///< Random
+    Effect effect = Effect::Fail;      ///< what happens then
+    int number = 0;                    ///< Delay: ms
+    QString text;                      ///< Answer
+    bool enabled = true;               ///< false: disturbs nothing
+    int operations = 0;                ///< operations seen, matching or not
+    int calls = 0;                     ///< matching calls seen
+    int fired = 0;                     ///< times the effect was applied
 };
 
 /**
@@ -71,18 +73,23 @@ class FaultEngine : public QObject {
     Q_OBJECT
 
 public:
+    /** Has no rules; the link is alive. */
     explicit FaultEngine(QObject *parent = nullptr);
 
     /** Adds a rule. False, with the column and what was expected in *error, when it is none. */
     bool add(const QString &rule, QString *error = nullptr);
+    /** Takes rule `index` of rules() away; another index does nothing. */
     void remove(int index);
+    /** Takes all rules away. */
     void clear();
+    /** Switches rule `index` of rules() on or off; another index does nothing. */
     void setEnabled(int index, bool enabled);
+    /** The rules in the order in which they were added. */
     const QVector<FaultRule> &rules() const { return m_rules; }
 
     /** The link is dead: every operation fails. */
     bool linkDead() const { return m_linkDead; }
-    void setLinkDead(bool dead);
+    void setLinkDead(bool dead); ///< false brings the link back
 
     /** The rules that fire for this call, in order; counts the call. None while the link is dead.
      */
@@ -90,6 +97,7 @@ public:
                             qint64 virtualMs);
 
 signals:
+    /** A rule was added, taken away, switched or fired, or the link died or came back. */
     void changed();
 
 private:

@@ -9,10 +9,10 @@
 
 /** What a scenario describes: a controller and the faults it starts with. */
 struct Scenario {
-    QString name;
-    QString description;
-    ControllerState state;
-    QStringList faults; ///< rules for the FaultEngine
+    QString name;          ///< one line
+    QString description;   ///< for people
+    ControllerState state; ///< of the controller at the start
+    QStringList faults;    ///< rules for the FaultEngine
 };
 
 /** Reads and writes scenarios as JSON. Wrong input gives an error with key path and expectation. */

@@ -19,8 +19,10 @@
  */
 class ScenarioReader {
 public:
+    /** `path` stands in front of the keys in errors; *error is empty at first. */
     ScenarioReader(const QJsonObject &object, const QString &path, QString *error);
 
+    /** Takes a value over if the object has the key and its value fits. @{ */
     void field(const char *key, bool &value);
     void field(const char *key, QString &value,
                const ScenarioRules::TextRule &rule = ScenarioRules::anyText());
@@ -67,6 +69,8 @@ public:
         if (take(key, &found))
             object(pathOf(key), found, value);
     }
+
+    /** @} */
 
     /** Reports a key that no field asked for. */
     void finish();

@@ -5,14 +5,16 @@
 /** What single values of a scenario may be. */
 namespace ScenarioRules {
 
+/** Both ends are allowed. */
 struct NumberRange {
-    double minimum;
-    double maximum;
+    double minimum; ///< in the unit of the value
+    double maximum; ///< not below the minimum
 };
 
+/** Which texts a value may be. */
 struct TextRule {
-    bool (*accepts)(const QString &text);
-    const char *expected; ///< completes "expected ..."
+    bool (*accepts)(const QString &text); ///< judges one text
+    const char *expected;                 ///< completes "expected ..."
 };
 
 /** Anything. */
@@ -21,6 +23,7 @@ TextRule anyText();
 TextRule unquotedText();
 /** One or more characters without blanks and quotes. */
 TextRule word();
+/** A word or an empty text. */
 TextRule wordOrNothing();
 /** Vendor, model and 'device id', separated by blanks. */
 TextRule sensorName();

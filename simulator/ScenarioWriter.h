@@ -14,6 +14,7 @@
 /** Writes every field of a described value into a JSON object. */
 class ScenarioWriter {
 public:
+    /** The item as an object with all its fields. */
     template <typename Item>
     static QJsonObject toObject(Item item)
     {
@@ -22,6 +23,7 @@ public:
         return writer.m_object;
     }
 
+    /** Writes a value under its key; the reader's rule for it is not looked at. @{ */
     void field(const char *key, const bool &value) { insert(key, value); }
     void field(const char *key, const QString &value,
                const ScenarioRules::TextRule & = ScenarioRules::anyText())
@@ -66,6 +68,7 @@ public:
     {
         insert(key, toObject(value));
     }
+    /** @} */
 
 private:
     void insert(const char *key, const QJsonValue &value);

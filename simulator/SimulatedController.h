@@ -31,12 +31,14 @@ class SimulatedController : public QObject {
     Q_OBJECT
 
 public:
+    /** Begins with a copy of the state. */
     explicit SimulatedController(const ControllerState &state, QObject *parent = nullptr);
     ~SimulatedController() override;
 
     /** Carries out one line, without a line break. */
     CommandReply execute(CommandAccess access, const QByteArray &line);
 
+    /** The state now; the reference shows every later change. */
     const ControllerState &state() const { return m_state; }
     /** Changes the state behind every client's back and emits stateChanged(). */
     void setState(const ControllerState &state);
@@ -45,7 +47,7 @@ public:
     QStringList unknownCommands() const { return m_unknownCommands; }
 
 signals:
-    void stateChanged();
+    void stateChanged(); ///< by a command or by setState()
 
 private:
     /** The protocol that the state names, read from its text only when that changed. */

@@ -37,6 +37,7 @@ public:
         NotConverted, ///< the answer is not of the type asked for
     };
 
+    /** The controller answers; not null, and not owned. */
     explicit SimulatedIOManager(SimulatedController *controller, QObject *parent = nullptr);
     ~SimulatedIOManager() override;
 
@@ -55,19 +56,19 @@ public:
 
     /** What was asked so far, oldest first; without what the limit let go. */
     const QVector<TranscriptEntry> &transcript() const { return m_transcript; }
-    void clearTranscript();
+    void clearTranscript(); ///< operationCount() and the virtual time go on
     /**
      * The transcript never has more than `limit` entries, 8 at least; the oldest go, an eighth at
      * once so that an operation costs the same however many there are. 0, the default: no limit.
      */
     void setTranscriptLimit(int limit);
-    int transcriptLimit() const { return m_transcriptLimit; }
+    int transcriptLimit() const { return m_transcriptLimit; } ///< 0: none
     /** Operations since the beginning, those that are not in the transcript any more included. */
     qint64 operationCount() const { return m_gone + m_transcript.size(); }
 
     /** Virtual time in ms, starting at 0; moved by advance() and by delay faults. */
     qint64 virtualTime() const { return m_virtualMs; }
-    void advance(qint64 ms) { m_virtualMs += ms; }
+    void advance(qint64 ms) { m_virtualMs += ms; } ///< moves virtual time by 0 ms or more
 
     /**
      * From now on the responder gives each operation its answer and result, and neither the
@@ -84,6 +85,7 @@ public:
     int receiverCount(const char *channel) const;
 
 signals:
+    /** An operation was carried out or a message sent. */
     void recorded(const TranscriptEntry &entry);
     /** A message was sent on any channel, whether or not somebody listens. */
     void messageSent(const QString &channel, const QString &sender, int kind, const QString &text);

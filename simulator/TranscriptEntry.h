@@ -5,10 +5,11 @@
 
 /** One operation that a client asked of the host. */
 struct TranscriptEntry {
+    /** The function of the IOManager that was called. */
     enum class Operation { Command, GetString, GetInt, GetDouble, GetBool, Set, Message };
 
-    qint64 virtualMs = 0; ///< virtual time at the call
-    Operation operation = Operation::GetString;
+    qint64 virtualMs = 0;                       ///< virtual time at the call
+    Operation operation = Operation::GetString; ///< which function of the IOManager
     QByteArray line;       ///< the command line; for a message "channel|sender|kind|text"
     QByteArray answer;     ///< what the client got; empty for Set and Message
     int result = 0;        ///< what the operation returned
