@@ -44,6 +44,8 @@ more cells are empty than here.
   disturbs it with every fault; else tests with a fault rule for it.
 - Named by: tests that hold a line of the command.
 
+The area for the tracking pulse stays hidden in the dialog, so no script plays its commands: tests call its operations.
+
 """
 COLUMNS = "| Command | Access | Dialog | Script | Disturbed by | Named by |"
 
