@@ -12,6 +12,7 @@
 #define COMBO_TEXT_SLOT Q_SLOT
 #define FIRST_KEY_CODE(keySequence) (keySequence)[0]
 #define LIBRARY_PATH QLibraryInfo::location
+#define BEGIN_MODAL_GROUP(window) (window)->setAttribute(Qt::WA_GroupLeader)
 
 template <typename Receiver>
 void connectComboText(QComboBox *, Receiver *, void (Receiver::*)(const QString &))
@@ -23,6 +24,7 @@ void connectComboText(QComboBox *, Receiver *, void (Receiver::*)(const QString 
 #define COMBO_TEXT_SLOT // boxes have no such signal: Qt would warn of a slot of that name
 #define FIRST_KEY_CODE(keySequence) (keySequence)[0].toCombined()
 #define LIBRARY_PATH QLibraryInfo::path
+#define BEGIN_MODAL_GROUP(window) static_cast<void>(window) // modal windows block all others
 
 /** Connects it where setupUi(), which comes before, cannot. */
 template <typename Receiver>

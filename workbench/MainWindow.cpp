@@ -4,6 +4,7 @@
 #include "ToolWindow.h"
 #include "WorkbenchSession.h"
 #include "WorkbenchTime.h"
+#include "qtportability.h"
 
 #include <QAction>
 #include <QApplication>
@@ -26,7 +27,7 @@ MainWindow::MainWindow(WorkbenchSession *session, QWidget *parent)
     setWindowTitle(tr("Tracking workbench"));
     setWindowIcon(style()->standardIcon(QStyle::SP_ComputerIcon));
     // Modal dialogs of the module then block this window only, and the panels stay usable.
-    setAttribute(Qt::WA_GroupLeader);
+    BEGIN_MODAL_GROUP(this);
     m_summary->setObjectName(QStringLiteral("label_summary"));
     m_summary->setAlignment(Qt::AlignCenter);
     m_summary->setMargin(12);

@@ -4,6 +4,7 @@
 #include "ScriptItem.h"
 #include "UserInput.h"
 #include "WidgetFinder.h"
+#include "qtportability.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
@@ -80,7 +81,7 @@ QAction *shortcutOf(const MainWindow *window, const QKeySequence &keys)
 QString pressKey(ScriptContext &context, const QStringList &arguments)
 {
     const QKeySequence keys(arguments.first());
-    if (keys.isEmpty() || keys[0] == Qt::Key_unknown)
+    if (keys.isEmpty() || FIRST_KEY_CODE(keys) == Qt::Key_unknown)
         return QStringLiteral("expected a key such as F8, found \"%1\"").arg(arguments.first());
     if (arguments.size() > 1) {
         QString problem;
