@@ -100,8 +100,8 @@ void SearchFlow::showTracked(int *found) const
               },
               [&] {
                   if (listsFound) {
-                      m_targets.list(widgets.targetTable, widgets.type,
-                                     TargetTableFiller::foundTargets());
+                      m_targets.listAgain(widgets.targetTable, widgets.type,
+                                          TargetTableFiller::foundTargets());
                   }
               },
               [&] { m_targets.refreshTrackedRows(widgets.targetTable, &tracked, &alreadyUsed); },

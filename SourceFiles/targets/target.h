@@ -17,6 +17,7 @@ public:
     QString group() const { return sGroup; }
     bool isCalibrated() const { return bIsCalibrated; }
     bool isTracked() const { return bIsTracked; }
+    bool isTrackedUnread() const { return m_isTrackedUnread; }
 
     void setId(const QString &id) { sId = id; }
     void setShortName(const QString &name) { sShortName = name; }
@@ -25,13 +26,15 @@ public:
     void setGroup(const QString &group) { sGroup = group; }
     void setCalibrated(bool calibrated) { bIsCalibrated = calibrated; }
     void setIsTracked(bool tracked) { bIsTracked = tracked; }
+    void setTrackedUnread(bool unread) { m_isTrackedUnread = unread; }
 
 private:
     QString sId; ///< t01, t02, ... with at least two digits
     QString sShortName;
     QString sLongName;
-    QString sBodyType;          ///< the controller's word, or "none"
-    QString sGroup;             ///< empty when it belongs to none
-    bool bIsCalibrated = false; ///< a body holds it
-    bool bIsTracked = false;    ///< the cameras see it
+    QString sBodyType;              ///< the controller's word, or "none"
+    QString sGroup;                 ///< empty when it belongs to none
+    bool bIsCalibrated = false;     ///< a body holds it
+    bool bIsTracked = false;        ///< the cameras see it
+    bool m_isTrackedUnread = false; ///< the last query whether they do failed
 };

@@ -5,6 +5,8 @@
 #include "targetlibrary.h"
 #include "targets/target.h"
 
+#include <utility>
+
 TargetAssignment::TargetAssignment(const ControllerLink &link, Targetlibrary *library)
     : m_link(link), m_library(library)
 {
@@ -64,28 +66,39 @@ void TargetAssignment::refreshTracked(Target *target) const
     const QString id = target->id();
     const auto state = m_link.text("targetlib target_status_tracked %s",
                                    ControllerLink::argument(id).constData());
-    if (!state)
-        m_link.log(QStringLiteral("Error: Unable to get tracked state of target %1").arg(id));
     if (isClosed())
         return;
+    // It is asked twice a second: only the first of a row of failures has its line.
+    const bool failsNow = !state && !target->isTrackedUnread();
+    target->setTrackedUnread(!state);
     target->setIsTracked(state && state->startsWith(QLatin1String("ye")));
+    if (failsNow)
+        m_link.log(QStringLiteral("Error: Unable to get tracked state of target %1").arg(id));
 }
 
-bool TargetAssignment::readCustom(const QStringList &targetIds, QSet<QString> *custom) const
+bool TargetAssignment::readCustom(const QStringList &targetIds, QSet<QString> *custom,
+                                  QStringList *failures) const
 {
+    const QStringList logged = failures ? std::exchange(*failures, {}) : QStringList();
+    const auto fail = [&](const QString &line) {
+        if (failures)
+            failures->append(line);
+        if (!logged.contains(line))
+            m_link.log(line);
+    };
     const auto active = m_link.text("status active");
     if (!active)
-        m_link.log(QStringLiteral("Error: Unable to get state of calibration"));
+        fail(QStringLiteral("Error: Unable to get state of calibration"));
     if (active != QLatin1String("none"))
         return false;
     if (!m_link.command("morvek2 targetlib check_custom_calibration"))
-        m_link.log(QStringLiteral("Error: Unable to check custom calibrations of targets"));
+        fail(QStringLiteral("Error: Unable to check custom calibrations of targets"));
     for (const QString &targetId : targetIds) {
         const auto state = m_link.text("targetlib target_status_calibrated_custom %s",
                                        ControllerLink::argument(targetId).constData());
         if (!state) {
-            m_link.log(QStringLiteral("Error: Unable to get custom calibration state of target %1")
-                               .arg(targetId));
+            fail(QStringLiteral("Error: Unable to get custom calibration state of target %1")
+                         .arg(targetId));
         }
         if (state && *state != QLatin1String("none") && *state != QLatin1String("no"))
             custom->insert(targetId);

@@ -38,10 +38,14 @@ public:
     void refreshUsed(const QString &targetId) const;
     /** The same for each identifier. */
     void refreshUsed(const QStringList &targetIds) const;
-    /** Reads whether the cameras see the target; not seen, and logged, on failure. */
+    /** Reads whether the cameras see the target; not seen on failure, the first of a row logged. */
     void refreshTracked(Target *target) const;
-    /** Identifiers of those whose calibration is a custom one; false while a calibration runs. */
-    bool readCustom(const QStringList &targetIds, QSet<QString> *custom) const;
+    /**
+     * Identifiers of those whose calibration is a custom one; false while a calibration runs. Lines
+     * that `failures` holds from the last reading are not logged again; it gets those of this one.
+     */
+    bool readCustom(const QStringList &targetIds, QSet<QString> *custom,
+                    QStringList *failures = nullptr) const;
 
 private:
     ControllerLink m_link;

@@ -34,12 +34,20 @@ void TargetListPanel::setWidgets(const TabWidgets &widgets)
 
 void TargetListPanel::list(QTableWidget *table, const QString &type, const QString &category)
 {
+    m_failures.clear();
+    listAgain(table, type, category);
+}
+
+void TargetListPanel::listAgain(QTableWidget *table, const QString &type, const QString &category)
+{
     const QVector<const Target *> targets = m_filler.inCategory(type, category);
     const TargetAssignment assignment = m_assignment;
     QSet<QString> custom = m_customTargets;
-    assignment.readCustom(idsOf(targets), &custom);
+    QStringList failures = m_failures;
+    assignment.readCustom(idsOf(targets), &custom, &failures);
     if (assignment.isClosed())
         return;
+    m_failures = failures;
     m_customTargets = custom;
     m_filler.fill(table, targets, category.isNull());
 }

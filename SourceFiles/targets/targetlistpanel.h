@@ -30,6 +30,8 @@ public:
 
     /** Lists the targets of a type in `table`; a null category lists them all. */
     void list(QTableWidget *table, const QString &type, const QString &category);
+    /** The same twice a second: of what goes on failing, the first failure has its line. */
+    void listAgain(QTableWidget *table, const QString &type, const QString &category);
     /** Reads which of the listed targets of the type bodies hold, and shows it. */
     void refreshUsed(QTableWidget *table, const QString &type) const;
     /** Asks which targets of the type the cameras see; what is shown stays. */
@@ -56,6 +58,7 @@ private:
     TargetAssignment m_assignment;
     Targetlibrary *m_library;
     QSet<QString> m_customTargets;
+    QStringList m_failures; ///< lines of the last reading of custom calibrations
     TargetTableFiller m_filler;
     QString m_type;
     QComboBox *m_category = nullptr;

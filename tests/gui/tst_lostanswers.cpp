@@ -24,14 +24,40 @@ private slots:
     void failedQueryHasItsLine_data();
     void failedQueryHasItsLine();
     void lostProgressIsLoggedOnce();
+    void lostTrackedStatesAreLoggedOnce_data();
+    void lostTrackedStatesAreLoggedOnce();
+    void lostCustomStatesAreLoggedOnce_data();
+    void lostCustomStatesAreLoggedOnce();
     void gatesDisableCells_data();
     void gatesDisableCells();
     void oldControllerSaysThatItCannotMove();
+    void missingTargetsAreReadAtTheNextOpening_data();
     void missingTargetsAreReadAtTheNextOpening();
     void missingFilterIsReadAtTheNextOpening();
     void whatWasReadIsNotAskedAgain();
 
 private:
+    /** The operation fails at two polls in a row, and once more after one that succeeded. */
+    static void pollTwiceInVain(TestHost &host, QWidget *window, const QString &operation,
+                                const QStringList &lines)
+    {
+        QWidget *standard = page(window);
+        Drive::holdTimers(standard);
+        standard->findChild<QTimer *>(QStringLiteral("timerCheckForTracked_tl"))->start(603);
+        QVERIFY(Drive::tick(standard, "timerCheckForTracked_tl"));
+        for (int failure = 0; failure < 2; ++failure) {
+            host.fault(operation + QStringLiteral(" always fail"));
+            host.clear();
+            QVERIFY(Drive::tick(standard, "timerCheckForTracked_tl"));
+            QCOMPARE(host.log(), lines);
+            host.clear();
+            QVERIFY(Drive::tick(standard, "timerCheckForTracked_tl"));
+            QCOMPARE(host.log(), QStringList());
+            QVERIFY(!host.queries().isEmpty());
+            host.io.faults()->clear();
+            QVERIFY(Drive::tick(standard, "timerCheckForTracked_tl"));
+        }
+    }
     static QSpinBox *countBox(QWidget *window)
     {
         return Drive::find<QSpinBox>(window, "spinBox_standard_bodies");
@@ -270,6 +296,70 @@ void tst_LostAnswers::lostProgressIsLoggedOnce()
     });
 }
 
+void tst_LostAnswers::lostTrackedStatesAreLoggedOnce_data()
+{
+    QTest::addColumn<QString>("category");
+    QTest::addColumn<QStringList>("ids");
+    QTest::newRow("listed") << "Glasses Target" << QStringList{"t06", "t07", "t08", "t09"};
+    QTest::newRow("found") << "- Found Targets -"
+                           << QStringList{"t01", "t02", "t03", "t04", "t05", "t06", "t07",
+                                          "t08", "t09", "t10", "t11", "t12", "t13", "t14"};
+}
+
+void tst_LostAnswers::lostTrackedStatesAreLoggedOnce()
+{
+    QFETCH(QString, category);
+    QFETCH(QStringList, ids);
+    QStringList lines;
+    for (const QString &id : qAsConst(ids))
+        lines << QStringLiteral("Error: Unable to get tracked state of target ") + id;
+    TestHost host;
+    open(host, [&](QWidget *window, QTableWidget *) {
+        auto *box = Drive::find<QComboBox>(page(window), "comboBox_filter");
+        Drive::choose(box, QStringLiteral("Cross Target"));
+        Drive::choose(box, category);
+        pollTwiceInVain(host, window, QStringLiteral("get targetlib target_status_tracked*"),
+                        lines);
+    });
+}
+
+void tst_LostAnswers::lostCustomStatesAreLoggedOnce_data()
+{
+    QTest::addColumn<QString>("operation");
+    QTest::addColumn<QStringList>("lines");
+    QTest::newRow("search") << "get status active"
+                            << QStringList{"Error: Unable to get state of calibration"};
+    QTest::newRow("check") << "command morvek2 targetlib check_custom_calibration"
+                           << QStringList{"Error: Unable to check custom calibrations of targets"};
+    const QString line = QStringLiteral("Error: Unable to get custom calibration state of target ");
+    QTest::newRow("state") << "get targetlib target_status_calibrated_custom*"
+                           << QStringList{line + "t02", line + "t06"};
+}
+
+void tst_LostAnswers::lostCustomStatesAreLoggedOnce()
+{
+    QFETCH(QString, operation);
+    QFETCH(QStringList, lines);
+    TestHost host;
+    host.edit([](ControllerState &state) {
+        state.targets[1].tracked = true;
+        state.targets[5].tracked = true;
+    });
+    open(host, [&](QWidget *window, QTableWidget *) {
+        pollTwiceInVain(host, window, operation, lines);
+        // What the operator asks for has its line each time.
+        host.fault(operation + QStringLiteral(" always fail"));
+        auto *box = Drive::find<QComboBox>(page(window), "comboBox_filter");
+        Drive::choose(box, QStringLiteral("Cross Target"));
+        for (int time = 0; time < 2; ++time) {
+            host.clear();
+            Drive::choose(box, QStringLiteral("- Found Targets -"));
+            QCOMPARE(host.log(), lines);
+            Drive::choose(box, QStringLiteral("Cross Target"));
+        }
+    });
+}
+
 void tst_LostAnswers::gatesDisableCells_data()
 {
     QTest::addColumn<QString>("protocol");
@@ -317,21 +407,43 @@ void tst_LostAnswers::oldControllerSaysThatItCannotMove()
     });
 }
 
+void tst_LostAnswers::missingTargetsAreReadAtTheNextOpening_data()
+{
+    QTest::addColumn<QString>("lost");
+    QTest::addColumn<QString>("notAgain");
+    QTest::newRow("target") << "targetlib target_name t01"
+                            << "targetlib target_name t02";
+    QTest::newRow("targets") << "targetlib number_of_targets"
+                             << "targetlib number_of_groups";
+    QTest::newRow("group") << "targetlib group_name g01"
+                           << "targetlib group_name g02";
+    QTest::newRow("groups") << "targetlib number_of_groups"
+                            << "targetlib number_of_targets";
+    QTest::newRow("members") << "targetlib number_of_group_members g01"
+                             << "targetlib group_name g01";
+    QTest::newRow("member") << "targetlib group_member g01 m01"
+                            << "targetlib group_member g01 m02";
+}
+
 void tst_LostAnswers::missingTargetsAreReadAtTheNextOpening()
 {
+    QFETCH(QString, lost);
+    QFETCH(QString, notAgain);
     TestHost host;
-    host.fault(QStringLiteral("get targetlib target_name t01 call 1 fail"));
-    host.fault(QStringLiteral("get targetlib group_name g01 call 1 fail"));
+    host.fault(QStringLiteral("get %1 call 1 fail").arg(lost));
     BodyAdministrationDlg dialog(&host.io, &host.mainWindow, &host.versions);
     host.clear();
     openAgain(host, &dialog, [&](QWidget *window, QTableWidget *) {
-        QCOMPARE(host.lines().count("targetlib target_name t01"), 1);
-        QVERIFY(!host.lines().contains("targetlib target_name t02"));
-        QCOMPARE(host.lines().count("targetlib group_name g01"), 1);
-        QVERIFY(!host.lines().contains("targetlib group_name g02"));
+        QCOMPARE(host.lines().count(lost), 1);
+        QVERIFY(!host.lines().contains(notAgain));
         const QString group = host.state().targetGroups.value(0);
-        QVERIFY(Drive::find<QComboBox>(page(window), "comboBox_filter")->findText(group) > 0);
+        Drive::choose(Drive::find<QComboBox>(page(window), "comboBox_filter"), group);
+        QCOMPARE(Drive::column(targets(window), 1),
+                 QStringList({"CR01", "CR02", "CR03", "CR04", "CR05"}));
     });
+    host.clear();
+    openAgain(host, &dialog,
+              [&](QWidget *, QTableWidget *) { QVERIFY(!host.lines().contains(lost)); });
 }
 
 void tst_LostAnswers::missingFilterIsReadAtTheNextOpening()
