@@ -1,19 +1,24 @@
 #include "Bench.h"
 
-#include <QElapsedTimer>
-
 #include <algorithm>
+#include <ctime>
+
+double processorUs()
+{
+    timespec time{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return double(time.tv_sec) * 1e6 + double(time.tv_nsec) / 1e3;
+}
 
 QVector<Sample> measureInterleaved(const QVector<std::function<void()>> &pieces, int rounds)
 {
     QVector<QVector<double>> times(pieces.size());
     for (int round = -1; round < rounds; ++round) {
         for (int i = 0; i < pieces.size(); ++i) {
-            QElapsedTimer clock;
-            clock.start();
+            const double startUs = processorUs();
             pieces.at(i)();
             if (round >= 0)
-                times[i].append(double(clock.nsecsElapsed()) / 1000.0);
+                times[i].append(processorUs() - startUs);
         }
     }
     QVector<Sample> samples;

@@ -4,14 +4,17 @@
 
 #include <functional>
 
-/** Real time of what is measured, in microseconds. */
+/** Processor time that this thread has used so far: what other programs do does not count. */
+double processorUs();
+
+/** Processor time of what is measured, in microseconds. */
 struct Sample {
     double minimum = 0;
     double median = 0;
 };
 
 /**
- * Runs the pieces in turn, `rounds` times each, so that whatever else the machine does meets all of
- * them alike. A first round is not counted.
+ * Runs the pieces in turn, `rounds` times each, so that whatever slows the machine down meets all
+ * of them alike. A first round is not counted.
  */
 QVector<Sample> measureInterleaved(const QVector<std::function<void()>> &pieces, int rounds);

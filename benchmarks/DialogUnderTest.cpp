@@ -1,19 +1,30 @@
 #include "DialogUnderTest.h"
 
 #include "ScenarioFile.h"
+#include "UserInput.h"
 
 #include <QAction>
 #include <QApplication>
+#include <QDialog>
 #include <QPushButton>
 #include <QTableWidget>
-#include <QTest>
 #include <QTimer>
 
 namespace {
 
 const QString standard = QStringLiteral("standard");
 
-ControllerState stateWith(int bodies, int targets)
+QObject *child(QObject *parent, const char *name)
+{
+    auto *found = parent->findChild<QObject *>(QLatin1String(name));
+    if (!found)
+        qFatal("the dialog has no %s", name);
+    return found;
+}
+
+} // namespace
+
+ControllerState DialogUnderTest::stateWith(int bodies, int targets)
 {
     Scenario scenario;
     QString error;
@@ -26,6 +37,7 @@ ControllerState stateWith(int bodies, int targets)
     for (int i = 0; i < bodies; ++i) {
         type.bodies[i].description = QStringLiteral("Body %1").arg(i + 1);
         type.bodies[i].calibrated = true;
+        type.bodies[i].active = true;
         type.bodies[i].markers = 5;
         type.bodies[i].target.clear();
         type.bodies[i].sensor.clear();
@@ -45,16 +57,6 @@ ControllerState stateWith(int bodies, int targets)
     }
     return state;
 }
-
-QObject *child(QObject *parent, const char *name)
-{
-    auto *found = parent->findChild<QObject *>(QLatin1String(name));
-    if (!found)
-        qFatal("the dialog has no %s", name);
-    return found;
-}
-
-} // namespace
 
 DialogUnderTest::DialogUnderTest(int bodies, int targets)
     : m_controller(stateWith(bodies, targets)),
@@ -85,7 +87,8 @@ void DialogUnderTest::open(const std::function<void()> &work)
     QTimer::singleShot(0, window(), [this, work] {
         settle();
         work();
-        window()->close();
+        // The exit button would refuse while a search runs.
+        qobject_cast<QDialog *>(window())->accept();
     });
     m_element->menu_entry->trigger();
 }
@@ -98,17 +101,16 @@ void DialogUnderTest::refresh()
 
 void DialogUnderTest::rename(const QString &name)
 {
-    QTableWidget *table = bodies();
-    int column = 0;
-    while (table->horizontalHeaderItem(column)->text() != QLatin1String("Name"))
-        ++column;
-    const QPoint cell = table->visualRect(table->model()->index(0, column)).center();
-    QTest::mouseClick(table->viewport(), Qt::LeftButton, Qt::NoModifier, cell);
-    QTest::mouseDClick(table->viewport(), Qt::LeftButton, Qt::NoModifier, cell);
-    QWidget *editor = QApplication::focusWidget();
-    QTest::keyClick(editor, Qt::Key_A, Qt::ControlModifier);
-    QTest::keyClicks(editor, name);
-    QTest::keyClick(editor, Qt::Key_Return);
+    UserInput::doubleClickItem(bodies(), cellBelow(QStringLiteral("Name")));
+    QWidget *editor = UserInput::itemEditor(bodies());
+    UserInput::replaceText(editor, name);
+    UserInput::pressKey(window(), Qt::Key_Return);
+    settle();
+}
+
+void DialogUnderTest::toggle()
+{
+    UserInput::toggleItem(bodies(), cellBelow(QStringLiteral("Active")));
     settle();
 }
 
@@ -134,6 +136,14 @@ void DialogUnderTest::changeBodies(int every, const QString &text)
     m_link.forget();
 }
 
+QModelIndex DialogUnderTest::cellBelow(const QString &header) const
+{
+    int column = 0;
+    while (bodies()->horizontalHeaderItem(column)->text() != header)
+        ++column;
+    return bodies()->model()->index(0, column);
+}
+
 QTableWidget *DialogUnderTest::bodies() const
 {
     return qobject_cast<QTableWidget *>(child(window(), "tableWidget_standard"));
@@ -141,8 +151,9 @@ QTableWidget *DialogUnderTest::bodies() const
 
 void DialogUnderTest::settle()
 {
-    for (int i = 0; i < 3; ++i) {
+    // What is posted first, then timers that are due, then what these two posted.
+    for (int i = 0; i < 2; ++i)
         QCoreApplication::sendPostedEvents();
-        QCoreApplication::processEvents();
-    }
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents();
 }

@@ -6,6 +6,7 @@
 #include "SimulatedController.h"
 #include "SimulatedIOManager.h"
 
+#include <QModelIndex>
 #include <QPluginLoader>
 #include <QWidget>
 
@@ -30,6 +31,8 @@ public:
     void refresh();
     /** Types a name into the first row of the body table. */
     void rename(const QString &name);
+    /** Clicks the check mark that switches the first body on and off. */
+    void toggle();
     /** Starts a search and answers its timer, which then no longer fires on its own. */
     QObject *startSearch();
     /** Changes the description of each `every`th body behind the module's back. */
@@ -39,10 +42,15 @@ public:
     QTableWidget *bodies() const;
     MemoryLink &link() { return m_link; }
 
+    /** An everyday controller with so many bodies, all calibrated and active. */
+    static ControllerState stateWith(int bodies, int targets);
     /** Lets everything that is queued happen: layouts, paints, posted calls. */
     static void settle();
 
 private:
+    /** The cell of the first row in that column of the body table. */
+    QModelIndex cellBelow(const QString &header) const;
+
     SimulatedController m_controller;
     SimulatedIOManager m_io;
     MemoryLink m_link;

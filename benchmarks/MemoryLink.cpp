@@ -1,11 +1,12 @@
 #include "MemoryLink.h"
 
-#include <QElapsedTimer>
+#include "Bench.h"
 
 #include <array>
 #include <cstdarg>
 #include <cstdio>
 #include <cstring>
+#include <utility>
 
 namespace {
 
@@ -61,9 +62,8 @@ int MemoryLink::read(Operation operation, const char *line, Answer *answer)
     if (m_isNoting)
         m_lines.append({operation, line});
     if (m_roundTripUs > 0) {
-        QElapsedTimer clock;
-        clock.start();
-        while (clock.nsecsElapsed() < qint64(m_roundTripUs) * 1000) {
+        const double endUs = processorUs() + m_roundTripUs;
+        while (processorUs() < endUs) {
         }
     }
     *answer = answerTo(operation, line);
@@ -109,7 +109,8 @@ int MemoryLink::get_bool(bool *out, const char *format, ...)
 int MemoryLink::set(const char *format, ...)
 {
     LINE_OF(format);
-    m_lines.append({Operation::Set, line.data()});
+    if (m_isNoting)
+        m_lines.append({Operation::Set, line.data()});
     const int result = m_io->set("%s", line.data());
     forget();
     return result;
@@ -117,7 +118,8 @@ int MemoryLink::set(const char *format, ...)
 
 int MemoryLink::send_command(char *answer, const char *command)
 {
-    m_lines.append({Operation::Command, command});
+    if (m_isNoting)
+        m_lines.append({Operation::Command, command});
     const int result = m_io->send_command(answer, command);
     // Whether targets have custom calibrations is asked with a command that changes nothing.
     if (std::strstr(command, "check_custom_calibration") == nullptr)
@@ -147,16 +149,20 @@ void MemoryLink::forget()
     m_io->clearTranscript();
 }
 
+void MemoryLink::note()
+{
+    m_lines.clear();
+    m_isNoting = true;
+}
+
 QVector<MemoryLink::Line> MemoryLink::takeLines()
 {
-    QVector<Line> lines;
-    lines.swap(m_lines);
-    return lines;
+    m_isNoting = false;
+    return std::exchange(m_lines, {});
 }
 
 void MemoryLink::ask(const QVector<Line> &lines)
 {
-    m_isNoting = false;
     std::array<char, longestAnswerBytes> text{};
     int integer = 0;
     double real = 0;
@@ -180,5 +186,4 @@ void MemoryLink::ask(const QVector<Line> &lines)
             break;
         }
     }
-    m_isNoting = true;
 }

@@ -34,7 +34,9 @@ public:
 
     /** The controller was changed: nothing answered before counts any more. */
     void forget();
-    /** From now on the lines are noted; answers those noted until then. */
+    /** From now on the lines are noted. */
+    void note();
+    /** Answers the lines noted until now; none are noted from now on. */
     QVector<Line> takeLines();
     /** Asks for those lines again, and does nothing else. Only reads. */
     void ask(const QVector<Line> &lines);
@@ -56,6 +58,6 @@ private:
     SimulatedIOManager *m_io;
     QHash<QByteArray, Answer> m_answers; ///< by operation and line
     QVector<Line> m_lines;
-    bool m_isNoting = true;
+    bool m_isNoting = false;
     int m_roundTripUs = 0;
 };
