@@ -5,9 +5,12 @@
 #include "hostcall.h"
 #include "linkobserver.h"
 
+#include <QVarLengthArray>
+
 #include <array>
 #include <cmath>
 #include <cstdarg>
+#include <cstdio>
 #include <cstring>
 
 namespace {
@@ -17,6 +20,9 @@ constexpr int messageKind = 1;
 /** Room for an answer, far above the 200 bytes that the host promises to stay within. */
 using AnswerBuffer = std::array<char, 8192>;
 
+/** The part of an answer buffer that is zeroed, so that a short answer ends even without a NUL. */
+constexpr int zeroedBytes = 1024;
+
 /** A sign that would break a line of the message log or of a label. */
 bool isControl(QChar sign)
 {
@@ -24,28 +30,90 @@ bool isControl(QChar sign)
            || sign.category() == QChar::Separator_Paragraph;
 }
 
+/** Most signs of most answers, which need no look into the tables of Unicode. */
+bool isPrintableAscii(QChar sign)
+{
+    return sign >= QLatin1Char(' ') && sign <= QLatin1Char('~');
+}
+
+/** Makes the buffer one that ends, whatever is written into it. */
+void terminate(AnswerBuffer *buffer)
+{
+    std::memset(buffer->data(), 0, zeroedBytes);
+    buffer->back() = '\0';
+}
+
 QString decode(AnswerBuffer &buffer)
 {
     buffer.back() = '\0';
     QString answer = QString::fromUtf8(buffer.data());
     for (QChar &sign : answer) {
-        if (isControl(sign))
+        if (!isPrintableAscii(sign) && isControl(sign))
             sign = QChar::ReplacementCharacter;
     }
     return answer;
 }
 
-/** The formatted line, empty when it must not be sent. */
-PRINTF_FORMAT(1, 0) QByteArray formatted(const char *format, va_list arguments)
+/** True when it converts texts and whole numbers only, which read the same in every locale. */
+bool isLocaleFree(const char *format)
 {
-    const QString line = QString::vasprintf(format, arguments);
-    if (line.contains(QLatin1Char('\n')) || line.contains(QLatin1Char('\r')))
-        return {};
-    // After an unpaired quote the controller would take the rest for something else.
-    if (line.count(QLatin1Char('"')) % 2 != 0)
-        return {};
-    return line.toUtf8();
+    for (; *format != '\0'; ++format) {
+        if (*format != '%')
+            continue;
+        do {
+            ++format;
+        } while ((*format >= '0' && *format <= '9') || *format == '.');
+        if (*format != 's' && *format != 'd')
+            return false;
+    }
+    return true;
 }
+
+/** A line break would end the line, and after an unpaired quote the rest would mean another thing.
+ */
+bool maySend(const char *line)
+{
+    bool isInQuotes = false;
+    for (line = std::strpbrk(line, "\n\r\""); line; line = std::strpbrk(line + 1, "\n\r\"")) {
+        if (*line != '"')
+            return false;
+        isInQuotes = !isInQuotes;
+    }
+    return !isInQuotes;
+}
+
+/** A command line on the stack; empty when it must not be sent. */
+class CommandLine {
+public:
+    PRINTF_FORMAT(2, 0) CommandLine(const char *format, va_list arguments)
+    {
+        if (isLocaleFree(format)) {
+            print(format, arguments);
+        } else {
+            const QByteArray line = QString::vasprintf(format, arguments).toUtf8();
+            m_line.append(line.constData(), line.size() + 1);
+        }
+        if (!maySend(m_line.constData()))
+            m_line[0] = '\0';
+    }
+    const char *data() const { return m_line.constData(); }
+
+private:
+    PRINTF_FORMAT(2, 0) void print(const char *format, va_list arguments)
+    {
+        va_list again;
+        va_copy(again, arguments);
+        m_line.resize(m_line.capacity());
+        const int length = std::vsnprintf(m_line.data(), size_t(m_line.size()), format, arguments);
+        if (length >= m_line.size()) {
+            m_line.resize(length + 1);
+            std::vsnprintf(m_line.data(), size_t(m_line.size()), format, again);
+        }
+        va_end(again);
+    }
+
+    QVarLengthArray<char, 256> m_line;
+};
 
 } // namespace
 
@@ -53,8 +121,9 @@ PRINTF_FORMAT(1, 0) QByteArray formatted(const char *format, va_list arguments)
 #define LINE_OF(format)                                                                            \
     va_list arguments;                                                                             \
     va_start(arguments, format);                                                                   \
-    const QByteArray line = formatted(format, arguments);                                          \
-    va_end(arguments)
+    const CommandLine commandLine(format, arguments);                                              \
+    va_end(arguments);                                                                             \
+    const char *const line = commandLine.data()
 
 /**
  * One query or write. Keeps what it needs of the link, since a host may delete the link's owner
@@ -76,9 +145,9 @@ public:
 
     /** Carries out `call` for a line that may be sent; true when the host reports no failure. */
     template <typename Call>
-    bool succeeds(const QByteArray &line, const Call &call) const
+    bool succeeds(const char *line, const Call &call) const
     {
-        return m_host->iom && !line.isEmpty() && call(m_host->iom) == 0 && !m_host->closed;
+        return m_host->iom && *line != '\0' && call(m_host->iom) == 0 && !m_host->closed;
     }
     /** The result of a write. */
     bool accepted(bool done) const
@@ -112,41 +181,51 @@ bool ControllerLink::isClosed() const
     return m_host->closed;
 }
 
-std::optional<QString> ControllerLink::text(const char *format, ...) const
+std::optional<QString> ControllerLink::askText(const char *line) const
 {
-    LINE_OF(format);
     const Operation operation(*this);
-    AnswerBuffer buffer{};
-    const bool done = operation.succeeds(line, [&](IOManager *iom) {
-        return iom->get_string(buffer.data(), "%s", line.constData());
-    });
+    AnswerBuffer buffer;
+    terminate(&buffer);
+    const bool done = operation.succeeds(
+            line, [&](IOManager *iom) { return iom->get_string(buffer.data(), "%s", line); });
     if (!done)
         return std::nullopt;
     return decode(buffer);
 }
 
+std::optional<int> ControllerLink::askInteger(const char *line) const
+{
+    const Operation operation(*this);
+    int value = 0;
+    const bool done = operation.succeeds(
+            line, [&](IOManager *iom) { return iom->get_int(&value, "%s", line); });
+    return done ? std::optional<int>(value) : std::nullopt;
+}
+
+std::optional<QString> ControllerLink::text(const char *format, ...) const
+{
+    LINE_OF(format);
+    return askText(line);
+}
+
 std::optional<QString> ControllerLink::name(const char *format, ...) const
 {
     LINE_OF(format);
-    const auto answer = line.isEmpty() ? std::nullopt : text("%s", line.constData());
+    const auto answer = *line == '\0' ? std::nullopt : askText(line);
     return answer && answer->trimmed().isEmpty() ? QStringLiteral("none") : answer;
 }
 
 std::optional<int> ControllerLink::integer(const char *format, ...) const
 {
     LINE_OF(format);
-    const Operation operation(*this);
-    int value = 0;
-    const bool done = operation.succeeds(
-            line, [&](IOManager *iom) { return iom->get_int(&value, "%s", line.constData()); });
-    return done ? std::optional<int>(value) : std::nullopt;
+    return askInteger(line);
 }
 
 std::optional<int> ControllerLink::count(const char *format, ...) const
 {
     constexpr int largest = 9999;
     LINE_OF(format);
-    const auto value = line.isEmpty() ? std::nullopt : integer("%s", line.constData());
+    const auto value = *line == '\0' ? std::nullopt : askInteger(line);
     return value && *value >= 0 && *value <= largest ? value : std::nullopt;
 }
 
@@ -156,7 +235,7 @@ std::optional<double> ControllerLink::real(const char *format, ...) const
     const Operation operation(*this);
     double value = 0.0;
     const bool done = operation.succeeds(
-            line, [&](IOManager *iom) { return iom->get_double(&value, "%s", line.constData()); });
+            line, [&](IOManager *iom) { return iom->get_double(&value, "%s", line); });
     return done && std::isfinite(value) ? std::optional<double>(value) : std::nullopt;
 }
 
@@ -166,7 +245,7 @@ std::optional<bool> ControllerLink::flag(const char *format, ...) const
     const Operation operation(*this);
     bool value = false;
     const bool done = operation.succeeds(
-            line, [&](IOManager *iom) { return iom->get_bool(&value, "%s", line.constData()); });
+            line, [&](IOManager *iom) { return iom->get_bool(&value, "%s", line); });
     return done ? std::optional<bool>(value) : std::nullopt;
 }
 
@@ -174,18 +253,18 @@ bool ControllerLink::set(const char *format, ...) const
 {
     LINE_OF(format);
     const Operation operation(*this);
-    return operation.accepted(operation.succeeds(
-            line, [&](IOManager *iom) { return iom->set("%s", line.constData()); }));
+    return operation.accepted(
+            operation.succeeds(line, [&](IOManager *iom) { return iom->set("%s", line); }));
 }
 
 bool ControllerLink::command(const char *format, ...) const
 {
     LINE_OF(format);
     const Operation operation(*this);
-    AnswerBuffer buffer{};
-    const bool done = operation.succeeds(line, [&](IOManager *iom) {
-        return iom->send_command(buffer.data(), line.constData());
-    });
+    AnswerBuffer buffer;
+    terminate(&buffer);
+    const bool done = operation.succeeds(
+            line, [&](IOManager *iom) { return iom->send_command(buffer.data(), line); });
     if (!done)
         return false;
     buffer.back() = '\0';

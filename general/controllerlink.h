@@ -98,6 +98,9 @@ private:
     };
     class Operation;
 
+    std::optional<QString> askText(const char *line) const;
+    std::optional<int> askInteger(const char *line) const;
+
     std::shared_ptr<Host> m_host;
     const BackendVersions *m_versions;
     QPointer<LinkObserver> m_observer;
