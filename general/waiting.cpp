@@ -13,6 +13,8 @@
 namespace {
 
 constexpr qint64 patienceMs = 300;
+/** Nobody reads a count that changes faster, and drawing it takes longer than many a query. */
+constexpr qint64 betweenCountsMs = 100;
 
 std::function<qint64()> &clockInUse()
 {
@@ -52,6 +54,7 @@ Waiting::Waiting(LinkObserver *observer, For purpose, const QString &text)
         Waiting &measuring = root();
         m_outerText = std::exchange(measuring.m_text, text);
         measuring.m_total = 0;
+        measuring.m_isTextNew = true;
         return;
     }
     m_text = text;
@@ -68,6 +71,7 @@ Waiting::~Waiting()
     if (m_outer) {
         root().m_text = m_outerText;
         root().m_total = 0;
+        root().m_isTextNew = true;
         return;
     }
     setShown(false);
@@ -117,7 +121,7 @@ void Waiting::operationDone()
     // The operator answers a question or works in another dialog: that is no waiting.
     if (QApplication::activeModalWidget() != m_modalWindow)
         restart();
-    else if (nowMs() - m_startMs >= patienceMs)
+    else if ((!m_isShown || m_isTextNew) && nowMs() - m_startMs >= patienceMs)
         setShown(true);
 }
 
@@ -125,7 +129,7 @@ void Waiting::progressed(int done, int total)
 {
     m_done = done;
     m_total = total;
-    if (m_isShown)
+    if (m_isShown && (done == total || nowMs() - m_shownMs >= betweenCountsMs))
         setShown(true);
 }
 
@@ -146,6 +150,8 @@ void Waiting::setShown(bool shown)
     } else if (!shown) {
         return;
     }
+    m_isTextNew = false;
+    m_shownMs = nowMs();
     if (m_observer)
         emit m_observer->waitingFor(shown ? shownText() : QString());
 }

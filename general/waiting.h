@@ -60,7 +60,9 @@ private:
     int m_done = 0;
     int m_total = 0;
     qint64 m_startMs = 0;
+    qint64 m_shownMs = 0; ///< when the text was shown last
     bool m_isShown = false;
+    bool m_isTextNew = false; ///< the text has changed since then
 
     QString m_outerText; ///< shown again when this one ends
 };
