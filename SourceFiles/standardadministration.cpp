@@ -136,11 +136,10 @@ void StandardAdministration::setConfigLockedStatus(bool locked)
 void StandardAdministration::updateTableWidgetCell(const QString &type, int index, int column,
                                                    QTableWidgetItem *item)
 {
-    const bool isModel = column == m_columns.titled(tr("Model"));
     const QString sensor = getBodyInertialSensor(type, index);
     if (type != standardType || sensor.isEmpty())
         return;
-    if (isModel)
+    if (column == m_columns.titled(tr("Model")))
         item->setText(reader().readSensorModel(sensor));
     else if (column == m_columns.titled(tr("Device ID")))
         item->setText(sensor.section(QLatin1Char(' '), 2, 2).remove(QLatin1Char('\'')));

@@ -148,8 +148,8 @@ bool BodyReader::readBody(AdminBodyType &record, const QString &type, int index)
     } else {
         log(QStringLiteral("Error: Unable to get description of body %1 b%2 "), type, index);
     }
-    isAnswered = readCalibration(body, type, index) || isAnswered;
-    readSensor(body, type, index);
+    isAnswered = readCalibration(body, type, word, index) || isAnswered;
+    readSensor(body, type, word, index);
     body.calibrationStatus = calibrationText(body);
     if (hasFilter)
         readFilter(body, type, index);
@@ -163,9 +163,9 @@ bool BodyReader::readBody(AdminBodyType &record, const QString &type, int index)
     return isAnswered;
 }
 
-bool BodyReader::readCalibration(AdminBody &body, const QString &type, int index) const
+bool BodyReader::readCalibration(AdminBody &body, const QString &type, const QByteArray &word,
+                                 int index) const
 {
-    const QByteArray word = ControllerLink::argument(type);
     const int number = index + 1;
     const bool knowsLibrary = m_link.protocolAtLeast(1, 11);
     const bool knowsCalibration = m_link.protocolAtLeast(0, 3);
@@ -205,14 +205,14 @@ bool BodyReader::readCalibration(AdminBody &body, const QString &type, int index
     return isAnswered;
 }
 
-void BodyReader::readSensor(AdminBody &body, const QString &type, int index) const
+void BodyReader::readSensor(AdminBody &body, const QString &type, const QByteArray &word,
+                            int index) const
 {
     body.has_handeye = false;
     body.inertialSensor.clear();
     if (!m_link.protocolAtLeast(1, 12))
         return;
-    const auto sensor = m_link.name("body inertial_sensor %s b%02d",
-                                    ControllerLink::argument(type).constData(), index + 1);
+    const auto sensor = m_link.name("body inertial_sensor %s b%02d", word.constData(), index + 1);
     if (!sensor) {
         log(QStringLiteral("Error: Unable to get inertial sensor of body %1 b%2"), type, index);
         return;

@@ -68,8 +68,10 @@ public:
 private:
     std::optional<int> readCount(const BodyRegistry &registry, const QString &type) const;
     int readSweep(BodyRegistry &registry, const QString &type, int first) const;
-    bool readCalibration(AdminBody &body, const QString &type, int index) const;
-    void readSensor(AdminBody &body, const QString &type, int index) const;
+    /** `word` is the type as it goes into a command line. */
+    bool readCalibration(AdminBody &body, const QString &type, const QByteArray &word,
+                         int index) const;
+    void readSensor(AdminBody &body, const QString &type, const QByteArray &word, int index) const;
     void readFilter(AdminBody &body, const QString &type, int index) const;
     std::optional<bool> isReference(int index) const;
     void log(const QString &line, const QString &type, int index) const;

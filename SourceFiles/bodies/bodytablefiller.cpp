@@ -7,6 +7,7 @@
 
 #include <QCoreApplication>
 #include <QLabel>
+#include <QLocale>
 #include <QPointer>
 #include <QSignalBlocker>
 #include <QSpinBox>
@@ -35,38 +36,85 @@ const char *const words[] = {
         QT_TRANSLATE_NOOP("BodyTypeAdministrationTab", "not active"),
 };
 
-/** `text` in the operator's language when it is one of our words, else as the controller gave it.
- */
-QString inWords(const QString &text)
+/** Shows `text`; `pause` begins where that may make a column wider. */
+void showText(QTableWidgetItem *item, const QString &text, ColumnSizingPause *pause)
 {
-    for (const char *word : words) {
-        if (text == QLatin1String(word))
-            return QCoreApplication::translate("BodyTypeAdministrationTab", word);
-    }
-    return text;
+    if (item->text() == text)
+        return;
+    pause->begin(item->column());
+    item->setText(text);
 }
 
-/** Puts into `item` what differs in `wanted`. */
+void showFlags(QTableWidgetItem *item, Qt::ItemFlags flags, ColumnSizingPause *pause)
+{
+    if (item->flags() == flags)
+        return;
+    pause->begin(item->column());
+    item->setFlags(flags);
+}
+
+void showIcon(QTableWidgetItem *item, const QIcon &icon, ColumnSizingPause *pause)
+{
+    if (item->icon().cacheKey() == icon.cacheKey())
+        return;
+    pause->begin(item->column());
+    item->setIcon(icon);
+}
+
+/** Shows a check box, or none at all; a mark that is set or cleared takes no other room. */
+void showCheck(QTableWidgetItem *item, std::optional<Qt::CheckState> state,
+               ColumnSizingPause *pause)
+{
+    const QVariant shownState = item->data(Qt::CheckStateRole);
+    if (shownState.isValid() != state.has_value())
+        pause->begin(item->column());
+    else if (!state || shownState.toInt() == *state)
+        return;
+    item->setData(Qt::CheckStateRole, state ? QVariant(int(*state)) : QVariant());
+}
+
+/** What a screen reader says of a cell, which takes no room. */
+void showAccessibleText(QTableWidgetItem *item, const QString &text)
+{
+    if (item->data(Qt::AccessibleTextRole).toString() != text)
+        item->setData(Qt::AccessibleTextRole, text);
+}
+
+/** Shows what a tab put into an item of its own. */
 void apply(QTableWidgetItem *item, const QTableWidgetItem &wanted, ColumnSizingPause *pause)
 {
-    if (item->flags() != wanted.flags()) {
-        pause->begin();
-        item->setFlags(wanted.flags());
-    }
-    for (const int role : {int(Qt::DisplayRole), int(Qt::CheckStateRole),
-                           int(Qt::AccessibleTextRole), BodyTableFiller::liveRole}) {
-        if (item->data(role) == wanted.data(role))
-            continue;
-        pause->begin();
-        item->setData(role, wanted.data(role));
-    }
-    if (item->icon().cacheKey() != wanted.icon().cacheKey()) {
-        pause->begin();
-        item->setIcon(wanted.icon());
-    }
+    showFlags(item, wanted.flags(), pause);
+    showText(item, wanted.text(), pause);
+    const QVariant state = wanted.data(Qt::CheckStateRole);
+    showCheck(item,
+              state.isValid() ? std::make_optional(Qt::CheckState(state.toInt())) : std::nullopt,
+              pause);
+    showAccessibleText(item, wanted.data(Qt::AccessibleTextRole).toString());
+    showIcon(item, wanted.icon(), pause);
 }
 
 } // namespace
+
+BodyTableFiller::Words::Words()
+    : active(tr("Active")),
+      reference(tr("Reference")),
+      //: What a screen reader says of a check box: %1 is its column, %2 the body's name or number
+      ofBody(tr("%1, %2")),
+      erase(tr("Delete")),
+      reset(tr("Reset"))
+{
+    for (const char *word : words)
+        ofRecords.append({QLatin1String(word), tr(word)});
+}
+
+QString BodyTableFiller::Words::shown(const QString &text) const
+{
+    for (const auto &word : ofRecords) {
+        if (text == word.first)
+            return word.second;
+    }
+    return text;
+}
 
 BodyTableIcons::BodyTableIcons(const QIcon &okIcon, const QIcon &notCalibratedIcon,
                                const QIcon &noHandEyeIcon, const QIcon &crossIcon,
@@ -131,7 +179,12 @@ void BodyTableFiller::showCount(const AdminBodyType &record)
     const int maximum = qMax(record.limit.value_or(spinBox->maximum()), count);
     if (spinBox->minimum() != 0 || spinBox->maximum() != maximum)
         spinBox->setRange(0, maximum);
-    spinBox->setValue(count);
+    // Setting a value draws the box, and takes back what is being typed into it.
+    QLocale locale = spinBox->locale();
+    locale.setNumberOptions(QLocale::OmitGroupSeparator);
+    if (spinBox->value() != count
+        || spinBox->text() != (count == 0 && !unread.isEmpty() ? unread : locale.toString(count)))
+        spinBox->setValue(count);
 }
 
 void BodyTableFiller::showLimit(QLabel *label, const QSpinBox *spinBox, const QString &text)
@@ -148,124 +201,133 @@ void BodyTableFiller::restoreRow(QTableWidget *table, int row, int column)
 
 void BodyTableFiller::fill(const QString &type, const CustomCell &custom) const
 {
-    const AdminBodyType &record = m_registry.type(type);
-    const QPointer<QTableWidget> table = record.tableWidget;
-    const QVector<COLUMN_TYPE> kinds = record.tableWidgetColumns;
-    const int rows = record.bodies.size();
+    const QPointer<QTableWidget> table = m_registry.type(type).tableWidget;
+    const QVector<COLUMN_TYPE> kinds = m_registry.type(type).tableWidgetColumns;
+    const int rows = m_registry.type(type).bodies.size();
     ColumnSizingPause pause(table->horizontalHeader());
     if (table->rowCount() != rows)
         pause.begin();
     table->setRowCount(rows);
     for (int row = 0; row < table->rowCount(); ++row) {
         for (int column = 0; column < kinds.size(); ++column) {
-            // A custom cell may have let the host change the records, and fill the table again.
-            if (!m_registry.hasBody(type, row))
-                return;
             const COLUMN_TYPE kind = kinds.at(column);
-            QTableWidgetItem wanted = cell(kind, m_registry.type(type), row);
-            if (kind == COLUMN_TYPE_CUSTOM)
-                custom(type, row, column, &wanted);
+            // A custom cell may have let the host change the records, and fill the table again.
+            const AdminBodyType &record = m_registry.type(type);
+            if (!record.isValidIndex(row))
+                return;
+            if (kind != COLUMN_TYPE_CUSTOM) {
+                put(table, row, column, &pause,
+                    [&](QTableWidgetItem *item) { show(item, kind, record, row, &pause); });
+                continue;
+            }
+            QTableWidgetItem wanted;
+            wanted.setFlags(shown);
+            custom(type, row, column, &wanted);
             if (!table || HostCall::isKept(table))
                 return;
-            put(table, row, column, wanted, &pause);
+            put(table, row, column, &pause,
+                [&](QTableWidgetItem *item) { apply(item, wanted, &pause); });
         }
     }
 }
 
-void BodyTableFiller::put(QTableWidget *table, int row, int column, const QTableWidgetItem &wanted,
-                          ColumnSizingPause *pause)
+template <typename ShowIn>
+void BodyTableFiller::put(QTableWidget *table, int row, int column, ColumnSizingPause *pause,
+                          const ShowIn &showIn)
 {
     if (QTableWidgetItem *item = table->item(row, column)) {
-        apply(item, wanted, pause);
+        showIn(item);
     } else if (row < table->rowCount()) {
         pause->begin();
-        table->setItem(row, column, new QTableWidgetItem(wanted));
+        auto *added = new QTableWidgetItem;
+        showIn(added);
+        table->setItem(row, column, added);
     }
 }
 
-QTableWidgetItem BodyTableFiller::cell(COLUMN_TYPE kind, const AdminBodyType &record, int row) const
+void BodyTableFiller::show(QTableWidgetItem *item, COLUMN_TYPE kind, const AdminBodyType &record,
+                           int row, ColumnSizingPause *pause) const
 {
     const AdminBody &body = record.bodies.at(row);
-    QTableWidgetItem item;
-    item.setFlags(shown);
     switch (kind) {
     case COLUMN_TYPE_ID:
-        item.setText(record.tableWidgetColumnIdFormat.arg(row + 1));
+        showFlags(item, shown, pause);
+        showText(item, record.tableWidgetColumnIdFormat.arg(row + 1), pause);
         break;
     case COLUMN_TYPE_ACTIVE:
-        return checkCell(body, body.active, m_allowed.activity,
-                         cellName(tr("Active"), record, row));
+        showCheckCell(item, {body.active, m_allowed.activity, m_words.active}, record, row, pause);
+        break;
     case COLUMN_TYPE_REFERENCE:
-        return checkCell(body, body.isReference, m_allowed.reference,
-                         cellName(tr("Reference"), record, row));
+        showCheckCell(item, {body.isReference, m_allowed.reference, m_words.reference}, record, row,
+                      pause);
+        break;
     case COLUMN_TYPE_NAME:
-        item.setFlags(m_allowed.names && !m_registry.isLocked() ? shown | Qt::ItemIsEditable
-                                                                : shown);
-        item.setText(body.desc);
+        showFlags(item,
+                  m_allowed.names && !m_registry.isLocked() ? shown | Qt::ItemIsEditable : shown,
+                  pause);
+        showText(item, body.desc, pause);
         break;
     case COLUMN_TYPE_CALIBRATED:
-        return calibrationCell(body);
+        showFlags(item, Qt::ItemIsEnabled, pause);
+        showText(item, m_words.shown(body.calibrationStatus), pause);
+        showIcon(item, calibrationIcon(body), pause);
+        break;
     case COLUMN_TYPE_FILTER:
-        item.setText(inWords(body.filter6dPreset));
+        showFlags(item, shown, pause);
+        showText(item, m_words.shown(body.filter6dPreset), pause);
         break;
     case COLUMN_TYPE_DELETE:
-        return buttonCell(body.calibrated || !body.inertialSensor.isEmpty(), m_icons.cross,
-                          m_icons.crossDisabled, tr("Delete"));
+        showButtonCell(item, body.calibrated || !body.inertialSensor.isEmpty(), m_icons.cross,
+                       m_icons.crossDisabled, pause);
+        showAccessibleText(item, m_words.erase);
+        break;
     case COLUMN_TYPE_RESET:
-        return buttonCell((body.recalibrated && !body.tlibName.isEmpty())
-                                  || (!body.inertialSensor.isEmpty() && m_warmupRuleMet),
-                          m_icons.reset, m_icons.resetDisabled, tr("Reset"));
+        showButtonCell(item,
+                       (body.recalibrated && !body.tlibName.isEmpty())
+                               || (!body.inertialSensor.isEmpty() && m_warmupRuleMet),
+                       m_icons.reset, m_icons.resetDisabled, pause);
+        showAccessibleText(item, m_words.reset);
+        break;
     case COLUMN_TYPE_CUSTOM:
         break;
     }
-    return item;
 }
 
-QString BodyTableFiller::cellName(const QString &column, const AdminBodyType &record, int row)
+void BodyTableFiller::showCheckCell(QTableWidgetItem *item, const CheckCell &cell,
+                                    const AdminBodyType &record, int row,
+                                    ColumnSizingPause *pause) const
 {
-    const QString &name = record.bodies.at(row).desc;
-    //: What a screen reader says of a check box: %1 is its column, %2 the body's name or number
-    return tr("%1, %2").arg(column,
-                            name.isEmpty() ? record.tableWidgetColumnIdFormat.arg(row + 1) : name);
+    const AdminBody &body = record.bodies.at(row);
+    const bool hasBox = body.calibrated || body.active;
+    const bool isCheckable = hasBox && cell.checkable && !m_registry.isLocked();
+    showFlags(item, isCheckable ? shown | Qt::ItemIsUserCheckable : shown, pause);
+    if (!hasBox) {
+        showCheck(item, std::nullopt, pause);
+        showAccessibleText(item, QString());
+        return;
+    }
+    showCheck(item, cell.checked ? Qt::Checked : Qt::Unchecked, pause);
+    const QString name =
+            body.desc.isEmpty() ? record.tableWidgetColumnIdFormat.arg(row + 1) : body.desc;
+    showAccessibleText(item, m_words.ofBody.arg(cell.column, name));
 }
 
-QTableWidgetItem BodyTableFiller::checkCell(const AdminBody &body, bool checked, bool checkable,
-                                            const QString &accessibleText) const
+const QIcon &BodyTableFiller::calibrationIcon(const AdminBody &body) const
 {
-    QTableWidgetItem item;
-    item.setFlags(shown);
-    if (!body.calibrated && !body.active)
-        return item;
-    if (checkable && !m_registry.isLocked())
-        item.setFlags(shown | Qt::ItemIsUserCheckable);
-    item.setCheckState(checked ? Qt::Checked : Qt::Unchecked);
-    item.setData(Qt::AccessibleTextRole, accessibleText);
-    return item;
-}
-
-QTableWidgetItem BodyTableFiller::calibrationCell(const AdminBody &body) const
-{
-    QTableWidgetItem item;
-    item.setFlags(Qt::ItemIsEnabled);
-    item.setText(inWords(body.calibrationStatus));
     if (!body.calibrated)
-        item.setIcon(m_icons.notCalibrated);
-    else if (!body.inertialSensor.isEmpty() && !body.has_handeye)
-        item.setIcon(m_icons.noHandEye);
-    else
-        item.setIcon(m_icons.ok);
-    return item;
+        return m_icons.notCalibrated;
+    return !body.inertialSensor.isEmpty() && !body.has_handeye ? m_icons.noHandEye : m_icons.ok;
 }
 
-QTableWidgetItem BodyTableFiller::buttonCell(bool live, const QIcon &icon,
-                                             const QIcon &disabledIcon,
-                                             const QString &accessibleText) const
+void BodyTableFiller::showButtonCell(QTableWidgetItem *item, bool live, const QIcon &icon,
+                                     const QIcon &disabledIcon, ColumnSizingPause *pause) const
 {
     const bool acts = live && !m_registry.isLocked();
-    QTableWidgetItem item;
-    item.setFlags(shown);
-    item.setIcon(acts ? icon : disabledIcon);
-    item.setData(liveRole, acts ? 1 : 0);
-    item.setData(Qt::AccessibleTextRole, accessibleText);
-    return item;
+    showFlags(item, shown, pause);
+    showIcon(item, acts ? icon : disabledIcon, pause);
+    const QVariant mark = item->data(liveRole);
+    if (mark.isValid() && mark.toInt() == (acts ? 1 : 0))
+        return;
+    pause->begin(item->column());
+    item->setData(liveRole, acts ? 1 : 0);
 }

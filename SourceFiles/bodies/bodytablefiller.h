@@ -5,8 +5,10 @@
 
 #include <QCoreApplication>
 #include <QIcon>
+#include <QPair>
 #include <QString>
 #include <QTableWidgetItem>
+#include <QVector>
 
 #include <functional>
 
@@ -91,19 +93,47 @@ public:
     void fill(const QString &type, const CustomCell &custom) const;
 
 private:
-    static void put(QTableWidget *table, int row, int column, const QTableWidgetItem &wanted,
-                    ColumnSizingPause *pause);
-    QTableWidgetItem cell(COLUMN_TYPE kind, const AdminBodyType &record, int row) const;
-    /** What a check box without a text is called. */
-    static QString cellName(const QString &column, const AdminBodyType &record, int row);
-    QTableWidgetItem checkCell(const AdminBody &body, bool checked, bool checkable,
-                               const QString &accessibleText) const;
-    QTableWidgetItem calibrationCell(const AdminBody &body) const;
-    QTableWidgetItem buttonCell(bool live, const QIcon &icon, const QIcon &disabledIcon,
-                                const QString &accessibleText) const;
+    /** The translated words of the cells, looked up once a fill. */
+    class Words {
+        Q_DECLARE_TR_FUNCTIONS(BodyTypeAdministrationTab)
+
+    public:
+        Words();
+        /** `text` in the operator's language when it is one of our words, else as the controller
+         *  gave it. */
+        QString shown(const QString &text) const;
+
+        QString active;
+        QString reference;
+        QString ofBody;
+        QString erase;
+        QString reset;
+
+    private:
+        QVector<QPair<QLatin1String, QString>> ofRecords;
+    };
+    /** A cell with a check box; `column` is what the column is called. */
+    struct CheckCell {
+        bool checked;
+        bool checkable;
+        const QString &column;
+    };
+
+    /** Lets `showIn` fill the item of a cell; a new one before the table has it. */
+    template <typename ShowIn>
+    static void put(QTableWidget *table, int row, int column, ColumnSizingPause *pause,
+                    const ShowIn &showIn);
+    void show(QTableWidgetItem *item, COLUMN_TYPE kind, const AdminBodyType &record, int row,
+              ColumnSizingPause *pause) const;
+    void showCheckCell(QTableWidgetItem *item, const CheckCell &cell, const AdminBodyType &record,
+                       int row, ColumnSizingPause *pause) const;
+    const QIcon &calibrationIcon(const AdminBody &body) const;
+    void showButtonCell(QTableWidgetItem *item, bool live, const QIcon &icon,
+                        const QIcon &disabledIcon, ColumnSizingPause *pause) const;
 
     const BodyTableIcons &m_icons;
     bool m_warmupRuleMet;
     const BodyRegistry &m_registry;
     Allowed m_allowed;
+    Words m_words;
 };

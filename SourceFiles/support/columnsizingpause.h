@@ -22,7 +22,7 @@ public:
     ColumnSizingPause(const ColumnSizingPause &) = delete;
     ColumnSizingPause &operator=(const ColumnSizingPause &) = delete;
 
-    /** Called before each cell that changes; only the first call does something. */
+    /** Called before rows or cells come or go; only the first call does something. */
     void begin()
     {
         if (m_began)
@@ -34,6 +34,12 @@ public:
             m_sections.append(section);
             m_header->setSectionResizeMode(section, QHeaderView::Fixed);
         }
+    }
+    /** Called before a cell of that column changes; columns of another width rule stay as wide. */
+    void begin(int column)
+    {
+        if (!m_began && m_header->sectionResizeMode(column) == QHeaderView::ResizeToContents)
+            begin();
     }
 
 private:

@@ -81,7 +81,7 @@ TargetSearchRun::Step TargetSearchPanel::poll()
     if (result.step == TargetSearchRun::Step::Ended) {
         m_widgets.progressBar->setValue(m_widgets.progressBar->maximum());
         m_trackedTimer->stop();
-        m_widgets.resultLabel->clear();
+        showResult(QString());
     }
     return result.step;
 }
@@ -93,7 +93,7 @@ void TargetSearchPanel::cancel()
     const QPointer<QTimer> guard(m_pollTimer);
     m_run.cancel();
     if (guard)
-        m_widgets.resultLabel->clear();
+        showResult(QString());
 }
 
 void TargetSearchPanel::showIdle()
@@ -120,11 +120,17 @@ void TargetSearchPanel::showCounts(int found, int alreadyUsed)
     const int progress = m_widgets.progressBar->value();
     if (progress <= 0 || progress >= m_widgets.progressBar->maximum())
         return;
-    m_widgets.resultLabel->setText(
-            QCoreApplication::translate("BodyTypeAdministrationTab",
-                                        "found targets: %1, already calibrated: %2")
-                    .arg(found)
-                    .arg(alreadyUsed));
+    showResult(QCoreApplication::translate("BodyTypeAdministrationTab",
+                                           "found targets: %1, already calibrated: %2")
+                       .arg(found)
+                       .arg(alreadyUsed));
+}
+
+void TargetSearchPanel::showResult(const QString &text)
+{
+    // A label that is cleared lays out the whole dialog, be it empty already.
+    if (m_widgets.resultLabel->text() != text)
+        m_widgets.resultLabel->setText(text);
 }
 
 void TargetSearchPanel::reset()
@@ -134,7 +140,7 @@ void TargetSearchPanel::reset()
     m_widgets.start->setEnabled(true);
     m_widgets.progressBar->setValue(0);
     m_widgets.stop->setEnabled(false);
-    m_widgets.resultLabel->clear();
+    showResult(QString());
     setControlsEnabled(true);
 }
 

@@ -80,6 +80,7 @@ private:
     static constexpr int deselectColumn = 4;
 
     void applyControls();
+    void showResult(const QString &text);
 
     TargetSearchRun m_run;
     QTimer *m_pollTimer;

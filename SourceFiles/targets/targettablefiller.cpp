@@ -32,17 +32,18 @@ void setCell(QTableWidget *table, int row, int column, const QString &text, bool
              Qt::ItemFlags flags, ColumnSizingPause &pause)
 {
     QTableWidgetItem *item = itemAt(table, row, column, pause);
-    const bool boldDiffers = item->font().bold() != bold;
+    const QVariant font = item->data(Qt::FontRole);
+    const bool boldDiffers = bold != (font.isValid() && font.value<QFont>().bold());
     if (item->text() != text || item->flags() != flags || boldDiffers)
-        pause.begin();
+        pause.begin(column);
     if (item->text() != text)
         item->setText(text);
     if (item->flags() != flags)
         item->setFlags(flags);
     if (boldDiffers) {
-        QFont font = item->font();
-        font.setBold(bold);
-        item->setFont(font);
+        QFont changed = item->font();
+        changed.setBold(bold);
+        item->setFont(changed);
     }
 }
 
@@ -50,7 +51,7 @@ void setIcon(QTableWidgetItem *item, const QIcon &icon, ColumnSizingPause &pause
 {
     if (item->icon().cacheKey() == icon.cacheKey())
         return;
-    pause.begin();
+    pause.begin(item->column());
     item->setIcon(icon);
 }
 
@@ -133,7 +134,9 @@ void TargetTableFiller::fill(QTableWidget *table, const QVector<const Target *> 
                 return target->isTracked();
             });
     const int first = hasHeading ? 1 : 0;
-    table->clearSpans();
+    // Only the heading spans columns, and clearing what is not there draws the whole table.
+    if (!hasHeading && table->columnSpan(0, ShortNameColumn) > 1)
+        table->clearSpans();
     if (table->rowCount() != targets.size() + first)
         pause.begin();
     table->setRowCount(targets.size() + first);
@@ -196,5 +199,7 @@ void TargetTableFiller::fillHeading(QTableWidget *table, int row, ColumnSizingPa
     }
     table->item(row, UsedColumn)->setData(usedRole, QVariant());
     setIcon(table->item(row, ShortNameColumn), QIcon(), *pause);
-    table->setSpan(row, ShortNameColumn, 1, ColumnCount - ShortNameColumn);
+    constexpr int spanned = ColumnCount - ShortNameColumn;
+    if (table->columnSpan(row, ShortNameColumn) != spanned)
+        table->setSpan(row, ShortNameColumn, 1, spanned);
 }
