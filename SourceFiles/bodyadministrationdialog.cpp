@@ -339,7 +339,8 @@ void BodyAdministrationDlg::refreshCurrentTab()
                              BodyTypeAdministrationTab *tab = currentTab();
                              tab->updateCalStatusTablewidgetTl(tab->mainBodyType());
                          },
-                         [&] { currentTab()->update_tab(); }, [&] { applyButtonRules(); }});
+                         // It announces its current body, and the button rules follow.
+                         [&] { currentTab()->update_tab(); }});
 }
 
 void BodyAdministrationDlg::on_tabWidget_currentChanged(int index)
@@ -352,7 +353,7 @@ void BodyAdministrationDlg::on_tabWidget_currentChanged(int index)
                                 ? MeasurementToolTab
                                 : StandardTab;
     ui->pushButton_calibration->setVisible(m_current_tab == MeasurementToolTab);
-    refreshCurrentTab();
+    runSteps(this, {[&] { refreshCurrentTab(); }, [&] { applyButtonRules(); }});
 }
 
 void BodyAdministrationDlg::onAdminTabWidget_selectionChanged(const QString &type, int index)
@@ -486,12 +487,20 @@ void BodyAdministrationDlg::update_config_locked()
 void BodyAdministrationDlg::showLockState()
 {
     ui->pushButton_calibration->setVisible(m_current_tab == MeasurementToolTab);
-    setWindowIcon(m_is_config_locked ? m_icon_lock : m_parent ? m_parent->windowIcon() : QIcon());
-    for (QPushButton *button : {ui->pushButton_filter, ui->pushButton_calibration,
-                                ui->pushButton_hybridCalibration, ui->pushButton_body_adjustment})
-        button->setEnabled(!m_is_config_locked);
-    if (!m_is_bodycal_module_available)
-        ui->pushButton_calibration->setEnabled(false);
-    if (!m_is_bodyadjustment_module_available || m_is_joywand_multiuser)
-        ui->pushButton_body_adjustment->setEnabled(false);
+    const QIcon icon = m_is_config_locked ? m_icon_lock
+                       : m_parent         ? m_parent->windowIcon()
+                                          : QIcon();
+    if (windowIcon().cacheKey() != icon.cacheKey())
+        setWindowIcon(icon);
+    // The button rules enable what the current body allows; enabling all before flickers.
+    const bool isAdjustable = m_is_bodyadjustment_module_available && !m_is_joywand_multiuser;
+    const std::pair<QPushButton *, bool> buttons[] = {
+            {ui->pushButton_filter, true},
+            {ui->pushButton_calibration, m_is_bodycal_module_available},
+            {ui->pushButton_hybridCalibration, true},
+            {ui->pushButton_body_adjustment, isAdjustable}};
+    for (const auto &[button, available] : buttons) {
+        if (m_is_config_locked || !available)
+            button->setEnabled(false);
+    }
 }
