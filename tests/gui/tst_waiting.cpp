@@ -44,6 +44,7 @@ private slots:
     void showsNothingBefore300Ms();
     void showsTheCursorFrom300MsOn();
     void countsBodiesWhileAPageIsRead();
+    void drawsTheCountTenTimesASecondAtMost();
     void handlesNoEventMeanwhile();
     void isGoneBeforeADialogOpens();
     void showsNothingWhileAQuestionIsOpen();
@@ -133,6 +134,25 @@ void tst_Waiting::countsBodiesWhileAPageIsRead()
         QVERIFY(drawn.texts().contains(QStringLiteral("Reading bodies ..., 50 of 50")));
         QVERIFY(!line->isVisible());
         QVERIFY(!QGuiApplication::overrideCursor());
+    });
+}
+
+void tst_Waiting::drawsTheCountTenTimesASecondAtMost()
+{
+    TestHost host(fiftyBodies());
+    useClockOf(host);
+    openAt(host, joywandPage, [&](QWidget *page) {
+        host.fault(QStringLiteral("* delay 5"));
+        QVERIFY(QTest::qWaitForWindowExposed(page->window()));
+        const DrawnTexts drawn(Drive::find<QLabel>(page->window(), "messageLine"));
+        const qint64 startMs = host.io.virtualTime();
+        goTo(page->window(), standardPage);
+        const int texts = QSet<QString>(drawn.texts().begin(), drawn.texts().end()).size();
+        QVERIFY(texts >= 5);
+        // One more for the text without a count, one for the last count, which is always shown.
+        QVERIFY2(texts <= (host.io.virtualTime() - startMs) / 100 + 2,
+                 qPrintable(QString::number(texts)));
+        QVERIFY(drawn.texts().contains(QStringLiteral("Reading bodies ..., 50 of 50")));
     });
 }
 
