@@ -19,6 +19,7 @@ function(add_forms target)
     set_source_files_properties(${headers} PROPERTIES SKIP_AUTOGEN ON)
     target_sources(${target} PRIVATE ${headers})
     target_include_directories(${target} PUBLIC "${folder}")
-    # The target "autogen" makes these headers, too.
-    set_property(TARGET ${target} APPEND PROPERTY AUTOGEN_TARGET_DEPENDS ${headers})
+    # For tools that read the sources and compile nothing.
+    add_custom_target(${target}_forms DEPENDS ${headers})
+    add_dependencies(${target} ${target}_forms)
 endfunction()

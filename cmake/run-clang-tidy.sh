@@ -8,5 +8,5 @@ cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/.."
 mapfile -t files < <(find "$@" -name '*.cpp' | sort)
 [[ ${#files[@]} -gt 0 ]] || { echo "no source files found in $*" >&2; exit 1; }
 cmake --preset tidy >/dev/null
-cmake --build --preset tidy --target autogen >/dev/null
+cmake --build --preset tidy --target tracking_general_forms tracking_module_forms >/dev/null
 printf '%s\0' "${files[@]}" | xargs -0 -n 2 -P "$(nproc)" clang-tidy --quiet -p build/tidy
