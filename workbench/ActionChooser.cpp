@@ -1,7 +1,6 @@
 #include "ActionChooser.h"
 
 #include "FaultEngine.h"
-#include "MainWindow.h"
 #include "ScriptBox.h"
 #include "WidgetFinder.h"
 #include "WorkbenchSession.h"
@@ -62,8 +61,8 @@ bool keepsEdits(const QWidget *dialog)
 
 } // namespace
 
-ActionChooser::ActionChooser(WorkbenchSession *session, MainWindow *window, quint32 seed)
-    : m_session(session), m_window(window), m_random(seed)
+ActionChooser::ActionChooser(WorkbenchSession *session, quint32 seed)
+    : m_session(session), m_random(seed)
 {
 }
 

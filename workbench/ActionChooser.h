@@ -4,7 +4,6 @@
 #include <QStringList>
 #include <QVector>
 
-class MainWindow;
 class QAbstractItemView;
 class QMessageBox;
 class QWidget;
@@ -17,7 +16,7 @@ class WorkbenchSession;
  */
 class ActionChooser {
 public:
-    ActionChooser(WorkbenchSession *session, MainWindow *window, quint32 seed);
+    ActionChooser(WorkbenchSession *session, quint32 seed);
 
     /** The next lines: the chosen one, and before it what it needs of the oracle. */
     QVector<QStringList> choose();
@@ -40,7 +39,6 @@ private:
     QString pick(const QStringList &from) { return from.at(below(from.size())); }
 
     WorkbenchSession *m_session;
-    MainWindow *m_window;
     QRandomGenerator m_random;
     bool m_comparing = false; ///< the lines so far switched the oracle on
 };

@@ -9,7 +9,7 @@
 Explorer::Explorer(const ScriptContext &context, quint32 seed, const QString &scenario, int steps,
                    const QString &file)
     : LineRunner(context),
-      m_chooser(context.session, context.window, seed),
+      m_chooser(context.session, seed),
       m_seed(seed),
       m_scenario(scenario),
       m_stepsLeft(steps),
