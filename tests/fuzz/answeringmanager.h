@@ -28,7 +28,7 @@ public:
 
 private:
     /** Checks the line that was asked; false when it fails, else *answer holds its answer. */
-    bool next(const char *format, va_list arguments, QByteArray *answer);
+    bool next(const char *format, va_list arguments, QByteArray *answer) HOSTINTERFACE_PRINTF(2, 0);
     bool nextFor(const QByteArray &line, QByteArray *answer);
 
     QList<QByteArray> m_answers;
