@@ -15,6 +15,8 @@ const auto answerKey = QStringLiteral("answer");
 const auto resultKey = QStringLiteral("result");
 const auto timeKey = QStringLiteral("timeMs");
 const auto dialogKey = QStringLiteral("dialog");
+/** No recording is longer; a double holds every whole number up to it. */
+constexpr double longestMs = 1e15;
 /** Added to the key of a text that is kept in base 64. */
 const auto encodedSuffix = QStringLiteral("Base64");
 
@@ -94,10 +96,15 @@ bool Recording::fromLine(const QByteArray &line, TranscriptEntry *entry, QString
         *problem = QStringLiteral("result: expected a number, found none");
         return false;
     }
+    const double timeMs = object.value(timeKey).toDouble();
+    if (!(timeMs >= 0.0 && timeMs <= longestMs)) {
+        *problem = QStringLiteral("timeMs: expected 0 to %1, found %2").arg(longestMs).arg(timeMs);
+        return false;
+    }
     entry->line = bytesOf(object, lineKey);
     entry->answer = bytesOf(object, answerKey);
     entry->result = object.value(resultKey).toInt();
-    entry->virtualMs = qint64(object.value(timeKey).toDouble());
+    entry->virtualMs = qint64(timeMs);
     entry->dialog = object.value(dialogKey).toString();
     return true;
 }

@@ -94,6 +94,9 @@ void tst_Recording::unusableLines_data()
                                   "\"got\"";
     QTest::newRow("result") << QByteArray(R"({"operation":"set","result":"0"})")
                             << ":2: result: expected a number, found none";
+    QTest::newRow("endless time") << QByteArray(
+            R"({"operation":"set","result":0,"timeMs":8888888888888888888888888888})")
+                                  << ":2: timeMs: expected 0 to 1e+15, found 8.88889e+27";
 }
 
 void tst_Recording::unusableLines()
