@@ -325,8 +325,6 @@ bool BodyAdministrationDlg::eventFilter(QObject *watched, QEvent *event)
     return QDialog::eventFilter(watched, event);
 }
 
-// The current tab
-
 BodyTypeAdministrationTab *BodyAdministrationDlg::currentTab() const
 {
     return m_tabs.value(m_current_tab);
@@ -373,8 +371,6 @@ void BodyAdministrationDlg::activateSelectDeselectButtons(const QString &type)
     currentTab()->activate_pushButton_select();
     currentTab()->activate_pushButton_deselect();
 }
-
-// Button rules
 
 void BodyAdministrationDlg::applyButtonRules()
 {
@@ -453,8 +449,6 @@ int BodyAdministrationDlg::getCurrentBodyindex(int type) const
     const bool filtered = type == StandardTab || type == JoywandTab;
     return filtered ? m_tabs.value(type)->getCurrentBodyindex() : -1;
 }
-
-// Messages and the configuration lock
 
 void BodyAdministrationDlg::onReceiveBodyCalAvailable()
 {
