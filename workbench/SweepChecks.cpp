@@ -124,14 +124,9 @@ int stepOf(const QVector<SweepStep> &steps, int operation)
     return step;
 }
 
-} // namespace
-
-QStringList SweepChecks::violations(const QVector<SweepStep> &undisturbedSteps,
-                                    const QVector<SweepStep> &steps,
-                                    const QVector<TranscriptEntry> &transcript, int disturbed)
+QStringList malformations(const QVector<TranscriptEntry> &transcript, const QString &answer)
 {
     QStringList found;
-    const QString answer = answerAt(transcript, disturbed);
     for (const TranscriptEntry &entry : transcript) {
         // A name that the controller gives is asked about as it came.
         if (entry.isGet() && !answer.isEmpty() && QString::fromUtf8(entry.line).contains(answer))
@@ -140,6 +135,16 @@ QStringList SweepChecks::violations(const QVector<SweepStep> &undisturbedSteps,
         if (!problem.isEmpty() && !found.contains(problem))
             found << problem;
     }
+    return found;
+}
+
+} // namespace
+
+QStringList SweepChecks::violations(const QVector<SweepStep> &undisturbedSteps,
+                                    const QVector<SweepStep> &steps,
+                                    const QVector<TranscriptEntry> &transcript, int disturbed)
+{
+    QStringList found = malformations(transcript, answerAt(transcript, disturbed));
     const int disturbedStep = stepOf(undisturbedSteps, disturbed);
     int next = 0;
     for (int i = 0; i < steps.size(); ++i) {

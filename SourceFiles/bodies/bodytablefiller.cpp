@@ -262,9 +262,7 @@ void BodyTableFiller::show(QTableWidgetItem *item, COLUMN_TYPE kind, const Admin
                       pause);
         break;
     case COLUMN_TYPE_NAME:
-        showFlags(item,
-                  m_allowed.names && !m_registry.isLocked() ? shown | Qt::ItemIsEditable : shown,
-                  pause);
+        showFlags(item, nameFlags(), pause);
         showText(item, body.desc, pause);
         break;
     case COLUMN_TYPE_CALIBRATED:
@@ -282,15 +280,23 @@ void BodyTableFiller::show(QTableWidgetItem *item, COLUMN_TYPE kind, const Admin
         showAccessibleText(item, m_words.erase);
         break;
     case COLUMN_TYPE_RESET:
-        showButtonCell(item,
-                       (body.recalibrated && !body.tlibName.isEmpty())
-                               || (!body.inertialSensor.isEmpty() && m_warmupRuleMet),
-                       m_icons.reset, m_icons.resetDisabled, pause);
+        showButtonCell(item, isResetLive(body), m_icons.reset, m_icons.resetDisabled, pause);
         showAccessibleText(item, m_words.reset);
         break;
     case COLUMN_TYPE_CUSTOM:
         break;
     }
+}
+
+Qt::ItemFlags BodyTableFiller::nameFlags() const
+{
+    return m_allowed.names && !m_registry.isLocked() ? shown | Qt::ItemIsEditable : shown;
+}
+
+bool BodyTableFiller::isResetLive(const AdminBody &body) const
+{
+    return (body.recalibrated && !body.tlibName.isEmpty())
+           || (!body.inertialSensor.isEmpty() && m_warmupRuleMet);
 }
 
 void BodyTableFiller::showCheckCell(QTableWidgetItem *item, const CheckCell &cell,

@@ -127,6 +127,8 @@ private:
               ColumnSizingPause *pause) const;
     void showCheckCell(QTableWidgetItem *item, const CheckCell &cell, const AdminBodyType &record,
                        int row, ColumnSizingPause *pause) const;
+    Qt::ItemFlags nameFlags() const;
+    bool isResetLive(const AdminBody &body) const;
     const QIcon &calibrationIcon(const AdminBody &body) const;
     void showButtonCell(QTableWidgetItem *item, bool live, const QIcon &icon,
                         const QIcon &disabledIcon, ColumnSizingPause *pause) const;

@@ -46,6 +46,15 @@ void showMenu(QMainWindow *window, const QList<_GuiElement *> &elements, QTextSt
     window->show();
 }
 
+/** Shows the window until the user closes it, or walks through the dialogs. */
+int run(const QList<_GuiElement *> &elements)
+{
+    if (!QCoreApplication::arguments().contains(QStringLiteral("--walk")))
+        return QApplication::exec();
+    walk(elements);
+    return EXIT_SUCCESS;
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
@@ -79,11 +88,7 @@ int main(int argc, char *argv[])
     const QList<_GuiElement *> elements = module->get_gui_elements();
     showMenu(&window, elements, out);
 
-    int status = EXIT_SUCCESS;
-    if (QCoreApplication::arguments().contains(QStringLiteral("--walk")))
-        walk(elements);
-    else
-        status = QApplication::exec();
+    const int status = run(elements);
     out << io.transcript().size() << " commands answered\n";
 
     // Shut-down, in this order, while the host objects still exist.
