@@ -3,8 +3,6 @@
 #include "ScriptCommand.h"
 #include "WorkbenchSession.h"
 
-#include <QTimer>
-
 namespace {
 
 // Queued calls of one line's work are delivered before a timer fires, those that they cause in turn
@@ -16,25 +14,31 @@ constexpr int settlingRounds = 3;
 LineRunner::LineRunner(const ScriptContext &context, QObject *parent)
     : QObject(parent), m_context(context)
 {
+    // Fires after what is queued. QTimer::singleShot(0) queues its call among that instead, and a
+    // longer time is spent asleep.
+    m_turn.setInterval(0);
+    connect(&m_turn, &QTimer::timeout, this, &LineRunner::takeTurn);
 }
 
 void LineRunner::start()
 {
-    scheduleNext(settlingRounds);
+    awaitSettling();
 }
 
-void LineRunner::scheduleNext(int hops)
+void LineRunner::awaitSettling()
 {
-    QTimer::singleShot(1, this, [this, hops] {
-        if (m_finished)
-            return;
-        m_heldNs = qMax(m_heldNs, m_clock.isValid() ? m_clock.nsecsElapsed() : 0);
-        m_clock.start();
-        if (hops > 1)
-            scheduleNext(hops - 1);
-        else
-            runNext();
-    });
+    m_roundsLeft = settlingRounds;
+    m_turn.start();
+}
+
+void LineRunner::takeTurn()
+{
+    m_heldNs = qMax(m_heldNs, m_clock.isValid() ? m_clock.nsecsElapsed() : 0);
+    m_clock.start();
+    if (--m_roundsLeft > 0)
+        return;
+    m_turn.stop();
+    runNext();
 }
 
 void LineRunner::runNext()
@@ -45,7 +49,7 @@ void LineRunner::runNext()
         return;
     }
     if (clearTheWay()) {
-        scheduleNext(settlingRounds);
+        awaitSettling();
         return;
     }
     Script::Line line;
@@ -59,7 +63,7 @@ void LineRunner::runNext()
     const ScriptCommand *command = ScriptCommands::find(line.words, &nameLength);
     // A line that opens a dialog returns only when it closes; the next one is waiting for it
     // already.
-    scheduleNext(settlingRounds);
+    awaitSettling();
     m_heldNs = 0;
     emit lineStarted(placeOf(line));
     m_clock.start();
@@ -73,6 +77,7 @@ void LineRunner::runNext()
 
 void LineRunner::finish(const QString &failure)
 {
+    m_turn.stop();
     m_finished = true;
     m_failure = failure;
     emit finished(failure.isEmpty());

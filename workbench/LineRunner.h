@@ -6,6 +6,7 @@
 #include <QElapsedTimer>
 #include <QObject>
 #include <QString>
+#include <QTimer>
 
 /**
  * Carries out lines one by one from the event loop, whichever event loop that is: a line that opens
@@ -51,11 +52,14 @@ protected:
     qint64 heldNs() const { return m_heldNs; }
 
 private:
-    void scheduleNext(int hops);
+    void awaitSettling();
+    void takeTurn();
     void runNext();
     void finish(const QString &failure);
 
     ScriptContext m_context;
+    QTimer m_turn;
+    int m_roundsLeft = 0;  ///< until the next line
     QElapsedTimer m_clock; ///< runs since the event loop last had control
     qint64 m_heldNs = 0;
     bool m_finished = false;
