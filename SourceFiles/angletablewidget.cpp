@@ -9,8 +9,6 @@
 
 namespace {
 
-enum Column { IdColumn, NameColumn, FirstAngleColumn, ColumnCount = FirstAngleColumn + 3 };
-
 constexpr double smallestDegrees = -20.0;
 constexpr double largestDegrees = 20.0;
 

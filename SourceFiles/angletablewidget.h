@@ -49,6 +49,8 @@ protected slots:
     void commitData(QWidget *editor) override;
 
 private:
+    enum Column { IdColumn, NameColumn, FirstAngleColumn, ColumnCount = FirstAngleColumn + 3 };
+
     /** What was read of a row, and what of it the user has set since. */
     struct Row {
         FixedAngleBody body;

@@ -16,8 +16,6 @@
 
 namespace {
 
-enum Column { IdColumn, NameColumn, StateColumn, ColumnCount };
-
 /** On the item of the "Name" column: the name as it was read; nothing when that failed. */
 constexpr int readRole = Qt::UserRole;
 

@@ -60,6 +60,8 @@ private slots:
     void on_pushButton_special_clicked();
 
 private:
+    enum Column { IdColumn, NameColumn, StateColumn, ColumnCount };
+
     void fitColumns();
     /** A body as the controller answers. */
     struct Body {

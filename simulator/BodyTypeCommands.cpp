@@ -1,15 +1,11 @@
+#include "BodyTypeWords.h"
 #include "CommandFamilies.h"
 #include "ControllerRules.h"
 
 namespace {
 
+using namespace BodyTypeWords;
 using Access = CommandAccess;
-
-const QString standardWord = QStringLiteral("standard");
-const QString joywandWord = QStringLiteral("joywand");
-const QString handWord = QStringLiteral("fingertracking");
-const QString toolWord = QStringLiteral("measurementtool");
-const QString referenceWord = QStringLiteral("measurementtool_reference");
 
 CommandOutcome notAvailable()
 {

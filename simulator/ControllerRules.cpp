@@ -1,16 +1,13 @@
 #include "ControllerRules.h"
 
 #include "BackendVersions.h"
+#include "BodyTypeWords.h"
 
 #include <algorithm>
 
-namespace {
+using namespace BodyTypeWords;
 
-const QString standardWord = QStringLiteral("standard");
-const QString joywandWord = QStringLiteral("joywand");
-const QString headWord = QStringLiteral("multiuserjoywand_head");
-const QString referenceWord = QStringLiteral("measurementtool_reference");
-const QString toolWord = QStringLiteral("measurementtool");
+namespace {
 
 /** Runs `change` on each text in the state that names a body of the type by its number. */
 template <typename Change>
@@ -53,8 +50,7 @@ namespace ControllerRules {
 
 QStringList bodyTypeWords()
 {
-    return {standardWord, joywandWord,  headWord, QStringLiteral("fingertracking"),
-            toolWord,     referenceWord};
+    return {standardWord, joywandWord, headWord, handWord, toolWord, referenceWord};
 }
 
 QString numberedWord(char prefix, int number)

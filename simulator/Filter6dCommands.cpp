@@ -5,7 +5,7 @@ namespace {
 
 using Access = CommandAccess;
 
-CommandOutcome available(CommandContext &c)
+CommandOutcome filterAvailable(CommandContext &c)
 {
     return CommandOutcome::flag(ControllerRules::isTypeAvailable(c.state, c.protocol, c.argument(0))
                                 && c.state.bodyTypes.value(c.argument(0)).filterAvailable);
@@ -65,7 +65,8 @@ QVector<CommandEntry> filter6dCommands()
 {
     return {
             {Access::Get, "filter6d available TYPE", 1, 12, false,
-             "bodies of the type have the 6DOF filter", "BodyReader, FilterReader", available},
+             "bodies of the type have the 6DOF filter", "BodyReader, FilterReader",
+             filterAvailable},
             {Access::Get, "filter6d limit strength_min", 1, 12, false, "smallest strength",
              "FilterReader", limit<&ControllerState::strengthMin>},
             {Access::Get, "filter6d limit strength_max", 1, 12, false, "greatest strength",

@@ -10,7 +10,7 @@ CommandOutcome noSuchSensor()
     return CommandOutcome::refused(QStringLiteral("there is no such sensor"));
 }
 
-CommandOutcome available(CommandContext &c)
+CommandOutcome inertialAvailable(CommandContext &c)
 {
     return CommandOutcome::flag(c.state.inertialAvailable);
 }
@@ -102,7 +102,7 @@ QVector<CommandEntry> inertialCommands()
 {
     return {
             {Access::Get, "inertial available", 1, 12, false, "inertial sensors can be used",
-             "BodyReader", available},
+             "BodyReader", inertialAvailable},
             {Access::Get, "inertial warmup", 1, 12, false, "the sensors are warming up",
              "BodyReader, BodyCommands", warmup},
             {Access::Set, "inertial warmup VALUE", 1, 12, false, "starts or stops the warm-up",

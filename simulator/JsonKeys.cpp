@@ -74,3 +74,9 @@ QString JsonKeys::firstDuplicate(const QByteArray &json)
     }
     return QString();
 }
+
+QString JsonKeys::spelled(const QJsonValue &value)
+{
+    const QByteArray array = QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact);
+    return QString::fromUtf8(array.mid(1, array.size() - 2));
+}

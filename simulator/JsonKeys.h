@@ -1,9 +1,10 @@
 #pragma once
 
 #include <QByteArray>
+#include <QJsonValue>
 #include <QString>
 
-/** What Qt's JSON reader does not say of an object's keys. */
+/** What Qt's JSON classes do not say of keys and values. */
 namespace JsonKeys {
 
 /**
@@ -11,5 +12,8 @@ namespace JsonKeys {
  * there is none. The text has to be valid JSON.
  */
 QString firstDuplicate(const QByteArray &json);
+
+/** A value as a file spells it, in one line; of an undefined one, "null". */
+QString spelled(const QJsonValue &value);
 
 } // namespace JsonKeys

@@ -1,5 +1,6 @@
 #include "ScenarioCheck.h"
 
+#include "BodyTypeWords.h"
 #include "ControllerRules.h"
 #include "FaultRuleParser.h"
 
@@ -128,8 +129,7 @@ private:
                 path + QStringLiteral("sensor"),
                 QStringLiteral("the name of a sensor that no other body carries"), body.sensor);
         m_carriedSensors << body.sensor;
-        require(body.reference.isEmpty()
-                        || exists(QStringLiteral("measurementtool_reference"), body.reference),
+        require(body.reference.isEmpty() || exists(BodyTypeWords::referenceWord, body.reference),
                 path + QStringLiteral("reference"),
                 QStringLiteral("the number of a measurement tool reference, such as \"b01\""),
                 body.reference);

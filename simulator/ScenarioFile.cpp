@@ -41,12 +41,9 @@ void fillFilterValues(ControllerState *state)
     }
 }
 
-QString shown(const QJsonValue &value)
+QString shownOrNothing(const QJsonValue &value)
 {
-    if (value.isUndefined())
-        return QStringLiteral("nothing");
-    const QByteArray json = QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact);
-    return QString::fromUtf8(json.mid(1, json.size() - 2));
+    return value.isUndefined() ? QStringLiteral("nothing") : JsonKeys::spelled(value);
 }
 
 void collectDifferences(const QString &path, const QJsonValue &before, const QJsonValue &after,
@@ -74,7 +71,8 @@ void collectDifferences(const QString &path, const QJsonValue &before, const QJs
                                lines);
         }
     } else {
-        *lines << QStringLiteral("%1: %2 -> %3").arg(path, shown(before), shown(after));
+        *lines << QStringLiteral("%1: %2 -> %3")
+                          .arg(path, shownOrNothing(before), shownOrNothing(after));
     }
 }
 

@@ -1,6 +1,6 @@
 #include "ScenarioReader.h"
 
-#include <QJsonDocument>
+#include "JsonKeys.h"
 
 #include <cmath>
 #include <limits>
@@ -11,8 +11,7 @@ namespace {
 QString shown(const QJsonValue &value)
 {
     constexpr int longest = 60;
-    QByteArray json = QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact);
-    const QString text = QString::fromUtf8(json.mid(1, json.size() - 2));
+    const QString text = JsonKeys::spelled(value);
     return text.size() <= longest ? text : text.left(longest) + QStringLiteral("...");
 }
 

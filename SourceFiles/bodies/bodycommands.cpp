@@ -3,12 +3,6 @@
 #include "bodies/adminbodytype.h"
 #include "bodynumber.h"
 
-namespace {
-
-const QLatin1String standardType("standard");
-
-} // namespace
-
 bool BodyCommands::logged(bool done, const QString &error) const
 {
     if (!done && !error.isEmpty())
@@ -35,7 +29,7 @@ bool BodyCommands::setDescription(const QString &type, int index, const QString 
 
 bool BodyCommands::setReference(const QString &type, int index) const
 {
-    const bool done = type == standardType
+    const bool done = type == QLatin1String("standard")
                       && m_link.set("tracking reference %s b%02d",
                                     ControllerLink::argument(type).constData(), index + 1);
     return logged(done, QStringLiteral("Error: Unable to set body %1 b%2 as reference body")
@@ -71,7 +65,7 @@ bool BodyCommands::setCount(const QString &type, int count) const
             hands ? QStringLiteral("Error: Unable to set number of %1 hand bodies to %2")
                   : QStringLiteral("Error: Unable to set number of %1 bodies to %2");
     bool done = false;
-    if (type == standardType)
+    if (type == QLatin1String("standard"))
         done = m_link.set("standard number_of_bodies %d", count);
     else if (type == QLatin1String("joywand"))
         done = m_link.set("joywand number_of_devices %d", count);
@@ -88,7 +82,7 @@ bool BodyCommands::setCount(const QString &type, int count) const
 
 void BodyCommands::switchGlobalFilterOn(const QString &type) const
 {
-    if (type == standardType) {
+    if (type == QLatin1String("standard")) {
         logged(m_link.set("standard filter_bodies yes"),
                QStringLiteral("Error: Unable to set global filter6d status of standard bodies"));
     } else {
@@ -244,7 +238,7 @@ void BodyCommands::freeBody(const QString &type, int index) const
 
 void BodyCommands::freeOtherHolder(const QString &type, int index) const
 {
-    const bool standard = type == standardType;
+    const bool standard = type == QLatin1String("standard");
     const QString holder =
             standard ? QStringLiteral("standard target ID %1").arg(index + 1)
                      : QStringLiteral("Measurement Tool Reference MR%1").arg(index + 1);

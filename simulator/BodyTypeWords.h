@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QString>
+
+/** The body types as commands spell them. */
+namespace BodyTypeWords {
+
+inline const QString standardWord = QStringLiteral("standard");
+inline const QString joywandWord = QStringLiteral("joywand");
+inline const QString headWord = QStringLiteral("multiuserjoywand_head");
+inline const QString handWord = QStringLiteral("fingertracking");
+inline const QString toolWord = QStringLiteral("measurementtool");
+inline const QString referenceWord = QStringLiteral("measurementtool_reference");
+
+} // namespace BodyTypeWords
