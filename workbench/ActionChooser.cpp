@@ -3,6 +3,7 @@
 #include "FaultEngine.h"
 #include "ScriptBox.h"
 #include "WidgetFinder.h"
+#include "WidgetText.h"
 #include "WorkbenchSession.h"
 
 #include <QAbstractButton>
@@ -27,11 +28,6 @@ const QStringList protocols = {"1.24", "1.21", "1.12", "1.11", "1.4", "0.17"};
 const QStringList effects = {"fail",          "empty",         "garbled",        "long",
                              "over-long",     "refuse",        "lock",           "wrong-type",
                              "report-failed", "answer \"-7\"", "answer \"none\""};
-
-QString plain(QString text)
-{
-    return text.remove(QLatin1Char('&'));
-}
 
 /** Widgets of the dialog that a script can name and that take input, in an order that stays. */
 QVector<QWidget *> usableWidgets(const QWidget *dialog)
@@ -101,7 +97,7 @@ QStringList ActionChooser::openSomething()
 {
     QStringList entries;
     for (const _GuiElement *element : m_session->module()->elements())
-        entries << plain(element->menu_entry->text());
+        entries << WidgetText::withoutMnemonic(element->menu_entry->text());
     return entries.isEmpty() ? QStringList{"key", "F8"} : QStringList{"menu", pick(entries)};
 }
 
@@ -109,7 +105,7 @@ QStringList ActionChooser::atBox(const QMessageBox *box)
 {
     QStringList buttons;
     for (const QAbstractButton *button : box->buttons())
-        buttons << plain(button->text());
+        buttons << WidgetText::withoutMnemonic(button->text());
     return {"answer", box->windowTitle(), ScriptBox::textOf(box), pick(buttons)};
 }
 
@@ -137,7 +133,8 @@ QStringList ActionChooser::on(QWidget *widget)
         return {"text", name, pick(texts)};
     } else if (const auto *pages = qobject_cast<const QTabWidget *>(widget)) {
         if (pages->count() > 0)
-            return {"page", name, plain(pages->tabText(below(pages->count())))};
+            return {"page", name,
+                    WidgetText::withoutMnemonic(pages->tabText(below(pages->count())))};
     } else if (const auto *view = qobject_cast<const QAbstractItemView *>(widget)) {
         return onTable(view);
     }

@@ -61,11 +61,6 @@ void compare(QStringList *lines, const QString &place, const QString &found,
     }
 }
 
-QString checkText(bool checked)
-{
-    return checked ? QStringLiteral("checked") : QStringLiteral("unchecked");
-}
-
 void compareBodyRow(QStringList *lines, const ControllerState &state, const BodyTable &table,
                     const QAbstractItemModel *model, int row)
 {
@@ -172,9 +167,11 @@ QString axisName(const ControllerState &state)
 void compareSingleMarkers(QStringList *lines, const ControllerState &state, const QWidget *dialog)
 {
     if (const QWidget *box = shown(dialog, "checkBox_force3d"))
-        compare(lines, box->objectName(), WidgetText::of(box), checkText(state.calculateMarker));
+        compare(lines, box->objectName(), WidgetText::of(box),
+                WidgetText::ofCheck(state.calculateMarker));
     if (const QWidget *box = shown(dialog, "checkBox_autoReStart"))
-        compare(lines, box->objectName(), WidgetText::of(box), checkText(state.autoRestart));
+        compare(lines, box->objectName(), WidgetText::of(box),
+                WidgetText::ofCheck(state.autoRestart));
     // Older controllers do not tell the axis.
     const QWidget *axis = shown(dialog, "comboBox_5dofAxis");
     if (axis && !isOlderThan(state, 12) && !axisName(state).isEmpty())
@@ -198,7 +195,8 @@ void compareFilter(QStringList *lines, const ControllerState &state, const QWidg
     if (!body)
         return;
     if (const QWidget *box = shown(dialog, "checkBox_active"))
-        compare(lines, box->objectName(), WidgetText::of(box), checkText(body->filterEnabled));
+        compare(lines, box->objectName(), WidgetText::of(box),
+                WidgetText::ofCheck(body->filterEnabled));
     const auto *strength =
             qobject_cast<const QDoubleSpinBox *>(shown(dialog, "doubleSpinBox_strength"));
     if (strength) {
@@ -243,8 +241,9 @@ void compareAngles(QStringList *lines, const ControllerState &state, const QWidg
             const QString place =
                     QStringLiteral("tableWidget row %1 column %2").arg(row + 1).arg(int(axis) + 3);
             compare(lines, place, cell.data().toString(), QString::number(angle.degrees, 'f', 2));
-            compare(lines, place, checkText(cell.data(Qt::CheckStateRole).toInt() == Qt::Checked),
-                    checkText(angle.enabled));
+            compare(lines, place,
+                    WidgetText::ofCheck(cell.data(Qt::CheckStateRole).toInt() == Qt::Checked),
+                    WidgetText::ofCheck(angle.enabled));
         }
     }
 }

@@ -2,6 +2,7 @@
 
 #include "Explorer.h"
 #include "PlayStage.h"
+#include "ProgramStatus.h"
 #include "ScriptShrinker.h"
 
 #include <QCoreApplication>
@@ -13,9 +14,6 @@
 
 namespace {
 
-constexpr int statusDone = 0;
-constexpr int statusFailed = 1;
-constexpr int statusUnusable = 2;
 const QString seedWord = QStringLiteral("seed ");
 
 QByteArray contents(const QString &file)
@@ -81,18 +79,17 @@ int Exploration::drive(const Request &request, PlayStage *stage, const QString &
         QTextStream(stdout) << seedWord << seed << '\n';
         QString error;
         if (!stage->reset(QString(), &error)) {
-            QTextStream(stderr) << "workbench: " << error << '\n';
-            return statusUnusable;
+            return ProgramStatus::complain(error);
         }
         Explorer explorer(stage->context(), seed, request.scenario, request.steps, file);
         QObject::connect(&explorer, &LineRunner::lineStarted, &explorer, watch);
         stage->play(&explorer);
         if (!explorer.failure().isEmpty()) {
-            QTextStream(stderr) << "workbench: " << explorer.failure() << '\n';
-            return statusFailed;
+            ProgramStatus::complain(explorer.failure());
+            return ProgramStatus::failed;
         }
     }
-    return statusDone;
+    return ProgramStatus::done;
 }
 
 int Exploration::search(const Request &request)
@@ -117,7 +114,7 @@ int Exploration::search(const Request &request)
         const quint32 seed = lastSeed(process.readAllStandardOutput());
         if (seed < next) {
             QTextStream(stderr) << failure << '\n';
-            return statusUnusable;
+            return ProgramStatus::unusable;
         }
         ++failures;
         explain(seed, failure, contents(file), arguments);
@@ -127,5 +124,5 @@ int Exploration::search(const Request &request)
                                    .arg(request.lastSeed - request.firstSeed + 1)
                                    .arg(request.steps)
                                    .arg(failures);
-    return failures == 0 ? statusDone : statusFailed;
+    return failures == 0 ? ProgramStatus::done : ProgramStatus::failed;
 }

@@ -8,7 +8,6 @@
 
 namespace {
 
-constexpr int contextLines = 3;
 const auto operationKey = QStringLiteral("operation");
 const auto lineKey = QStringLiteral("line");
 const auto answerKey = QStringLiteral("answer");

@@ -10,6 +10,9 @@
  */
 namespace Recording {
 
+/** Operations that are shown before a difference. */
+constexpr int contextLines = 3;
+
 /** One line without line break. Answers that are no valid text are kept byte for byte. */
 QByteArray toLine(const TranscriptEntry &entry);
 /** False with *problem "expected ..., found ..." when the line is no recorded operation. */

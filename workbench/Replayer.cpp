@@ -1,12 +1,11 @@
 #include "Replayer.h"
 
+#include "Recording.h"
 #include "SimulatedIOManager.h"
 
 #include <algorithm>
 
 namespace {
-
-constexpr int contextLines = 3;
 
 QString describe(const TranscriptEntry &entry)
 {
@@ -48,7 +47,7 @@ void Replayer::answer(TranscriptEntry *entry)
     if (!m_difference.isEmpty())
         return;
     m_difference = QStringLiteral("the replay differs at operation %1\n").arg(m_next + 1);
-    for (int i = qMax(0, m_next - contextLines); i < m_next; ++i)
+    for (int i = qMax(0, m_next - Recording::contextLines); i < m_next; ++i)
         m_difference += QStringLiteral("  %1\n").arg(describe(m_recording.at(i)));
     m_difference += QStringLiteral("- %1\n").arg(
             m_next < m_recording.size() ? describe(m_recording.at(m_next))

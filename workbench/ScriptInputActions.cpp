@@ -4,6 +4,7 @@
 #include "ScriptItem.h"
 #include "UserInput.h"
 #include "WidgetFinder.h"
+#include "WidgetText.h"
 #include "qtportability.h"
 
 #include <QAbstractButton>
@@ -21,11 +22,6 @@
 #include <QTabWidget>
 
 namespace {
-
-QString plain(QString text)
-{
-    return text.remove(QLatin1Char('&'));
-}
 
 /** A widget of the wanted class that takes input; null with *problem. */
 template <typename Widget>
@@ -50,8 +46,9 @@ QString openMenuEntry(ScriptContext &context, const QStringList &arguments)
     QStringList entries;
     for (const QAction *menu : context.window->menuBar()->actions()) {
         for (QAction *entry : menu->menu()->actions()) {
-            if (plain(entry->text()) != plain(arguments.first())) {
-                entries << plain(entry->text());
+            if (WidgetText::withoutMnemonic(entry->text())
+                != WidgetText::withoutMnemonic(arguments.first())) {
+                entries << WidgetText::withoutMnemonic(entry->text());
                 continue;
             }
             if (!entry->isEnabled()) {
@@ -242,8 +239,8 @@ QString showPage(ScriptContext &, const QStringList &arguments)
         return problem;
     QStringList titles;
     for (int i = 0; i < tabs->count(); ++i) {
-        titles << plain(tabs->tabText(i));
-        if (titles.last() != plain(arguments.at(1)))
+        titles << WidgetText::withoutMnemonic(tabs->tabText(i));
+        if (titles.last() != WidgetText::withoutMnemonic(arguments.at(1)))
             continue;
         UserInput::clickTab(tabs->tabBar(), i);
         return QString();
@@ -268,7 +265,7 @@ QString answerBox(ScriptContext &, const QStringList &arguments)
     }
     QStringList buttons;
     for (QAbstractButton *button : box->buttons()) {
-        buttons << plain(button->text());
+        buttons << WidgetText::withoutMnemonic(button->text());
         if (buttons.last() != arguments.at(2))
             continue;
         UserInput::click(button);

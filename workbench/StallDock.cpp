@@ -11,7 +11,6 @@
 
 namespace {
 
-constexpr int longestLatencyMs = 500;
 constexpr int latencyStepMs = 10;
 
 } // namespace
@@ -25,7 +24,7 @@ StallDock::StallDock(StallMeter *meter, QWidget *parent)
 {
     setObjectName(QStringLiteral("dock_stalls"));
     m_latency->setObjectName(QStringLiteral("slider_latency"));
-    m_latency->setRange(0, longestLatencyMs);
+    m_latency->setRange(0, StallMeter::longestLatencyMs);
     m_latency->setPageStep(latencyStepMs);
     m_latencyText->setObjectName(QStringLiteral("label_latency"));
     m_worst->setObjectName(QStringLiteral("tableWidget_stalls"));

@@ -8,7 +8,6 @@
 namespace {
 
 constexpr int beatMs = 20;
-constexpr int longestLatencyMs = 500;
 
 } // namespace
 

@@ -29,7 +29,8 @@ public:
 
     /** Begins to measure. */
     void start();
-    /** Real time that each operation takes, 0 to 500 ms. */
+    static constexpr int longestLatencyMs = 500;
+    /** Real time that each operation takes, 0 to longestLatencyMs. */
     void setLatencyMs(int latencyMs);
     int latencyMs() const { return m_latencyMs; }
     /**

@@ -2,22 +2,9 @@
 
 #include "FaultSweep.h"
 #include "JUnitReport.h"
+#include "ProgramStatus.h"
 
 #include <QTextStream>
-
-namespace {
-
-constexpr int statusDone = 0;
-constexpr int statusFailed = 1;
-constexpr int statusUnusable = 2;
-
-int complain(const QString &text)
-{
-    QTextStream(stderr) << "workbench: " << text << '\n';
-    return statusUnusable;
-}
-
-} // namespace
 
 int SweepCommand::run(const Script &script, PlayStage *stage, const SweepPlan &plan,
                       const QString &junitFile, const std::function<void(const QString &)> &watch)
@@ -27,14 +14,15 @@ int SweepCommand::run(const Script &script, PlayStage *stage, const SweepPlan &p
     sweep.setFound([](const QString &violation) { QTextStream(stdout) << violation << '\n'; });
     QString error;
     if (!sweep.run(&error))
-        return complain(QStringLiteral("--sweep: expected the script to succeed undisturbed: %1")
-                                .arg(error));
+        return ProgramStatus::complain(
+                QStringLiteral("--sweep: expected the script to succeed undisturbed: %1")
+                        .arg(error));
     QTextStream(stdout) << sweep.summary() << '\n';
     if (!junitFile.isEmpty()) {
         JUnitReport report(script.name);
         sweep.report(&report);
         if (!report.save(junitFile, &error))
-            return complain(error);
+            return ProgramStatus::complain(error);
     }
-    return sweep.violations().isEmpty() ? statusDone : statusFailed;
+    return sweep.violations().isEmpty() ? ProgramStatus::done : ProgramStatus::failed;
 }

@@ -8,20 +8,21 @@
 #include <QTextDocumentFragment>
 #include <QVariant>
 
-namespace {
-
-QString checkText(bool checked)
+QString WidgetText::ofCheck(bool checked)
 {
     return checked ? QStringLiteral("checked") : QStringLiteral("unchecked");
 }
 
-} // namespace
+QString WidgetText::withoutMnemonic(QString text)
+{
+    return text.remove(QLatin1Char('&'));
+}
 
 QString WidgetText::of(const QWidget *widget)
 {
     const auto *button = qobject_cast<const QAbstractButton *>(widget);
     if (button && button->isCheckable())
-        return checkText(button->isChecked());
+        return ofCheck(button->isChecked());
     if (const auto *box = qobject_cast<const QComboBox *>(widget))
         return box->currentText();
     if (const auto *label = qobject_cast<const QLabel *>(widget)) {
@@ -43,5 +44,5 @@ QString WidgetText::ofItem(const QModelIndex &index)
 {
     const QString text = index.data().toString();
     const QVariant check = index.data(Qt::CheckStateRole);
-    return text.isEmpty() && check.isValid() ? checkText(check.toInt() == Qt::Checked) : text;
+    return text.isEmpty() && check.isValid() ? ofCheck(check.toInt() == Qt::Checked) : text;
 }

@@ -16,4 +16,9 @@ QString of(const QWidget *widget);
 /** A cell's text; for a cell with a check box and no text "checked" or "unchecked". */
 QString ofItem(const QModelIndex &index);
 
+/** "checked" or "unchecked". */
+QString ofCheck(bool checked);
+/** A title or caption without the "&" that marks its key. */
+QString withoutMnemonic(QString text);
+
 } // namespace WidgetText

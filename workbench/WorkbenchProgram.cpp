@@ -5,6 +5,7 @@
 #include "MainWindow.h"
 #include "MessageLogDock.h"
 #include "PlayStage.h"
+#include "ProgramStatus.h"
 #include "Recorder.h"
 #include "Recording.h"
 #include "Replayer.h"
@@ -33,15 +34,7 @@
 
 namespace {
 
-constexpr int statusDone = 0;
-constexpr int statusFailed = 1;
-constexpr int statusUnusable = 2;
 constexpr int clockStepMs = 100;
-
-void complain(const QString &text)
-{
-    QTextStream(stderr) << "workbench: " << text << '\n';
-}
 
 } // namespace
 
@@ -58,8 +51,7 @@ int WorkbenchProgram::run()
     Exploration::Request exploration;
     QString error;
     if (!m_options.explore.isEmpty() && !readExploration(&exploration, &error)) {
-        complain(error);
-        return statusUnusable;
+        return ProgramStatus::complain(error);
     }
     if (!m_options.explore.isEmpty() && m_options.exploreInto.isEmpty())
         return Exploration::search(exploration);
@@ -70,8 +62,7 @@ int WorkbenchProgram::run()
     if (!loadScript(&error) || !prepareHome(&error) || !createSession(&error)
         || !startRecording(&error) || !dress(&error) || !openWindows(&error)
         || !setTheStage(&error)) {
-        complain(error);
-        return statusUnusable;
+        return ProgramStatus::complain(error);
     }
     int status = 0;
     if (!m_options.sweepFile.isEmpty())
@@ -82,8 +73,8 @@ int WorkbenchProgram::run()
         status = m_options.isScripted() ? runScripted() : runInteractive();
     shutDown();
     if (m_replayer && !m_replayer->difference().isEmpty()) {
-        complain(m_replayer->difference());
-        status = statusFailed;
+        ProgramStatus::complain(m_replayer->difference());
+        status = ProgramStatus::failed;
     }
     return status;
 }
@@ -93,11 +84,10 @@ int WorkbenchProgram::checkScenario()
     Scenario scenario;
     QString error;
     if (!ScenarioFile::load(m_options.scenarioCheckFile, &scenario, &error)) {
-        complain(error);
-        return statusUnusable;
+        return ProgramStatus::complain(error);
     }
     QTextStream(stdout) << QString::fromUtf8(ScenarioFile::toBytes(scenario));
-    return statusDone;
+    return ProgramStatus::done;
 }
 
 int WorkbenchProgram::runSweep()
@@ -149,12 +139,11 @@ int WorkbenchProgram::compareRecordings()
     QString error;
     if (!Recording::load(m_options.transcriptDiff.at(0), &left, &error)
         || !Recording::load(m_options.transcriptDiff.at(1), &right, &error)) {
-        complain(error);
-        return statusUnusable;
+        return ProgramStatus::complain(error);
     }
     const QString difference = Recording::difference(left, right);
     QTextStream(stdout) << difference;
-    return difference.isEmpty() ? statusDone : statusFailed;
+    return difference.isEmpty() ? ProgramStatus::done : ProgramStatus::failed;
 }
 
 bool WorkbenchProgram::startRecording(QString *error)
@@ -167,7 +156,7 @@ bool WorkbenchProgram::startRecording(QString *error)
         // After the first difference module and recording match no more: the replay ends.
         QObject::connect(
                 m_replayer.get(), &Replayer::differed, qApp,
-                [] { QApplication::exit(statusFailed); }, Qt::QueuedConnection);
+                [] { QApplication::exit(ProgramStatus::failed); }, Qt::QueuedConnection);
     }
     if (m_options.recordFile.isEmpty())
         return true;
@@ -290,32 +279,31 @@ int WorkbenchProgram::runScripted()
     context.timers = m_timers.get();
     context.pictureDir = m_options.tourDir;
     if (!m_options.tourDir.isEmpty() && !QDir().mkpath(m_options.tourDir)) {
-        complain(QStringLiteral("%1: the folder cannot be created").arg(m_options.tourDir));
-        return statusUnusable;
+        return ProgramStatus::complain(
+                QStringLiteral("%1: the folder cannot be created").arg(m_options.tourDir));
     }
     m_runner = std::make_unique<ScriptRunner>(m_script, context);
     QObject::connect(m_runner.get(), &ScriptRunner::lineStarted, m_runner.get(),
                      [this](const QString &place) { m_watchdog->watch(place); });
     QObject::connect(m_runner.get(), &ScriptRunner::finished, qApp, [](bool success) {
         // Ends the event loops of open dialogs too.
-        QApplication::exit(success ? statusDone : statusFailed);
+        QApplication::exit(success ? ProgramStatus::done : ProgramStatus::failed);
     });
     m_runner->start();
     int status = QApplication::exec();
     if (!m_runner->isFinished()) {
-        complain(QStringLiteral("%1: the window was closed before the end").arg(m_script.name));
-        status = statusFailed;
+        ProgramStatus::complain(
+                QStringLiteral("%1: the window was closed before the end").arg(m_script.name));
+        status = ProgramStatus::failed;
     }
     if (!m_runner->failure().isEmpty())
-        complain(m_runner->failure());
+        ProgramStatus::complain(m_runner->failure());
     QString error;
     if (!m_options.junitFile.isEmpty() && !writeJUnit(&error)) {
-        complain(error);
-        status = statusUnusable;
+        status = ProgramStatus::complain(error);
     }
     if (!m_options.tourDir.isEmpty() && !writeTourResults(&error)) {
-        complain(error);
-        status = statusUnusable;
+        status = ProgramStatus::complain(error);
     }
     return status;
 }

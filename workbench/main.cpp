@@ -1,4 +1,5 @@
 #include "DisplayCheck.h"
+#include "ProgramStatus.h"
 #include "ScenarioLocator.h"
 #include "WorkbenchOptions.h"
 #include "WorkbenchProgram.h"
@@ -19,14 +20,6 @@
 
 namespace {
 
-constexpr int statusUnusable = 2;
-
-int complain(const QString &text)
-{
-    QTextStream(stderr) << "workbench: " << text << '\n';
-    return statusUnusable;
-}
-
 QString noDisplay()
 {
     return QStringLiteral("there is no display. Without one, --tour DIR drives the dialogs and "
@@ -40,11 +33,12 @@ bool isStarting = true;
 [[noreturn]] void giveUpStarting()
 {
     const QByteArray platform = qgetenv("QT_QPA_PLATFORM");
-    complain(platform.isEmpty() ? QStringLiteral("the toolkit cannot use the display.")
-                                : QStringLiteral("the toolkit cannot use the platform \"%1\" that "
-                                                 "QT_QPA_PLATFORM names.")
-                                          .arg(QString::fromLocal8Bit(platform)));
-    std::_Exit(statusUnusable);
+    ProgramStatus::complain(
+            platform.isEmpty() ? QStringLiteral("the toolkit cannot use the display.")
+                               : QStringLiteral("the toolkit cannot use the platform \"%1\" that "
+                                                "QT_QPA_PLATFORM names.")
+                                         .arg(QString::fromLocal8Bit(platform)));
+    std::_Exit(ProgramStatus::unusable);
 }
 
 /** Leaves out what the offscreen platform says about windows nobody sees. */
@@ -105,7 +99,7 @@ int main(int argc, char *argv[])
     WorkbenchOptions options;
     QString error;
     if (!WorkbenchOptions::parse(arguments, &options, &error))
-        return complain(error);
+        return ProgramStatus::complain(error);
     if (options.help || options.version) {
         QTextStream(stdout) << (options.help ? WorkbenchOptions::helpText()
                                              : QStringLiteral("workbench " TRACKING_VERSION "\n"));
@@ -121,7 +115,7 @@ int main(int argc, char *argv[])
         const QCoreApplication withoutDisplay(ownArguments, argv);
         // What is wrong with or without a display comes first.
         const QString mistake = WorkbenchProgram(options).inputProblem();
-        return complain(!mistake.isEmpty() ? mistake : noDisplay());
+        return ProgramStatus::complain(!mistake.isEmpty() ? mistake : noDisplay());
     }
     const auto application = makeApplication(ownArguments, argv);
     QApplication::setApplicationName(QStringLiteral("workbench"));
