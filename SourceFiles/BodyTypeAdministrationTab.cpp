@@ -252,7 +252,7 @@ void BodyTypeAdministrationTab::changeCount(const QString &type, int asked, int 
 void BodyTypeAdministrationTab::checkForReferenceDisabeledAndResetIfNec(int &newCount, int oldCount,
                                                                         const QString &type)
 {
-    // Only the last body is examined, also when several are dropped at once.
+    // Only the last body is examined, even when several are dropped at once.
     if (type != QLatin1String("standard") || newCount >= oldCount
         || !getBodyIsReference(type, oldCount - 1)
         || m_questions.confirmReferenceDropped(type, oldCount - 1) != Answer::Declined)
@@ -290,7 +290,7 @@ void BodyTypeAdministrationTab::setBodyReference(const QString &type, int index,
         return;
     if (!refused && link().protocolAtLeast(1, 24))
         morvek2_setBodyIsReference(type, index, reference);
-    // Another body loses the mark, so one body read again would not do.
+    // Another body loses the mark, so that it is not enough to read one body again.
     for (int other = 0; self && !refused && other < getNumberOfBodies(type); ++other)
         updateBodyInfo(type, other);
     if (self)
@@ -330,7 +330,7 @@ void BodyTypeAdministrationTab::assignTarget()
     const AssignmentFlow::Choice choice = m_flow.choice();
     selectionTableLeft = choice.body.index();
     selectionTableRight = choice.targetRow;
-    // The list of targets must not change under the questions that follow.
+    // The list of targets must not change while the following questions are open.
     const TimerPause pause(timerCheckForTracked_tl);
     if (!overwriteBodyCalibration(choice.body.name()) || !m_flow.isChoiceUnchanged()
         || !mayAssignTarget(choice.targetShortName))

@@ -24,31 +24,38 @@
 #include <functional>
 
 /**
- * What the tabs of the body administration have in common: the face of the parts that hold the
- * records, read, write, listen to the tables, list the targets, assign them and search for them.
- * Its named operations decide, ask the operator and call a part; the parts never call back.
+ * The base class of the tabs of the body administration. Its named operations decide, ask the
+ * operator and call a part. The parts hold the records, read and write bodies, handle input in the
+ * tables, list the targets, assign them and search for them; they never call the tab.
  *
- * Created and owned by the body administration dialog, with the dialog as parent. A subclass
- * registers its types and widgets in its constructor, hands its common widgets to setTabWidgets()
- * after setting up its form, and overrides what is particular to it. Type words are the
- * controller's; indexes are zero-based. Nothing is stored that was not read from the controller.
+ * The body administration dialog creates and owns the tab and is its parent. A subclass registers
+ * its types and widgets in its constructor, passes its common widgets to setTabWidgets() after
+ * setting up its form, and overrides what is particular to it. Type words are the controller's;
+ * indexes are zero-based. The records hold only values that were read from the controller, or
+ * defaults.
  */
 class BodyTypeAdministrationTab : public QWidget, public BodyRecords, public TargetOperations {
     Q_OBJECT
 
 public:
-    /** The manager and the versions outlive the tab and may be null; the catalogue may not. */
+    /**
+     * The manager and the versions outlive the tab and may be null. The catalogue outlives it, too,
+     * and must not be null.
+     */
     BodyTypeAdministrationTab(IOManager *iom, QWidget *parent, BackendVersions *beVers,
                               const QString &moduleVersion, Targetlibrary *targetlib);
     ~BodyTypeAdministrationTab() override;
 
     /** Title of the tab's page. */
     virtual QString getTabTitle() = 0;
-    /** True when the controller offers it. Kept for a host of tabs; the dialog shows every tab. */
+    /**
+     * True when the controller offers the bodies of this tab. Kept for a host of tabs; the dialog
+     * shows every tab.
+     */
     virtual bool isAvailable() = 0;
-    /** True when the type has 6DOF filters and the current body a geometry to filter. */
+    /** True when the type has 6DOF filters and the current body has a geometry to filter. */
     virtual bool is_filter6d_possible();
-    /** True when a body is current that may be calibrated. */
+    /** True when a body is current and the configuration is not locked. */
     virtual bool is_bodycal_possible() { return !m_is_config_locked && current_bid != -1; }
     /** True when the current body is calibrated and may be adjusted. */
     virtual bool is_bodyadjustment_possible()
@@ -65,48 +72,59 @@ public:
     virtual void update_tab();
     /** The dialog is about to close: stops the timers. */
     virtual void about_to_exit() { stopAllTimer(); }
-    /** The host shuts down: nothing that is timed or queued happens any more. */
+    /** Called when the host shuts down: from now on no timer and no queued call acts. */
     void retire();
-    /** About to be deleted: nothing typed is taken over, nothing is sent or emitted any more. */
+    /**
+     * Called before deletion: from now on typed text is not taken over, and nothing is sent or
+     * emitted.
+     */
     void abandon();
-    /** The page is about to be hidden: what is typed is taken over. */
+    /** Takes over what is typed, because the page is about to be hidden. */
     void commitEditing() { m_input.commit(); }
-    /** The records belong to a configuration that is active no more; what is typed is dropped. */
+    /**
+     * Marks the records as those of a configuration that is no longer active, and drops what is
+     * typed.
+     */
     void outdate()
     {
         bodytypes.beginGeneration();
         m_input.discard();
     }
-    /** What a button asks for; dropped while another request or its question is under way. */
+    /** Runs what a button requests; does nothing while another request or its question is open. */
     void perform(const std::function<void()> &request) { m_input.perform(request); }
 public slots:
-    /** Another configuration was activated on the controller. */
+    /** Called when another configuration was activated on the controller. */
     virtual void ON_activeConfigurationChanged() {}
 
 public:
-    /** Switches a body on or off; re-reads the body whether or not the controller agreed. */
+    /** Switches a body on or off, and reads the body again even when the controller refused. */
     virtual void setBodyActive(const QString &type, int index, bool active);
-    /** Renames a body and re-reads it. */
+    /** Renames a body and reads it again. */
     virtual void setBodyDescription(const QString &type, int index, const QString &text);
-    /** Undoes the calibration of a body, asking first. False when nothing or not all was done. */
+    /**
+     * Undoes the calibration of a body after a question. False when nothing or only a part was
+     * done.
+     */
     virtual bool resetBody(const QString &type, int index)
     {
         return refreshAfter(type, index, m_actions.reset(type, index));
     }
-    /** Clears a body slot, asking first. False when nothing or not all was done. */
+    /** Clears a body slot after a question. False when nothing or only a part was done. */
     virtual bool deleteBody(const QString &type, int index)
     {
         return refreshAfter(type, index, m_actions.clear(type, index));
     }
-    /** Exchanges two bodies (protocol 1.11). False when the controller did not. */
+    /** Exchanges two bodies (protocol 1.11). False when the controller did not exchange them. */
     virtual bool switchBody(const QString &type, int index, int otherIndex);
-    /** Largest number of bodies, as the controller answers; a default, and logged, on failure. */
+    /**
+     * Largest number of bodies that the controller allows. A failure is logged and gives a default.
+     */
     virtual int morvek2_getMaxNumberOfBodies(const QString &type) = 0;
-    /** Sets the controller's number of bodies; false, and logged, when it refused. */
+    /** Sets the controller's number of bodies. False, and logged, when the controller refused. */
     virtual bool morvek2_setNumberOfBodies(const QString &type, int count) = 0;
     /** Fills the item of a custom column; the item is new. */
     virtual void updateTableWidgetCell(const QString &, int, int, QTableWidgetItem *) {}
-    /** Remembers the current rows of a tab that has two body tables; elsewhere does nothing. */
+    /** Remembers the current rows of a tab that has two body tables; does nothing in other tabs. */
     virtual void saveSelectionOfMtTables() {}
 
     /** The box that shows and sets the number of bodies of the type. */
@@ -115,25 +133,37 @@ public:
     void registerTableWidget(const QString &type, QTableWidget *table,
                              const QVector<COLUMN_TYPE> &columns, const QString &idFormat);
 
-    /** Asks again what could not be read when the tab was made; and shows what is known since. */
+    /**
+     * Queries again what could not be read when the tab was made, and shows what is known since
+     * then.
+     */
     void readMissing(bool isLibraryNew);
     /** Reads all registered types and fills their tables; a failed query is logged. */
     void updateBodyTypesInfo();
-    /** Reads the count and all bodies of the type; the table stays as it is. */
+    /** Reads the count and all bodies of the type; does not change the table. */
     void updateBodyTypeInfo(const QString &type);
     /** Shows the number of bodies; with `readMaximum` the limit is read first. */
     void updateBodyTypeSpinBox(const QString &type, bool readMaximum);
-    /** Fills the table from the records; its one query is whether the sensors warm up. */
+    /** Fills the table from the records; queries only whether the sensors warm up. */
     void updateTableWidget(const QString &type);
 
-    /** Sets the controller's count and reads it back; asks before the reference is dropped. */
+    /**
+     * Sets the controller's count and reads it back; asks the operator before the reference is
+     * dropped.
+     */
     void setNumberOfBodies(const QString &type, int count);
-    /** Makes the body the reference or none; refuses, with a box, a body that is not active. */
+    /**
+     * Makes the body the reference or removes its mark. A body that is not active is refused with a
+     * box.
+     */
     void setBodyReference(const QString &type, int index, bool reference);
 
-    /** Asks before the last body is dropped while it is the reference; may put the count back. */
+    /**
+     * Asks before the last body is dropped while it is the reference; sets `newCount` back to
+     * `oldCount` when the operator declines.
+     */
     void checkForReferenceDisabeledAndResetIfNec(int &newCount, int oldCount, const QString &type);
-    /** A locked configuration is shown but cannot be edited. */
+    /** Keeps the widgets that change the configuration disabled while `locked` is true. */
     virtual void setConfigLockedStatus(bool locked);
 
     /** Assigns the current target to the current body; false when it was not done. */
@@ -143,7 +173,7 @@ public:
         return m_flow.assign(m_flow.current(type, bodyTable, tlTable),
                              TargetListPanel::listedIds(tlTable));
     }
-    /** Deletes the current body, asking first; nothing without a current body. */
+    /** Deletes the current body after a question; does nothing without a current body. */
     void pushButtonDeSelectClicked(const QString &type, QTableWidget *bodyTable)
     {
         if (bodyTable->currentRow() >= 0)
@@ -155,19 +185,24 @@ public:
     {
         assignment().freeElsewhere(target, type, table->currentRow(), getNumberOfBodies(type));
     }
-    /** Deletes a body, asking first, and reads whether the target it held is still in use. */
+    /**
+     * Deletes a body after a question, and reads whether the target that it held is still in use.
+     */
     void deleteBodyAndUpdateTlCalibratedOfTarget(const QString &type, int index);
     /** Reads which of the listed targets are in use and shows it. */
     void updateCalStatusTablewidgetTl(const QString &type);
     /**
-     * Shows the operator how many targets were found; the tab may be gone afterwards. Kept for
-     * other tabs: a search shows it with its end.
+     * Shows the operator how many targets were found; the tab may be deleted while the box is open.
+     * Kept for other tabs: a search shows the box when it ends.
      */
     void showMessageFoundTargets_tl(int count) { m_questions.showFoundTargets(count); }
-    /** Asks whether a named body may be overwritten; true without asking for one without name. */
+    /**
+     * Asks whether a named body may be overwritten; true without a question for a body without a
+     * name.
+     */
     bool overwriteBodyCalibration(const QString &name) { return m_flow.confirmOverwrite(name); }
 signals:
-    /** The current body changed or was acted on. */
+    /** The current body changed, or an action on it has ended. */
     void selection_changed(QString bodyType, int bodyIndex);
 
 protected slots:
@@ -216,26 +251,33 @@ protected slots:
     }
 
 protected:
-    /** Asked between the click on select and the assignment; false stops it. */
+    /** Called after the press of select and before the assignment; false stops the assignment. */
     virtual bool mayAssignTarget(const QString &) { return true; }
-    /** The target was assigned and the tab refreshed. */
+    /** Called when the target was assigned and the tab was refreshed. */
     virtual void targetAssigned(const QString &) {}
 
     bool isRetired() const { return m_input.isRetired(); }
     const BodyQuestions &questions() const { return m_questions; }
     const AssignmentFlow &assignmentFlow() const { return m_flow; }
 
-    /** The page's filter and calibration buttons follow the current body and the search. */
+    /** Enables the page's filter and calibration buttons for the current body and the search. */
     void applyPageRules();
-    /** Of the dialog that the tab belongs to; null when it has none. */
+    /** The observer of the dialog that the tab belongs to; null when the dialog has none. */
     LinkObserver *observer() const { return LinkObserver::of(this); }
-    /** First half of the tabs' refresh: remembers the current body and refills the target table. */
+    /**
+     * First half of a tab's refresh: remembers the current body and fills the target table again.
+     */
     void refreshTargets();
-    /** Second half: reads the bodies, restores the selections, resets the search widgets. */
+    /**
+     * Second half of a tab's refresh: reads the bodies, restores the selections, resets the search.
+     */
     void refreshBodies();
-    /** Makes the rows current again that were current when they were remembered. */
+    /** Makes the remembered rows current again. */
     void setSelectionOfTables(QTableWidget *bodyTable, QTableWidget *tlTable);
-    /** Bar, label and buttons of the search as at the beginning; leaves a running one alone. */
+    /**
+     * Sets bar, label and buttons of the search to their initial state; leaves a running search
+     * alone.
+     */
     void resetSearchWidgets()
     {
         m_search.reset();
@@ -244,7 +286,7 @@ protected:
     }
     /** Hides the dialog and requests the current body's calibration from the other module. */
     void requestBodyCalibration();
-    /** Edits the filters of one body in a dialog; false when the tab was deleted meanwhile. */
+    /** Opens the dialog for the filters of one body. False when the tab was deleted meanwhile. */
     bool openFilterDialog(int bodyType, int index)
     {
         return runFilterDialog(this, iom, beVers, bodyType, index);
@@ -252,7 +294,7 @@ protected:
     /** Switches the global 6DOF filter of the type's bodies on when it is off. */
     void switchGlobalFilterOn(const QString &type);
 
-    /** The operator chose a category. */
+    /** Lists the targets of the category that the operator chose. */
     void categoryChosen(const QString &group);
 
     IOManager *iom;

@@ -51,13 +51,13 @@ TrackingDlg::~TrackingDlg()
 
 int TrackingDlg::update_and_exec()
 {
-    // Reading again would take the user's unsaved changes away.
+    // Reading again would discard the user's unsaved changes.
     if (isVisible()) {
         raise();
         activateWindow();
         return Rejected;
     }
-    // A host may call the menu entry while it waits for an answer.
+    // A host may trigger the menu entry while the dialog waits for an answer.
     if (m_busy || !readController())
         return Rejected;
     m_changed = false;
@@ -105,7 +105,7 @@ void TrackingDlg::applyConfigLock()
     }
 }
 
-/** A user who is not offered the choice always works with automatic restart. */
+/** A user to whom the choice is not offered always works with automatic restart. */
 void TrackingDlg::forceAutoRestart()
 {
     if (m_show_auto_restart_mea_sync)
@@ -272,7 +272,7 @@ void TrackingDlg::show_fixed_angle_button(bool show)
 
 void TrackingDlg::on_pushButton_advanced_clicked()
 {
-    // Whoever deletes this dialog meanwhile deletes its child with it.
+    // Code that deletes this dialog meanwhile also deletes its child.
     const QPointer<FixedAngleDlg> dialog = new FixedAngleDlg(iom, this, beVers);
     dialog->update_and_exec();
     delete dialog.data();
@@ -280,7 +280,8 @@ void TrackingDlg::on_pushButton_advanced_clicked()
 
 void TrackingDlg::on_pushButton_ok_clicked()
 {
-    // A host may run its event loop inside an operation: another click is not a second OK.
+    // A host may run its event loop inside an operation, in which another click must not start a
+    // second OK.
     if (m_busy)
         return;
     const QPointer<TrackingDlg> self(this);
@@ -305,7 +306,7 @@ void TrackingDlg::on_pushButton_cancel_clicked()
         return;
     const QPointer<TrackingDlg> self(this);
     const ScopedFlag writing(this, &m_busy, true);
-    // What was read belongs to a configuration that is not the active one any more.
+    // The values read belong to a configuration that is no longer active.
     if (m_changed && !m_configuration->hasChanged())
         writeOldSettings();
     if (self)

@@ -16,11 +16,12 @@ class LinkObserver;
 class QDomElement;
 
 /**
- * Single-marker settings: calculation of 3DOF markers, automatic restart, the 5DOF central axis.
+ * Single-marker settings: calculation of 3DOF markers, automatic restart, and the 5DOF central
+ * axis.
  *
- * Reads everything from the controller at each opening and writes it back on OK. What it shows
- * depends on two preferences, read when it is made and written when it is destroyed. Owned by the
- * plug-in object; the host's objects outlive it.
+ * The dialog reads everything from the controller at each opening and writes it back on OK. Two
+ * preferences decide which widgets it shows; it reads them when it is made and writes them when it
+ * is destroyed. The plug-in object owns the dialog, and the host's objects outlive it.
  */
 class TrackingDlg : public QDialog, private Ui::TrackingDialog {
     Q_OBJECT
@@ -34,35 +35,41 @@ public:
     /** False below protocol 1.9 and when the query fails. */
     bool is_config_locked() const;
 
-    /** Writes the three single-marker settings; a refused one is logged, the others follow. */
+    /**
+     * Writes the three single-marker settings. A refused one is logged, and the others are still
+     * written.
+     */
     void saveSettings();
-    /** Writes back what was read at the opening, except for the axis. */
+    /** Writes back what was read at the opening, except the axis. */
     void writeOldSettings();
-    /** Writes the chosen axis as a unit vector; nothing when no axis is selected. */
+    /** Writes the chosen axis as a unit vector; writes nothing when no axis is selected. */
     void save5DofAxisCentralSettings();
     /** Fills in the axes to choose from. */
     void setup_comboBox_5dofAxis();
-    /** Selects the controller's axis; another vector is only shown. No selection on failure. */
+    /**
+     * Selects the controller's axis. A vector that is none of the list is only shown in the label.
+     * After a failure no axis is selected.
+     */
     void update_comboBox_5dofAxis();
 
-    /** Decides whether the automatic restart can be shown at all. */
+    /** Decides whether the automatic restart can be shown. */
     void enable_pocketunit_widget(bool isPocketunit);
-    /** Switches automatic restart on, which a compact system always runs with. */
+    /** Switches automatic restart on, because a compact system always runs with it. */
     void check_pocketunit_default_settings();
 
     /** Shows or hides the button that opens the fixed angles. */
     void show_fixed_angle_button(bool show);
     /** True when any axis of any standard body is fixed; false when that cannot be read. */
     bool any_body_fixed_angle() const;
-    /** Decides by preference and bodies whether the fixed angles can be opened from here. */
+    /** Shows the button of the fixed angles when a preference or a body requires it. */
     void displayFixedAngleButton();
 
     /** Hides the tracking frequency. */
     void enableInertialControls();
-    /** Enables the inputs that belong to the chosen source of the tracking frequency. */
+    /** Enables the inputs of the chosen source of the tracking frequency. */
     void activateInertialControls();
-    // Three reads for a program that shows the hidden section; no opening of the dialog calls them.
-    /** Reads the source of the tracking frequency; none is chosen when it is unknown. */
+    // Three reads for a program that shows the hidden section. The dialog does not call them.
+    /** Reads the source of the tracking frequency; selects none when the source is unknown. */
     void update_radioButtonsInertial();
     /** Reads the tracking frequency, in Hz. */
     void update_spinBox_frequency();
@@ -71,15 +78,15 @@ public:
     /** Writes the source of the tracking frequency; a refused write is logged. */
     void sendInertialSettingsToAtc();
 
-    /** Reads the preferences file; a file that cannot be used is logged, no file is not. */
+    /** Reads the preferences file. A file that cannot be used is logged, a missing file is not. */
     void loadSettingsFromXml();
     /** Writes the preferences file; a failure is logged. */
     void saveSettingsToXml() const;
-    /** Takes over one child of the preferences' root; unknown elements change nothing. */
+    /** Applies one child of the preferences' root; ignores unknown elements. */
     void readSettings(const QDomElement &element);
 
 public slots:
-    /** Reads the controller and runs the dialog; a visible one is only raised. */
+    /** Reads the controller and runs the dialog; only raises a dialog that is already visible. */
     int update_and_exec();
 
 private slots:
@@ -131,9 +138,10 @@ private:
 
     LinkObserver *m_observer;
     ControllerLink m_link;
-    ConfigurationWatch *m_configuration; ///< since the last reading; owned as a child
-    bool m_busy = false;                 ///< reading, or an OK or Cancel is being carried out
-    // What could not be read at the opening is written only when the user has set it since.
+    ConfigurationWatch *m_configuration; ///< changes since the last reading; owned as a child
+    /// true while the dialog reads or carries out an OK or Cancel
+    bool m_busy = false;
+    // A value that could not be read at the opening is written only when the user has set it since.
     bool m_markerKnown = false;
     bool m_restartKnown = false;
     bool m_axisKnown = false;

@@ -12,11 +12,11 @@
 #include <QWidget>
 
 /**
- * The plug-in's root object: what the host sees of this module.
+ * The plug-in's root object, through which the host uses this module.
  *
- * Qt's plug-in loader creates one instance a process; the host drives it in the order that
- * ModuleInterface describes and destroys it by unloading. It owns the two dialogs (until
- * exit_module()) and their menu actions (as its QObject children).
+ * Qt's plug-in loader creates one instance in each process. The host calls it in the order that
+ * ModuleInterface describes, and destroys it by unloading the plug-in. The object owns the two
+ * dialogs (until exit_module()) and their menu actions (as its QObject children).
  */
 class TrackingSettingBodyAdminModule : public QObject, public ModuleInterface {
     Q_OBJECT
@@ -27,18 +27,20 @@ public:
     TrackingSettingBodyAdminModule();
     ~TrackingSettingBodyAdminModule() override;
 
-    /** Withdraws the body administration from the host's channels; nothing before the dialogs
-     * exist. */
+    /**
+     * Withdraws the body administration from the host's channels; does nothing before the dialogs
+     * exist.
+     */
     void about_to_exit_module() override;
-    /** Deletes both dialogs and forgets the menu entries; the actions stay until destruction. */
+    /** Deletes both dialogs and forgets the menu entries. The actions remain until destruction. */
     void exit_module() override;
     /** Translated name of the module. */
     QString get_module_name() const override;
     /** "v" and the three version numbers, without padding. */
     QString get_module_version() const override;
     /**
-     * The two menu entries. The first call creates the dialogs with the host objects stored by
-     * then; every later call returns the same entries.
+     * The two menu entries. The first call creates the dialogs with the host objects stored so far;
+     * every later call returns the same entries.
      */
     QList<_GuiElement *> get_gui_elements() override;
     /**
@@ -57,5 +59,5 @@ private:
     _GuiElement gui_body_admin;
     IOManager *iom = nullptr;
     BackendVersions *beVers = nullptr;
-    bool bObserverMode = false; // the host's to set; nothing in the module depends on it
+    bool bObserverMode = false; // set by the host; nothing in the module depends on it
 };

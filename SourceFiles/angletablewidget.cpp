@@ -78,7 +78,7 @@ void AngleTableWidget::fillRow(int row, const FixedAngleBody &body)
         } else {
             angle->setFlags(shown);
             angle->setBackground(Qt::lightGray);
-            // The text colour of a dark desktop cannot be read on light grey.
+            // On a dark desktop the default text colour cannot be read on light grey.
             angle->setForeground(Qt::black);
         }
         m_rows[row].shownTexts[axis] = angle->text();
@@ -96,7 +96,7 @@ std::optional<FixedAngleBody> AngleTableWidget::body(int row) const
         const auto degrees = degreesOf(angle);
         if (!degrees)
             return std::nullopt;
-        // A grey row shows "0.0" whatever its angles are, and keeps them.
+        // A grey row shows "0.0" for every angle, and keeps the angles that were read.
         if (!body.body_cali)
             continue;
         body.fixed_angle[axis] = *degrees;
@@ -137,7 +137,7 @@ bool AngleTableWidget::isTouched(int row) const
 
 void AngleTableWidget::commitData(QWidget *editor)
 {
-    // Entering the number that is shown already sets it, too, and changes no cell.
+    // Entering the number that is already shown also sets the angle, but changes no cell.
     const int axis = currentColumn() - FirstAngleColumn;
     if (axis >= 0 && currentRow() >= 0 && currentRow() < m_rows.size())
         m_rows[currentRow()].angleSet[axis] = true;

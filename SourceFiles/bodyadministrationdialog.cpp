@@ -31,7 +31,7 @@ namespace {
 
 enum TabKey { StandardTab = 0, JoywandTab = 1, HandsTab = 2, MeasurementToolTab = 3 };
 
-/** The compact system offers measurement tools from the version after this one. */
+/** The compact system offers measurement tools in versions after this one. */
 const VersionInfo lastCompactWithoutTools(2, 9, 3);
 
 } // namespace
@@ -73,7 +73,7 @@ BodyAdministrationDlg::~BodyAdministrationDlg()
     m_link.close();
     ui->tabWidget->disconnect(this);
     if (HostCall::isUnderWay()) {
-        // Each page keeps its widgets; none of its code goes on.
+        // Each page keeps its widgets, but the code of the tab no longer runs.
         qDeleteAll(m_tabs);
         HostCall::keepWidgetsOf(this);
     }
@@ -125,7 +125,7 @@ void BodyAdministrationDlg::initMessageReceiver()
     connect(messageReceiver, &BodyAdminMessageReceiver::BodyAdjustmentAvailable, this,
             &BodyAdministrationDlg::onReceiveBodyAdjustmentAvailable);
     const auto changed = &BodyAdminMessageReceiver::activeConfigurationChanged;
-    // Before anything is asked: what was read and is being typed belongs to another configuration.
+    // This comes before any query: records and typed text belong to the previous configuration.
     for (BodyTypeAdministrationTab *tab : qAsConst(m_tabs))
         connect(messageReceiver, changed, tab, &BodyTypeAdministrationTab::outdate);
     connect(messageReceiver, changed, this, &BodyAdministrationDlg::update_config_locked);
@@ -133,10 +133,10 @@ void BodyAdministrationDlg::initMessageReceiver()
         connect(messageReceiver, changed, tab,
                 &BodyTypeAdministrationTab::ON_activeConfigurationChanged);
     }
-    // What an open dialog shows belongs to the configuration that is gone.
+    // An open dialog shows values of the previous configuration.
     connect(messageReceiver, changed, this, &BodyAdministrationDlg::refreshIfVisible,
             Qt::QueuedConnection);
-    // The settings dialogs that are open hear of it through here, whoever opened them.
+    // This is how open settings dialogs receive the change, even those opened by other code.
     connect(messageReceiver, changed, this, [this] { ConfigurationWatch::announce(iom); });
 }
 
@@ -171,7 +171,7 @@ void BodyAdministrationDlg::update_and_exec()
 
 void BodyAdministrationDlg::showAfter(const std::function<bool()> &reading)
 {
-    // The opening that is under way shows the dialog.
+    // The opening that is already in progress shows the dialog.
     if (m_opening)
         return;
     m_opening = true;
@@ -207,7 +207,8 @@ void BodyAdministrationDlg::readMissing()
 void BodyAdministrationDlg::runModally()
 {
     if (m_running && !isVisible()) {
-        // Hidden for another module whose call has not returned yet: shown as soon as it does.
+        // The dialog is hidden for another module whose call has not returned yet. It is shown when
+        // the call returns.
         m_reopenPending = true;
         return;
     }
@@ -278,7 +279,8 @@ void BodyAdministrationDlg::offerStop()
         if (tab->isSearchRunning())
             return;
     }
-    // A search whose poll was lost, or another client's: the operator can end what keeps him here.
+    // The search has lost its poll or belongs to another client. The operator can stop it, since
+    // nothing else ends it.
     currentTab()->offerStop();
 }
 
@@ -295,8 +297,8 @@ void BodyAdministrationDlg::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         event->accept();
-        // Enter ends the editing of a field and must not press a button besides; Enter presses
-        // only the button that has the focus.
+        // Enter ends the editing of a field and must not press a default button as well. It presses
+        // a button only while that button has the focus.
         if (auto *button = qobject_cast<QPushButton *>(focusWidget());
             button && !event->isAutoRepeat())
             button->click();
@@ -312,8 +314,9 @@ void BodyAdministrationDlg::keyPressEvent(QKeyEvent *event)
 
 bool BodyAdministrationDlg::eventFilter(QObject *watched, QEvent *event)
 {
-    // What is typed is taken over before its page is left: a hidden one no longer acts. Keys come
-    // to the pages' frame, and so does what the pages leave over, which is no reason to leave one.
+    // Typed text is taken over before its page is left, because a hidden page no longer acts. Key
+    // and mouse events that a page does not handle also arrive at the frame of the pages; they do
+    // not leave the page.
     const auto *key = event->type() == QEvent::KeyPress ? static_cast<QKeyEvent *>(event) : nullptr;
     const bool leavesByKey = key && (key->modifiers() & Qt::ControlModifier) != 0
                              && (key->key() == Qt::Key_Tab || key->key() == Qt::Key_Backtab);
@@ -337,7 +340,7 @@ void BodyAdministrationDlg::refreshCurrentTab()
                              BodyTypeAdministrationTab *tab = currentTab();
                              tab->updateCalStatusTablewidgetTl(tab->mainBodyType());
                          },
-                         // It announces its current body, and the button rules follow.
+                         // The tab announces its current body, and the button rules follow.
                          [&] { currentTab()->update_tab(); }});
 }
 
@@ -486,7 +489,8 @@ void BodyAdministrationDlg::showLockState()
                                           : QIcon();
     if (windowIcon().cacheKey() != icon.cacheKey())
         setWindowIcon(icon);
-    // The button rules enable what the current body allows; enabling all before flickers.
+    // The button rules enable what the current body allows; enabling everything first would
+    // flicker.
     const bool isAdjustable = m_is_bodyadjustment_module_available && !m_is_joywand_multiuser;
     const std::pair<QPushButton *, bool> buttons[] = {
             {ui->pushButton_filter, true},

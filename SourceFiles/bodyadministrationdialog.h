@@ -20,13 +20,13 @@ class BodyAdministrationDlg;
 }
 
 /**
- * The dialog behind "Body administration": one tab per body type above the buttons that act on the
- * body selected in the current tab.
+ * The dialog behind "Body administration": one tab for each body type, and below the tabs the
+ * buttons that act on the body selected in the current tab.
  *
- * Created once by the module and reused for every opening; owns its tabs, the target catalogue and
- * the message receiver. Calibration and adjustment are other modules' work: the dialog hides
- * itself, sends them a request and shows itself again when they answer "reopen". May be deleted
- * while it is open.
+ * The module creates it once and uses it for every opening. The dialog owns its tabs, the target
+ * catalogue and the message receiver. Other modules calibrate and adjust bodies: the dialog hides
+ * itself, sends them a request and shows itself again when they answer "reopen". The host may
+ * delete the dialog while it is open.
  */
 class BodyAdministrationDlg : public QDialog {
     Q_OBJECT
@@ -36,13 +36,16 @@ public:
     BodyAdministrationDlg(IOManager *iom, QWidget *parent, BackendVersions *beVers);
     ~BodyAdministrationDlg() override;
 
-    /** Withdraws the receiver from the host's channels; the host is about to shut down. */
+    /** Withdraws the receiver from the host's channels, because the host is about to shut down. */
     void about_to_exit();
 
 public slots:
     /** Reads everything again and shows the dialog modally; returns when it is closed or hidden. */
     void update_and_exec();
-    /** Closes the dialog; while the controller searches or calibrates it logs so and stays. */
+    /**
+     * Closes the dialog. While the controller searches or calibrates, it logs a line and remains
+     * open.
+     */
     void reject() override;
 
 protected:
@@ -83,9 +86,12 @@ private:
     void activateSelectDeselectButtons(const QString &type);
     bool hasCurrentBody() const;
     void readMissing();
-    /** Reads what an opening shows; false when the dialog was deleted meanwhile. */
+    /** Reads what the dialog shows at its opening. False when the dialog was deleted meanwhile. */
     bool prepare();
-    /** Shows the dialog after `reading`, which is false when the dialog was deleted meanwhile. */
+    /**
+     * Runs `reading`, then shows the dialog; `reading` returns false when the dialog was deleted
+     * meanwhile.
+     */
     void showAfter(const std::function<bool()> &reading);
     void offerStop();
     void runModally();
@@ -110,8 +116,8 @@ private:
     bool m_is_config_locked = false;
     QIcon m_icon_lock;
     RefreshGate m_refresh;
-    bool m_opening = false;       ///< reads what it is about to show
-    bool m_isExiting = false;     ///< the host shuts down
-    bool m_running = false;       ///< exec() is on the stack
-    bool m_reopenPending = false; ///< "reopen" came before exec() had returned
+    bool m_opening = false;       ///< true while the dialog reads what it is about to show
+    bool m_isExiting = false;     ///< true once the host shuts down
+    bool m_running = false;       ///< true while exec() is on the stack
+    bool m_reopenPending = false; ///< true when "reopen" came before exec() had returned
 };

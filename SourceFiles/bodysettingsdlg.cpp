@@ -16,7 +16,9 @@
 
 namespace {
 
-/** On the item of the "Name" column: the name as it was read; nothing when that failed. */
+/**
+ * Role on an item of the "Name" column for the name as it was read; invalid when reading failed.
+ */
 constexpr int readRole = Qt::UserRole;
 
 } // namespace
@@ -57,13 +59,14 @@ void BodySettingsDlg::setupTable()
 
 int BodySettingsDlg::update_and_exec()
 {
-    // Reading again would take the names away that the user has typed.
+    // Reading again would discard the names that the user has typed.
     if (isVisible()) {
         raise();
         activateWindow();
         return Rejected;
     }
-    // A host may run its event loop, and call again, while it waits for an answer.
+    // While the dialog waits for an answer, a host may run its event loop and call this function
+    // again.
     if (m_busy)
         return Rejected;
     {
@@ -145,15 +148,15 @@ QStringList BodySettingsDlg::get_current_body_names() const
     return names;
 }
 
-/** True when the name was not read, or not whole, and the user has not entered another one. */
+/** True when the name was not read completely and the user has not entered another one. */
 bool BodySettingsDlg::isUnread(int row) const
 {
     const QTableWidgetItem *item = m_ui->tableWidget->item(row, NameColumn);
     const QVariant read = item ? item->data(readRole) : QVariant();
     if (!item || item->text() != read.toString())
         return false;
-    // A garbled sign would be written for the one that the controller holds, a lone quote ends the
-    // line early.
+    // A garbled character would overwrite the one that the controller holds, and a single quote
+    // would end the line early.
     const QString name = read.toString();
     return !read.isValid() || name.contains(QChar::ReplacementCharacter)
            || name.count(QLatin1Char('"')) % 2 != 0;
@@ -193,7 +196,8 @@ void BodySettingsDlg::show_fixed_angle_button(bool show)
 
 void BodySettingsDlg::on_pushButton_ok_clicked()
 {
-    // A host may run its event loop inside an operation: another click is not a second OK.
+    // A host may run its event loop inside an operation, in which another click must not start a
+    // second OK.
     if (m_busy)
         return;
     const QPointer<BodySettingsDlg> self(this);
@@ -213,7 +217,7 @@ void BodySettingsDlg::on_pushButton_cancel_clicked()
 
 void BodySettingsDlg::on_pushButton_special_clicked()
 {
-    // Whoever deletes this dialog meanwhile deletes its child with it.
+    // Code that deletes this dialog meanwhile also deletes its child.
     const QPointer<FixedAngleDlg> dialog = new FixedAngleDlg(m_iom, this, m_beVers);
     dialog->update_and_exec();
     delete dialog.data();
@@ -228,7 +232,7 @@ void BodySettingsDlg::resizeEvent(QResizeEvent *event)
 void BodySettingsDlg::showEvent(QShowEvent *event)
 {
     QDialog::showEvent(event);
-    // The size event of the first opening comes before the table has its own size.
+    // The resize event of the first opening comes before the table has its own size.
     fitColumns();
 }
 

@@ -19,35 +19,36 @@ class BodySettingsDlg;
 }
 
 /**
- * Lists the standard bodies and lets the user rename them; the names are written on OK.
+ * Lists the standard bodies and lets the user rename them; OK writes the names.
  *
- * Owned by whoever embeds it, and may be opened any number of times; the host's objects outlive it.
+ * The embedding program owns the dialog and may open it any number of times. The host's objects
+ * outlive it.
  */
 class BodySettingsDlg : public QDialog {
     Q_OBJECT
 
 public:
-    /** `moduleVersion` is taken for the sake of embedding programs; the dialog does not show it. */
+    /** `moduleVersion` is a parameter for embedding programs; the dialog does not show it. */
     BodySettingsDlg(IOManager *iom, QWidget *parent, BackendVersions *beVers,
                     QString moduleVersion);
     ~BodySettingsDlg() override;
 
-    /** Columns and headers of the empty table. */
+    /** Sets up columns and headers of the empty table. */
     void setupTable();
-    /** Fills the table from the controller; a failed query is logged and the next one follows. */
+    /** Fills the table from the controller. A failed query is logged, and the next one follows. */
     void updateTable();
-    /** The names that the table holds now, in row order. */
+    /** The names in the table, in row order. */
     QStringList get_current_body_names() const;
     /**
-     * Writes every name, changed or not, but none that could not be read and was not entered since;
-     * a refused one is logged and the next one follows.
+     * Writes every name, even an unchanged one, except a name that could not be read and was not
+     * entered since. A refused name is logged, and the next one follows.
      */
     void saveBodySettings();
-    /** Shows or hides the button of the fixed angles; old protocols do not know them. */
+    /** Shows or hides the button of the fixed angles, which old protocols do not have. */
     void show_fixed_angle_button(bool show);
 
 public slots:
-    /** Reads the bodies and runs the dialog; below protocol 1.16 nothing can be edited. */
+    /** Reads the bodies and runs the dialog. Below protocol 1.16 nothing can be edited. */
     int update_and_exec();
 
 protected:
@@ -63,7 +64,7 @@ private:
     enum Column { IdColumn, NameColumn, StateColumn, ColumnCount };
 
     void fitColumns();
-    /** A body as the controller answers. */
+    /** A body as read from the controller. */
     struct Body {
         std::optional<QString> name; ///< nothing when it cannot be read
         bool isCalibrated = false;
@@ -79,6 +80,6 @@ private:
     ControllerLink m_link;
     std::unique_ptr<Ui::BodySettingsDlg> m_ui;
     EditDelegate *m_nameDelegate;        ///< owned as a child
-    ConfigurationWatch *m_configuration; ///< since the last reading; owned as a child
-    bool m_busy = false;                 ///< reading, or an OK is being carried out
+    ConfigurationWatch *m_configuration; ///< changes since the last reading; owned as a child
+    bool m_busy = false;                 ///< true while the dialog reads or carries out an OK
 };

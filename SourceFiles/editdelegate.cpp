@@ -19,7 +19,7 @@ void EditDelegate::setEditorData(QWidget *editor, const QModelIndex &index) cons
     if (!line)
         return;
     line->setText(index.data(Qt::EditRole).toString());
-    // The view calls again whenever the cell changes under an open editor.
+    // The view calls this function again whenever the cell changes under an open editor.
     if (!line->validator()) {
         static const QRegularExpression allowed(QStringLiteral("[0-9a-zA-Z_\\-\\+=.,;:/ ]*"));
         line->setValidator(new QRegularExpressionValidator(allowed, line));

@@ -3,7 +3,7 @@
 #include <QItemDelegate>
 
 /**
- * Edits a name in a table cell and lets only those signs through that a command line can carry.
+ * Edits a name in a table cell and accepts only characters that a command line can carry.
  *
  * Stateless; one object may serve several columns. Owned by its QObject parent.
  */
@@ -15,10 +15,12 @@ public:
 
     QWidget *createEditor(QWidget *parent, const QStyleOptionViewItem &option,
                           const QModelIndex &index) const override;
-    /** Shows the cell's text; from then on the editor refuses every sign that a name cannot hold.
+    /**
+     * Shows the cell's text. After that the editor refuses every character that a name cannot
+     * contain.
      */
     void setEditorData(QWidget *editor, const QModelIndex &index) const override;
-    /** Writes the editor's text to the cell; a text that is no valid name leaves the cell alone. */
+    /** Writes the editor's text to the cell; does nothing when the text is not a valid name. */
     void setModelData(QWidget *editor, QAbstractItemModel *model,
                       const QModelIndex &index) const override;
 };

@@ -167,7 +167,7 @@ void FingertrackingAdministration::on_pushButton_calibration_clicked()
 void FingertrackingAdministration::resizeEvent(QResizeEvent *event)
 {
     BodyTypeAdministrationTab::resizeEvent(event);
-    // The first sizing comes with the first rows.
+    // The columns are sized for the first time when the first rows exist.
     if (!ui->tableWidget_fingertracking->horizontalHeader()->stretchLastSection())
         set_table_column_size();
 }

@@ -8,7 +8,7 @@
 class EditDelegate;
 class Ui_FingertrackingAdministrationClass;
 
-/** The tab of the tracked hands. Its body type is registered once hands are available. */
+/** The tab of the tracked hands. Its body type is registered when the controller offers hands. */
 class FingertrackingAdministration : public BodyTypeAdministrationTab {
     Q_OBJECT
 

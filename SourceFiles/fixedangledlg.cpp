@@ -84,7 +84,7 @@ bool FixedAngleDlg::save_fix_angle_settings()
             warn(tr("There is invalid data."));
             return false;
         }
-        // Angles that were never read must not be replaced by the zeros shown in their place.
+        // The zeros that are shown for angles that were never read must not overwrite those angles.
         if (!m_table->isUnread(row))
             bodies.append(*body);
         else if (m_table->isTouched(row))
@@ -109,7 +109,7 @@ QString FixedAngleDlg::shownName(const FixedAngleBody &body)
     return QString::asprintf("b%02d ", body.body_id) + body.body_des;
 }
 
-/** True when there is nothing to tell the user. */
+/** Shows the bodies that were refused or not read; true when both lists are empty. */
 bool FixedAngleDlg::report(const QStringList &refused, const QStringList &unread)
 {
     QStringList problems;
@@ -141,7 +141,8 @@ void FixedAngleDlg::warn(const QString &text)
 
 void FixedAngleDlg::on_pushButton_ok_clicked()
 {
-    // A host may run its event loop inside an operation: another click is not a second OK.
+    // A host may run its event loop inside an operation, in which another click must not start a
+    // second OK.
     if (m_writing)
         return;
     const QPointer<FixedAngleDlg> self(this);
@@ -174,7 +175,7 @@ void FixedAngleDlg::resizeEvent(QResizeEvent *event)
 void FixedAngleDlg::showEvent(QShowEvent *event)
 {
     QDialog::showEvent(event);
-    // The size event of the first opening comes before the table has its own size.
+    // The resize event of the first opening comes before the table has its own size.
     fitColumns();
 }
 
@@ -190,7 +191,7 @@ void FixedAngleDlg::resizeToFont()
 
 void FixedAngleDlg::fitColumns()
 {
-    // Shares of the width in percent, and what a number with its box needs at any font.
+    // Shares of the width in percent, and the width of a number with its box in any font.
     constexpr int idShare = 10;
     constexpr int angleShare = 18;
     const int width = m_table->viewport()->width();

@@ -21,7 +21,7 @@ class FixedAngleDlg;
 /**
  * Shows and writes the fixed angles of the standard bodies.
  *
- * Made for one opening and destroyed after it by the dialog that opens it; the host's objects
+ * The dialog that opens it makes it for one opening and destroys it afterwards. The host's objects
  * outlive it. Nothing is sent before OK.
  */
 class FixedAngleDlg final : public QDialog {
@@ -31,14 +31,14 @@ public:
     FixedAngleDlg(IOManager *iom, QWidget *parent, BackendVersions *beVers);
     ~FixedAngleDlg() override;
 
-    /** Reads the bodies and runs the dialog; below protocol 1.6 the table stays empty. */
+    /** Reads the bodies and runs the dialog. Below protocol 1.6 the table is empty. */
     int update_and_exec();
-    /** Appends one record per standard body, owned by the caller. A failed query is logged. */
+    /** Appends one record for each standard body, owned by the caller. A failed query is logged. */
     void get_fixed_angle_info(QList<FixedAngleBody *> &bodies) const;
     /**
-     * Writes every row that was read, or that the user has filled. False when a row does not hold
-     * three numbers, then nothing is written, when the controller refused a row, or when a row was
-     * filled in part only; a box says which.
+     * Writes every row that was read or that the user has filled. Writes nothing and returns false
+     * when a row does not hold three numbers. Also returns false when the controller refused a row
+     * or when a row was filled only in part; a box then names the rows.
      */
     bool save_fix_angle_settings();
 
@@ -62,6 +62,6 @@ private:
     ControllerLink m_link;
     std::unique_ptr<Ui::FixedAngleDlg> m_ui;
     AngleTableWidget *m_table;           ///< owned as a child
-    ConfigurationWatch *m_configuration; ///< since the reading; owned as a child
-    bool m_writing = false;              ///< an OK is being carried out
+    ConfigurationWatch *m_configuration; ///< changes since the reading; owned as a child
+    bool m_writing = false;              ///< true while an OK is being carried out
 };

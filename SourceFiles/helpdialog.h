@@ -8,7 +8,7 @@ namespace Ui {
 class HelpDialog;
 }
 
-/** The help page on fixed angles. A short modal dialog, owned by whoever opens it. */
+/** The help page on fixed angles, as a short modal dialog. Owned by the dialog that opens it. */
 class HelpDialog final : public QDialog {
     Q_OBJECT
 

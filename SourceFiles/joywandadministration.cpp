@@ -26,7 +26,8 @@ JoywandAdministration::JoywandAdministration(IOManager *manager, QWidget *parent
       m_editDelegate(new EditDelegate(this))
 {
     ui->setupUi(this);
-    // The dialog has a button of that text and access key, too; two keys of one name press none.
+    // A button of the dialog has the same text and access key, and an access key of two buttons
+    // presses neither.
     ui->pushButton_filter->setShortcut(QKeySequence());
     setWhatsThis(tr("Administration of Joywands"));
     TabWidgets widgets = commonTabWidgets(*ui);
@@ -132,7 +133,7 @@ void JoywandAdministration::update_tab()
 
 QString JoywandAdministration::deviceText(int index)
 {
-    // Two columns of a row show parts of one answer.
+    // Two columns of a row show parts of the same answer.
     if (m_deviceIndex != index) {
         const ControllerLink host = link();
         const QString device = reader().readDevice(index);
@@ -182,7 +183,7 @@ bool JoywandAdministration::morvek2_setNumberOfBodies(const QString &type, int c
 
 void JoywandAdministration::ON_spinBox_joywands_valueChanged(int count)
 {
-    // As many head targets as devices.
+    // There are as many head targets as devices.
     if (m_headTableShown && !isRetired() && ui->spinBox_joywands->isVisible())
         setNumberOfBodies(headType, count);
 }
@@ -269,7 +270,7 @@ void JoywandAdministration::on_pushButton_filter_clicked()
 void JoywandAdministration::resizeEvent(QResizeEvent *event)
 {
     BodyTypeAdministrationTab::resizeEvent(event);
-    // The first sizing comes with the first rows.
+    // The columns are sized for the first time when the first rows exist.
     if (!ui->tableWidget_joywand->horizontalHeader()->stretchLastSection())
         set_table_column_size();
 }

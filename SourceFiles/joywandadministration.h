@@ -61,6 +61,6 @@ private:
     EditDelegate *m_editDelegate;
     bool m_headTableShown = false;
     bool m_filterAvailable = false;
-    int m_deviceIndex = -1; ///< the device whose text was read for the row being filled
+    int m_deviceIndex = -1; ///< the device whose text was read for the row that is being filled
     QString m_deviceText;
 };

@@ -224,7 +224,7 @@ void MtAdministration::saveSelectionOfMtTables()
 
 void MtAdministration::restoreSelectionOfMtTables()
 {
-    // Restoring a selection is no choice of a current body.
+    // Restoring a selection must not change the current body.
     const QString type = current_btype;
     const int index = current_bid;
     runSteps(this,

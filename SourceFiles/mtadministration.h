@@ -13,8 +13,8 @@ class MtAdministrationClass;
 }
 
 /**
- * The tab of the measurement tools and the references they are measured against. Targets are
- * assigned to references; its body types are registered once the controller offers the tools.
+ * The tab of the measurement tools and the references against which they are measured. Targets are
+ * assigned to references. The body types are registered when the controller offers the tools.
  */
 class MtAdministration : public BodyTypeAdministrationTab {
     Q_OBJECT
@@ -59,9 +59,15 @@ private:
     void refreshToolTargets();
     void activateLate();
     bool deleteCalibrationStandardTargetIfNeeded(const QString &shortName);
-    /** Zero-based indexes of the tools measured against that reference, as their table shows. */
+    /**
+     * Zero-based indexes of the tools measured against that reference, as the table of tools shows
+     * them.
+     */
     QVector<int> toolsOfReference(int reference) const;
-    /** True while exactly these tools are measured against that reference; else logged. */
+    /**
+     * True while exactly these tools are measured against that reference; otherwise false, and
+     * logged.
+     */
     bool areStillUsing(int reference, const QVector<int> &tools) const;
 
     std::unique_ptr<Ui::MtAdministrationClass> ui;

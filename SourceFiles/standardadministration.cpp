@@ -30,7 +30,8 @@ StandardAdministration::StandardAdministration(IOManager *manager, QWidget *pare
       editDelegate(new EditDelegate(this))
 {
     ui->setupUi(this);
-    // The dialog has a button of that text and access key, too; two keys of one name press none.
+    // A button of the dialog has the same text and access key, and an access key of two buttons
+    // presses neither.
     ui->pushButton_filter->setShortcut(QKeySequence());
     connectComboText(ui->comboBox_filter, this,
                      &StandardAdministration::on_comboBox_filter_currentIndexChanged);

@@ -9,7 +9,7 @@
 class EditDelegate;
 class Ui_StandardAdministrationClass;
 
-/** The tab of the standard bodies: ordinary rigid bodies with names, reference and sensors. */
+/** The tab of the standard bodies: ordinary rigid bodies with names, a reference and sensors. */
 class StandardAdministration : public BodyTypeAdministrationTab {
     Q_OBJECT
 
@@ -51,7 +51,7 @@ private slots:
 private:
     COMBO_TEXT_SLOT void on_comboBox_filter_currentIndexChanged(const QString &group);
     void setup_standard_table();
-    /** Kept for a caller that resizes columns; setting the table up sizes them already. */
+    /** Kept for a caller that resizes columns; the set-up of the table already sizes them. */
     void set_table_column_size();
     void update_standard_table();
     void update_label_error();

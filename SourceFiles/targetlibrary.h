@@ -10,9 +10,10 @@
 class Target;
 
 /**
- * The controller's target library, read once when it is constructed: the known targets with their
- * names, body types and groups. Owned by the body administration dialog and shared by its tabs. A
- * target whose name cannot be read is left out; other failed queries are logged and count as none.
+ * The controller's target library, read once by the constructor: the known targets with their
+ * names, body types and groups. The body administration dialog owns it, and its tabs share it. A
+ * target whose name cannot be read is left out. Other failed queries are logged, and their values
+ * count as absent.
  */
 class Targetlibrary : public QObject {
     Q_OBJECT
@@ -22,33 +23,33 @@ public:
     ~Targetlibrary() override;
 
     /**
-     * Asks again what could not be read; nothing is asked when all was. True when more is known;
-     * false when the library was deleted meanwhile.
+     * Queries again what could not be read; sends nothing when everything was read. True when more
+     * is known than before; false when the library was deleted meanwhile.
      */
     bool readMissing();
 
-    /** All targets by identifier, in ascending order of its text. */
+    /** All targets by identifier, in the alphabetical order of the identifiers. */
     const QMap<QString, Target *> &targets() const { return map_targets; }
-    /** The target of that identifier; null when there is none. */
+    /** The target with that identifier; null when there is none. */
     Target *target(const QString &tid) const { return map_targets.value(tid); }
 
-    /** Long name of the target; empty when there is none of that identifier. */
+    /** Long name of the target; empty when no target has that identifier. */
     QString getLongNameFromTid(const QString &tid) const;
-    /** Identifier of the first target of exactly that short name; empty when none matches. */
+    /** Identifier of the first target with exactly that short name; empty when no target has it. */
     QString getTidFromShortname(const QString &shortName) const;
-    /** Name of the group that holds the identifier; empty when none does. */
+    /** Name of the group that contains the identifier; empty when no group does. */
     QString getGroupFromTid(const QString &tid) const;
 
-    /** True when bodies of `type` are calibrated from this target. */
+    /** True when bodies of `type` can be calibrated from this target. */
     bool isOfType(const Target &target, const QString &type) const;
 
 private:
     /** A group whose name, or whose number of members, could not be read. */
     struct UnreadGroup {
         int number;
-        QString name; ///< null while it is what could not be read
+        QString name; ///< null when the name is what could not be read
     };
-    /** A member of a group that could not be read. */
+    /** A member of a group whose identifier could not be read. */
     struct UnreadMember {
         int group;
         int member;
@@ -71,7 +72,7 @@ private:
     ControllerLink m_link;
     bool m_isTargetCountUnread = false;
     bool m_isGroupCountUnread = false;
-    QVector<int> m_unreadTargets; ///< one-based numbers of those without a name
+    QVector<int> m_unreadTargets; ///< one-based numbers of the targets without a name
     QVector<UnreadGroup> m_unreadGroups;
     QVector<UnreadMember> m_unreadMembers;
 };
