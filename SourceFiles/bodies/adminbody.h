@@ -2,7 +2,9 @@
 
 #include <QString>
 
-/** What the table columns of a body type show. The values are part of the tables' registration. */
+/**
+ * What the table columns of a body type show. Tabs pass these values when they register a table.
+ */
 enum COLUMN_TYPE {
     COLUMN_TYPE_CUSTOM = 0,     ///< filled by the tab that registered the table
     COLUMN_TYPE_ID = 1,         ///< body number
@@ -15,7 +17,7 @@ enum COLUMN_TYPE {
     COLUMN_TYPE_RESET = 8       ///< reset button cell
 };
 
-/** The cached picture of one body of the controller; a plain value. */
+/** The state of one body of the controller as it was read last; a plain value. */
 struct AdminBody {
     QString desc;
     bool active = false;
@@ -28,6 +30,6 @@ struct AdminBody {
     QString filter6dPreset;    ///< display text
     bool isReference = false;  ///< the body is the tracking reference
 
-    /** Back to the values of a body that was never read. */
+    /** Resets all fields to the values of a body that was never read. */
     void clear() { *this = AdminBody(); }
 };

@@ -11,8 +11,7 @@ class QComboBox;
 class QSpinBox;
 class QTableWidget;
 
-/** One registered body type: its bodies and the widgets, owned by the tab's form, that show them.
- */
+/** One registered body type: its bodies, and the widgets of the tab's form that show them. */
 struct AdminBodyType {
     QVector<AdminBody> bodies; ///< one record per body slot of the controller
     QSpinBox *spinBox = nullptr;
@@ -27,20 +26,21 @@ struct AdminBodyType {
     int numInertialSensors = 0; ///< bodies of the type that carry an inertial sensor
 
     std::optional<int> limit; ///< largest number of bodies: the controller's, or a default
-    bool isLimitRead = false; ///< the limit is the controller's
-    bool isCountRead = false; ///< the number of bodies is the controller's, or one it accepted
-    bool isDescriptionMissing = false; ///< the description was asked and could not be read
-    bool isFilterMissing = false;      ///< so was the availability of the 6DOF filter
+    bool isLimitRead = false; ///< true when the limit came from the controller
+    bool isCountRead = false; ///< true when the controller gave the number of bodies or accepted it
+    bool isDescriptionMissing = false; ///< true when the query for the description failed
+    /// true when the query for the availability of the 6DOF filter failed
+    bool isFilterMissing = false;
 
-    /** True when there is a body of that zero-based index. */
+    /** True when the type has a body with that zero-based index. */
     bool isValidIndex(int index) const { return index >= 0 && index < bodies.size(); }
-    /** Out-of-range indexes are ignored. */
+    /** Ignores an index that is out of range. */
     void setBodyIsReference(int index, bool reference)
     {
         if (isValidIndex(index))
             bodies[index].isReference = reference;
     }
-    /** False for an out-of-range index. */
+    /** False when the index is out of range. */
     bool getBodyIsReference(int index) const
     {
         return isValidIndex(index) && bodies.at(index).isReference;

@@ -9,15 +9,15 @@ class BodyRegistry;
 class BodySnapshot;
 
 /**
- * Resetting, deleting and exchanging bodies from the question to the box that says what failed. The
- * records are read again by the caller, as the outcome says. Owned by the tab, the parent of the
- * boxes.
+ * Resets, deletes and exchanges bodies, from the question to the box that says what failed. The
+ * caller reads the records again as the outcome requires. Owned by the tab, which is the parent of
+ * the boxes.
  */
 class BodyActions {
 public:
     enum class Outcome {
-        Left,   ///< nothing was sent, or the tab was deleted: there is nothing to read again
-        Failed, ///< not all was done
+        Left,   ///< nothing was sent, or the tab was deleted, so that nothing is to be read again
+        Failed, ///< nothing or only a part was done
         Done
     };
 
@@ -28,7 +28,10 @@ public:
     {
     }
 
-    /** Undoes the calibration of a body: back to its library target, or to its sensor's values. */
+    /**
+     * Undoes the calibration of a body: the body gets the geometry of its library target or the
+     * values of its sensor.
+     */
     Outcome reset(const QString &type, int index) const;
     /** Clears a body slot. */
     Outcome clear(const QString &type, int index) const;

@@ -11,10 +11,10 @@ struct BodyColumn {
     COLUMN_TYPE kind;
     QString header;
     bool hidden = false;
-    bool stretched = false; ///< takes the width that the others leave
+    bool stretched = false; ///< takes the width that the other columns leave
 };
 
-/** The columns of a body table from left to right: the one place where a tab describes them. */
+/** The columns of a body table from left to right. A tab describes its columns only here. */
 class BodyColumns : public QVector<BodyColumn> {
 public:
     using QVector<BodyColumn>::QVector;
@@ -37,6 +37,6 @@ public:
 
     /** Zero-based column of that kind; -1 when there is none. */
     int ofKind(COLUMN_TYPE kind) const { return kinds().indexOf(kind); }
-    /** Zero-based column under that header; -1 when there is none. */
+    /** Zero-based column with that header; -1 when there is none. */
     int titled(const QString &header) const { return headers().indexOf(header); }
 };

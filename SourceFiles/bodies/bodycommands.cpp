@@ -41,7 +41,7 @@ bool BodyCommands::clearReference() const
     const auto current = m_link.text("tracking reference");
     if (current == QLatin1String("none"))
         return true;
-    // The leading blank belongs to the line.
+    // The leading blank is part of the command.
     return logged(current && m_link.set(" tracking reference none"),
                   QStringLiteral("Error: Unable to de-activate the reference body"));
 }
@@ -231,7 +231,8 @@ void BodyCommands::freeBody(const QString &type, int index) const
     Clearing what;
     what.markersError =
             QStringLiteral("Unable to reset markers of target %1 %2").arg(type, bodyNumber(index));
-    // The type is in both places: a habit of the log that its readers know.
+    // The line has the type in the place of the number, too. Readers of the log know it in this
+    // form.
     what.descriptionError = QStringLiteral("Unable to reset description of target %1 %1").arg(type);
     clearSlot(type, index, what);
 }
@@ -263,7 +264,8 @@ bool BodyCommands::clearToolReference(const QString &label, int index,
     if (step == DeleteStep::Markers)
         return false;
     bool done = step == DeleteStep::Done;
-    // The geometry is gone, so no tool may go on referring to it, whatever became of the name.
+    // The geometry has been cleared, so that no tool may refer to it, even if clearing the name
+    // failed.
     for (int tool : tools) {
         done &= logged(m_link.set("measurementtool reference_of_tool b%2.2d none", tool + 1),
                        QStringLiteral("Error: Unable to set ref. body"));

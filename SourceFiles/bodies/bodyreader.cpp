@@ -8,7 +8,7 @@
 
 namespace {
 
-/** The text that shows the user how a body was calibrated. */
+/** The text that says how a body was calibrated. */
 QString calibrationText(const AdminBody &body)
 {
     if (!body.calibrated)
@@ -20,11 +20,11 @@ QString calibrationText(const AdminBody &body)
     return body.recalibrated ? origin + QStringLiteral(", re-calibrated") : origin;
 }
 
-/** The queries of the largest numbers of bodies, which are worded by type. */
+/** The queries of the largest numbers of bodies; their wording depends on the type. */
 struct Maximum {
     QLatin1String type;
     const char *query;
-    int defaultCount; ///< when it cannot be read
+    int defaultCount; ///< used when the number cannot be read
 };
 
 const Maximum maxima[] = {
@@ -107,7 +107,7 @@ void BodyReader::readBodies(BodyRegistry &registry, const QString &type, int fir
         if (m_link.isClosed())
             return;
         record = registry.find(type);
-        // Bodies that never answered are not there: a garbled count made them up.
+        // Bodies without any answer do not exist; a garbled count added them.
         if (record && answered < record->bodies.size())
             record->bodies.resize(qMax(known, answered));
     }
@@ -135,7 +135,8 @@ bool BodyReader::readBody(AdminBodyType &record, const QString &type, int index)
 {
     if (!record.isValidIndex(index))
         return false;
-    // A copy: the host may run its event loop in any query, and bodies may be dropped meanwhile.
+    // A copy, because the host may run its event loop in any query and bodies may be dropped
+    // meanwhile.
     AdminBody body = record.bodies.at(index);
     const bool hasFilter = record.filter6dAvailable;
     const QByteArray word = ControllerLink::argument(type);
@@ -153,7 +154,7 @@ bool BodyReader::readBody(AdminBodyType &record, const QString &type, int index)
     body.calibrationStatus = calibrationText(body);
     if (hasFilter)
         readFilter(body, type, index);
-    // Only standard bodies carry the mark, yet the question belongs to reading a body of any type.
+    // Only standard bodies have the mark, but the query is part of reading a body of any type.
     if (!m_link.protocolAtLeast(1, 24))
         body.isReference = false;
     else if (const auto isNamed = isReference(index))
@@ -170,7 +171,7 @@ bool BodyReader::readCalibration(AdminBody &body, const QString &type, const QBy
     const bool knowsLibrary = m_link.protocolAtLeast(1, 11);
     const bool knowsCalibration = m_link.protocolAtLeast(0, 3);
     bool isAnswered = !knowsCalibration;
-    // The answer "yes" as true; a failed query is logged and leaves the flag as it was.
+    // Stores whether the answer is "yes". A failed query is logged and leaves the flag unchanged.
     const auto take = [&](const std::optional<QString> &answer, bool *flag, const QString &error) {
         if (answer)
             *flag = *answer == QLatin1String("yes");
@@ -288,7 +289,7 @@ bool BodyReader::isSensorPresent(const QString &type, int index) const
     const auto sensor = m_link.name("body inertial_sensor %s b%02d",
                                     ControllerLink::argument(type).constData(), index + 1);
     if (!sensor && m_link.isClosed())
-        return false; // and the word for the type is gone with the tab
+        return false; // the tab is deleted, and `type` with it
     if (!sensor)
         log(QStringLiteral("Error: Unable to get inertial sensor of body %1 b%2"), type, index);
     if (!sensor || *sensor == QLatin1String("none"))
@@ -402,14 +403,14 @@ std::optional<QString> BodyReader::readDeviceModel(const QString &device) const
         return std::nullopt;
     const QString key = device.section(QLatin1Char(' '), 1, 2).trimmed();
     std::optional<QString> model;
-    // Without its words the question would be about nothing.
+    // Without the words the query would name no device.
     if (!key.isEmpty()) {
         model = m_link.text("qorwpan device_model_desc %s",
                             ControllerLink::argument(key).constData());
     }
     if (model)
         return ControllerLink::withoutDoubleQuotes(*model);
-    // Word 1 is in both places: a habit of the log that its readers know.
+    // The line has word 1 in the place of the model, too. Readers of the log know it in this form.
     const QString vendor = device.section(QLatin1Char(' '), 1, 1);
     m_link.log(QStringLiteral("Error: Unable to get model description of vendor %1 model %2")
                        .arg(vendor, vendor));

@@ -7,7 +7,7 @@ void BodyRecords::registerBodyType(const QString &type)
     reader().readType(fresh, type);
     if (host.isClosed())
         return;
-    // Its table of targets may have been registered before.
+    // The type's table of targets may have been registered before the type.
     fresh.tableWidget_tl = bodytypes.type(type).tableWidget_tl;
     bodytypes.insert(type, fresh);
 }

@@ -11,29 +11,36 @@ class QTableWidget;
 
 /**
  * The records of a tab's bodies and the operations on them that need neither a widget nor a
- * question, under the names by which the tabs and the dialog know them. A base of the tab. What is
- * not there reads as false, 0 or an empty text, and nothing is asked about it. Indexes are
- * zero-based.
+ * question, with the names that the tabs and the dialog use. A base class of the tab. A type or
+ * body that does not exist reads as false, 0 or an empty text, and no query is sent about it.
+ * Indexes are zero-based.
  */
 class BodyRecords {
 public:
-    /** Stores a fresh record of the type and reads its description and filter availability. */
+    /** Stores a new record of the type and reads its description and filter availability. */
     void registerBodyType(const QString &type);
-    /** Asks again what could not be read of the types; the types of which more is known now. */
+    /**
+     * Queries again what could not be read of the types; returns the types of which more is known
+     * now.
+     */
     QStringList readMissingOfTypes();
-    /** Forgets a type; its widgets stay. Kept for a tab whose type goes; none does today. */
+    /**
+     * Removes a type; its widgets remain. Kept for tabs that remove a type; no tab does so today.
+     */
     void unregisterBodyType(const QString &type) { bodytypes.remove(type); }
     /** True while the type has a record. */
     bool isBodyTypeRegistered(const QString &type) const { return bodytypes.contains(type); }
-    /** A combo box that belongs to the type; kept in the record only. */
+    /** Registers a combo box that belongs to the type; only the record uses it. */
     void registerComboBox(const QString &type, QComboBox *box) { bodytypes[type].comboBox = box; }
-    /** The target table of the type, when it is not the one that all tabs have in common. */
+    /**
+     * Registers the target table of the type, when it is not the one that all tabs have in common.
+     */
     void registerTableWidget_tl(const QString &type, QTableWidget *table)
     {
         bodytypes[type].tableWidget_tl = table;
     }
 
-    /** The controller's description of the type. Kept for other tabs: boxes show typeLabel(). */
+    /** The controller's description of the type. Kept for other tabs; boxes show typeLabel(). */
     QString getBodyTypeDescription(const QString &type) const
     {
         return bodytypes.type(type).typedesc;
@@ -43,16 +50,16 @@ public:
     {
         return bodytypes.type(type).filter6dAvailable;
     }
-    /** Bodies that an inertial sensor is assigned to, as counted last. */
+    /** Number of bodies to which an inertial sensor is assigned, as counted last. */
     int getNumberOfInertialSensors(const QString &type) const
     {
         return bodytypes.type(type).numInertialSensors;
     }
-    /** Counts the bodies that an inertial sensor is assigned to. */
+    /** Counts the bodies to which an inertial sensor is assigned. */
     void updateNumberOfInertialSensors(const QString &type) { bodytypes.countSensors(type); }
-    /** Body slots, calibrated or not. */
+    /** Number of body slots, calibrated or not. */
     int getNumberOfBodies(const QString &type) const { return bodytypes.type(type).bodies.size(); }
-    /** Bodies with a geometry. */
+    /** Number of bodies with a geometry. */
     int getNumberOfCalibratedBodies(const QString &type) const
     {
         return bodytypes.calibratedBodies(type);
@@ -62,33 +69,38 @@ public:
     void updateBodyInfo(const QString &type, int index);
     /** Reads the filters of one body into its record. */
     void updateBodyFilter6dPreset(const QString &type, int index);
-    /** True when the body's inertial sensor is present; false, and logged, when unreadable. */
+    /**
+     * True when the body's inertial sensor is present. False, and logged, when this cannot be read.
+     */
     bool is_hybridbodycalibration_available(const QString &type, int index) const
     {
         return reader().isSensorPresent(type, index);
     }
 
-    // The commands alone, without reading back: false, and logged, when the controller refused.
+    // The following functions send commands only, without reading back. Each returns false, and
+    // logs, when the controller refused.
 
     /** Switches a body on or off. */
     bool morvek2_setBodyActive(const QString &type, int index, bool active)
     {
         return commands().setActive(type, index, active);
     }
-    /** Names a body; a line break in the name is refused. */
+    /** Names a body. A name with a line break is refused. */
     bool morvek2_setBodyDescription(const QString &type, int index, const QString &text)
     {
         return commands().setDescription(type, index, text);
     }
-    /** Makes a standard body the reference, the only kind that can be; false: no body at all. */
+    /**
+     * Makes a standard body the reference; bodies of other types cannot be. With false no body is.
+     */
     bool morvek2_setBodyIsReference(const QString &type, int index, bool reference)
     {
         return reference ? commands().setReference(type, index) : commands().clearReference();
     }
-    /** Makes no body the reference. Kept for other tabs: deleting a body does the same. */
+    /** Makes no body the reference. Kept for other tabs; deleting a body does the same. */
     void resetReferenceTargetIfAny() { commands().resetReference(); }
 
-    // From the records, nothing is sent.
+    // The following functions read the records and send nothing.
 
     /** True when the controller tracks the body. */
     bool isBodyActive(const QString &type, int index) const
@@ -100,14 +112,14 @@ public:
     {
         return bodytypes.body(type, index).calibrated;
     }
-    /** True when the geometry was measured again. Kept for other tabs: the table fills from
-     * records.
+    /**
+     * True when the geometry was measured again. Kept for other tabs; the table reads the records.
      */
     bool isBodyRecalibrated(const QString &type, int index) const
     {
         return bodytypes.body(type, index).recalibrated;
     }
-    /** True when the body's sensor has a hand-eye calibration. Kept as isBodyRecalibrated() is. */
+    /** True when the body's sensor has a hand-eye calibration. Kept for other tabs. */
     bool hasBodyHandEye(const QString &type, int index) const
     {
         return bodytypes.body(type, index).has_handeye;
@@ -117,17 +129,17 @@ public:
     {
         return bodytypes.body(type, index).isReference;
     }
-    /** The same as getBodyIsReference(). Kept for callers that know it by this name. */
+    /** The same as getBodyIsReference(). Kept for callers that use this name. */
     bool isBodyReference(const QString &type, int index) const
     {
         return getBodyIsReference(type, index);
     }
-    /** The name that the operator gave. Kept as isBodyRecalibrated() is. */
+    /** The name that the operator gave. Kept for other tabs. */
     QString getBodyDescription(const QString &type, int index) const
     {
         return bodytypes.body(type, index).desc;
     }
-    /** Short name of the body's target; empty when none. Kept as isBodyRecalibrated() is. */
+    /** Short name of the body's target; empty when it has none. Kept for other tabs. */
     QString getBodyTargetlibName(const QString &type, int index) const
     {
         return bodytypes.body(type, index).tlibName;
@@ -142,7 +154,7 @@ public:
     {
         return bodytypes.body(type, index).inertialSensor;
     }
-    /** The filters as one line. Kept as isBodyRecalibrated() is. */
+    /** The filters as one line. Kept for other tabs. */
     QString getBodyFilter6dPreset(const QString &type, int index) const
     {
         return bodytypes.body(type, index).filter6dPreset;
@@ -153,10 +165,10 @@ protected:
         : m_link(link), m_reader(link), m_commands(link)
     {
     }
-    /** Closes the link, so that what is under way on the stack sends nothing more. */
+    /** Closes the link, so that operations that are still on the stack send nothing more. */
     ~BodyRecords() { m_link.close(); }
 
-    // By value: a host may delete the tab while they work.
+    // Returned by value, because a host may delete the tab while they work.
 
     ControllerLink link() const { return m_link; }
     BodyReader reader() const { return m_reader; }

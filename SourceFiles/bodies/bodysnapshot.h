@@ -5,13 +5,13 @@
 #include <QString>
 
 /**
- * What the operator saw of a body when a question about it was asked: taken before the box opens
- * and compared with the records when it has closed. An answer holds only for the body it was given
- * for.
+ * What the operator saw of a body when a question about it was asked. The snapshot is taken before
+ * the box opens and is compared with the records after the box has closed, because the answer
+ * counts only for the body that the operator saw.
  */
 class BodySnapshot {
 public:
-    /** A body that is nowhere; no registry agrees with it. */
+    /** A snapshot of no body, with which no registry agrees. */
     BodySnapshot() = default;
 
     BodySnapshot(const BodyRegistry &registry, const QString &type, int index)
@@ -31,12 +31,12 @@ public:
     QString type() const { return m_type; }
     int index() const { return m_index; }
     QString name() const { return m_name; }
-    /** Name of its inertial sensor; empty when none. */
+    /** Name of the body's inertial sensor; empty when it has none. */
     QString sensor() const { return m_sensor; }
 
     /**
-     * True while the records know the body, with the same name, target, sensor and reference mark,
-     * among as many bodies of its type, in the same configuration under the same lock.
+     * True while the records have the body with the same name, target, sensor and reference mark,
+     * the same number of bodies of its type, the same configuration and the same lock.
      */
     bool isCurrent(const BodyRegistry &registry) const
     {

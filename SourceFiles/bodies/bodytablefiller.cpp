@@ -17,14 +17,14 @@ namespace {
 
 constexpr Qt::ItemFlags shown = Qt::ItemIsSelectable | Qt::ItemIsEnabled;
 
-/** The icon's pixmap in the disabled mode, at the first size that `sizes` offers. */
+/** The icon's pixmap in the disabled mode, in the first size that `sizes` offers. */
 QIcon disabled(const QIcon &icon, const QIcon &sizes)
 {
     const QList<QSize> available = sizes.availableSizes();
     return available.isEmpty() ? QIcon() : QIcon(icon.pixmap(available.first(), QIcon::Disabled));
 }
 
-/** The words of records that the table shows; records and commands keep the English ones. */
+/** The words of records that the table translates. Records and commands keep the English words. */
 const char *const words[] = {
         QT_TRANSLATE_NOOP("BodyTypeAdministrationTab", "not calibrated"),
         QT_TRANSLATE_NOOP("BodyTypeAdministrationTab", "Full"),
@@ -36,7 +36,7 @@ const char *const words[] = {
         QT_TRANSLATE_NOOP("BodyTypeAdministrationTab", "not active"),
 };
 
-/** Shows `text`; `pause` begins where that may make a column wider. */
+/** Shows `text`; begins `pause` when the text may make a column wider. */
 void showText(QTableWidgetItem *item, const QString &text, ColumnSizingPause *pause)
 {
     if (item->text() == text)
@@ -61,7 +61,9 @@ void showIcon(QTableWidgetItem *item, const QIcon &icon, ColumnSizingPause *paus
     item->setIcon(icon);
 }
 
-/** Shows a check box, or none at all; a mark that is set or cleared takes no other room. */
+/**
+ * Shows a check box or none; setting or clearing its mark does not change the width of the cell.
+ */
 void showCheck(QTableWidgetItem *item, std::optional<Qt::CheckState> state,
                ColumnSizingPause *pause)
 {
@@ -73,14 +75,14 @@ void showCheck(QTableWidgetItem *item, std::optional<Qt::CheckState> state,
     item->setData(Qt::CheckStateRole, state ? QVariant(int(*state)) : QVariant());
 }
 
-/** What a screen reader says of a cell, which takes no room. */
+/** Sets the text that a screen reader says for a cell; it does not change the width of the cell. */
 void showAccessibleText(QTableWidgetItem *item, const QString &text)
 {
     if (item->data(Qt::AccessibleTextRole).toString() != text)
         item->setData(Qt::AccessibleTextRole, text);
 }
 
-/** Shows what a tab put into an item of its own. */
+/** Copies what a tab put into a separate item to the item of the table. */
 void apply(QTableWidgetItem *item, const QTableWidgetItem &wanted, ColumnSizingPause *pause)
 {
     showFlags(item, wanted.flags(), pause);
@@ -171,15 +173,15 @@ void BodyTableFiller::showCount(const AdminBodyType &record)
     QSpinBox *spinBox = record.spinBox;
     const int count = record.bodies.size();
     const QSignalBlocker silent(spinBox);
-    // An unread count must not read as "no bodies".
+    // A count that was not read must not look like "no bodies".
     const QString unread = record.isCountRead ? QString() : QStringLiteral("-");
     if (spinBox->specialValueText() != unread)
         spinBox->setSpecialValueText(unread);
-    // A limit that could not be read must not make the box show fewer bodies than there are.
+    // A limit that could not be read must not reduce the number that the box shows.
     const int maximum = qMax(record.limit.value_or(spinBox->maximum()), count);
     if (spinBox->minimum() != 0 || spinBox->maximum() != maximum)
         spinBox->setRange(0, maximum);
-    // Setting a value draws the box, and takes back what is being typed into it.
+    // Setting a value draws the box and discards what the operator is typing into it.
     QLocale locale = spinBox->locale();
     locale.setNumberOptions(QLocale::OmitGroupSeparator);
     if (spinBox->value() != count
@@ -211,7 +213,8 @@ void BodyTableFiller::fill(const QString &type, const CustomCell &custom) const
     for (int row = 0; row < table->rowCount(); ++row) {
         for (int column = 0; column < kinds.size(); ++column) {
             const COLUMN_TYPE kind = kinds.at(column);
-            // A custom cell may have let the host change the records, and fill the table again.
+            // The custom cell may have run the host's code, which may have changed records and
+            // table.
             const AdminBodyType &record = m_registry.type(type);
             if (!record.isValidIndex(row))
                 return;

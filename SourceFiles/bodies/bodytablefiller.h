@@ -18,7 +18,7 @@ class ControllerLink;
 class QLabel;
 class QSpinBox;
 
-/** The status and button icons of the body tables; disabled variants are made once. */
+/** The status and button icons of the body tables; the disabled variants are made once. */
 class BodyTableIcons {
 public:
     BodyTableIcons(const QIcon &ok, const QIcon &notCalibrated, const QIcon &noHandEye,
@@ -34,8 +34,8 @@ public:
 };
 
 /**
- * Shows the records of a body type in its table: record in, items out. Only cells whose content
- * differs are touched; the caller guards against the item changes this makes.
+ * Shows the records of a body type in its table. It changes only cells whose content differs. The
+ * caller has to ignore the item changes that this causes.
  */
 class BodyTableFiller {
     Q_DECLARE_TR_FUNCTIONS(BodyTypeAdministrationTab)
@@ -44,34 +44,43 @@ public:
     /** Fills the item of a custom column: type, row, column, item. */
     using CustomCell = std::function<void(const QString &, int, int, QTableWidgetItem *)>;
 
-    /** Integer on delete and reset cells: 1 when a click acts, 0 when they are shown disabled. */
+    /** Role on delete and reset cells: 1 when a click acts, 0 when the cell is shown disabled. */
     static constexpr int liveRole = Qt::UserRole + 1;
 
-    /** Columns, headers and selection of an empty body table, whose last column stretches. */
+    /**
+     * Sets up columns, headers and selection of an empty body table, whose last column stretches.
+     */
     static void setUp(QTableWidget *table, const BodyColumns &columns);
-    /** Once there are rows: columns as wide as their contents but those that take what is left. */
+    /**
+     * Makes the columns as wide as their contents, except the stretched ones. Called when rows
+     * exist.
+     */
     static void sizeColumns(QTableWidget *table, const BodyColumns &columns);
 
-    /** Shows or hides the filter column, if there is one, as the type has the 6DOF filter or not.
+    /**
+     * Shows or hides the filter column, if there is one, depending on whether the type has the 6DOF
+     * filter.
      */
     static void showFilterColumn(const AdminBodyType &record);
     /** Shows `text` while the spin box is at its maximum. */
     static void showLimit(QLabel *label, const QSpinBox *spinBox, const QString &text);
-    /** Shows the number of bodies in the record's spin box, which emits nothing. */
+    /** Shows the number of bodies in the record's spin box, without a signal of the box. */
     static void showCount(const AdminBodyType &record);
     /**
-     * Makes a row current again after a fill, or the last one when the table became shorter; in the
-     * current column when none is given.
+     * Makes a row current again after a fill, or the last row when the table became shorter.
+     * Without `column` the current column is used.
      */
     static void restoreRow(QTableWidget *table, int row, int column = -1);
 
-    /** Which commands the controller knows; a cell that would lead to nothing is not editable. */
+    /**
+     * Which commands the controller knows; a cell whose command it does not know is not editable.
+     */
     struct Allowed {
         bool names = true;
         bool activity = true;
         bool reference = true;
 
-        /** What a controller of that protocol takes. */
+        /** The commands that a controller with the link's protocol knows. */
         static Allowed by(const ControllerLink &link);
     };
 
@@ -87,20 +96,22 @@ public:
 
     /**
      * Shows the records of a type that has a table; `custom` is called for each cell that the tab
-     * fills itself. It may query the controller: afterwards the row is looked up again, and when
-     * the table was deleted meanwhile nothing is touched.
+     * fills itself. `custom` may query the controller. After it the row is found again, and nothing
+     * is touched when the table was deleted meanwhile.
      */
     void fill(const QString &type, const CustomCell &custom) const;
 
 private:
-    /** The translated words of the cells, looked up once a fill. */
+    /** The translated words of the cells, looked up once for each fill. */
     class Words {
         Q_DECLARE_TR_FUNCTIONS(BodyTypeAdministrationTab)
 
     public:
         Words();
-        /** `text` in the operator's language when it is one of our words, else as the controller
-         *  gave it. */
+        /**
+         * `text` in the operator's language when it is one of the module's words, otherwise
+         * unchanged.
+         */
         QString shown(const QString &text) const;
 
         QString active;
@@ -112,14 +123,16 @@ private:
     private:
         QVector<QPair<QLatin1String, QString>> ofRecords;
     };
-    /** A cell with a check box; `column` is what the column is called. */
+    /** A cell with a check box; `column` is the name of its column. */
     struct CheckCell {
         bool checked;
         bool checkable;
         const QString &column;
     };
 
-    /** Lets `showIn` fill the item of a cell; a new one before the table has it. */
+    /**
+     * Lets `showIn` fill the item of a cell. A new item is filled before it is put into the table.
+     */
     template <typename ShowIn>
     static void put(QTableWidget *table, int row, int column, ColumnSizingPause *pause,
                     const ShowIn &showIn);

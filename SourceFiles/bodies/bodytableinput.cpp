@@ -23,7 +23,7 @@ void BodyTableInput::watchTable(const QString &type)
 {
     const AdminBodyType &record = m_registry.type(type);
     QTableWidget *table = record.tableWidget;
-    // A name is changed by a double click and by nothing else.
+    // Only a double click begins to edit a name.
     table->setEditTriggers(QAbstractItemView::DoubleClicked);
     table->setTabKeyNavigation(false);
     table->installEventFilter(this);
@@ -41,7 +41,7 @@ void BodyTableInput::watchTable(const QString &type)
 
 void BodyTableInput::watchSpinBox(QSpinBox *spinBox)
 {
-    // A count that is being typed must not drop bodies with every digit.
+    // A count that is being typed must not drop bodies after every digit.
     spinBox->setKeyboardTracking(false);
     spinBox->installEventFilter(this);
 }
@@ -53,7 +53,7 @@ void BodyTableInput::deliver(const std::function<void()> &gesture)
     QMetaObject::invokeMethod(
             this,
             [this, gesture, generation = m_registry.generation()] {
-                // Another configuration's bodies are not what the operator saw.
+                // A gesture on the bodies of an earlier configuration is dropped.
                 if (generation == m_registry.generation())
                     perform(gesture);
             },
@@ -62,8 +62,8 @@ void BodyTableInput::deliver(const std::function<void()> &gesture)
 
 void BodyTableInput::perform(const std::function<void()> &gesture)
 {
-    // Of two that arrived before the first was delivered, the second may come here while the first
-    // one's question is shown.
+    // When two gestures arrive before the first is delivered, the second may get here while the
+    // question of the first is open.
     if (m_isActing || m_isRetired)
         return;
     const Waiting waiting(m_observer, Waiting::For::Action, tr("Changing bodies ..."));
@@ -133,7 +133,7 @@ void BodyTableInput::cellClicked(QObject *sender, int row, int column)
     const QString type = m_registry.typeOfTable(table);
     if (type.isEmpty() || !table->isVisible())
         return;
-    // The press that made another cell current has announced the body already.
+    // The press that made another cell current has already announced the body.
     m_isMouseDown = false;
     const bool announced = m_announced == std::make_pair(type, row);
     m_announced.reset();
@@ -191,7 +191,7 @@ void BodyTableInput::itemChanged(QTableWidgetItem *item)
                 emit nameEntered(type, row, name);
         });
     } else if (kind == COLUMN_TYPE_ACTIVE || kind == COLUMN_TYPE_REFERENCE) {
-        // Mouse and space bar both come here and a click beside the check box does not.
+        // Mouse and space key both change the item; a click beside the check box does not.
         deliver([this, type, row, column] { toggle(type, row, column); });
     }
 }
@@ -207,7 +207,8 @@ void BodyTableInput::toggle(const QString &type, int row, int column)
     const bool checked = item->checkState() == Qt::Checked;
     const bool isActive = record.tableWidgetColumns.at(column) == COLUMN_TYPE_ACTIVE;
     const AdminBody &body = record.bodies.at(row);
-    // Toggled twice before it was delivered, a check box reads as before and nothing is wanted.
+    // When a check box was toggled twice before the delivery, it reads as before, and the operator
+    // wants no change.
     if (checked == (isActive ? body.active : body.isReference))
         return;
     const QPointer<QObject> self(this);
@@ -226,7 +227,7 @@ void BodyTableInput::currentItemChanged(QTableWidgetItem *current)
     const QString type = m_registry.typeOfTable(current->tableWidget());
     if (type.isEmpty())
         return;
-    // A key or the program announces a body, too, but no click follows that belongs to it.
+    // A key or the program also makes a body current, but no click follows then.
     if (m_isMouseDown)
         m_announced = std::make_pair(type, current->row());
     emit currentBodyChanged(type, current->row());
@@ -273,7 +274,7 @@ bool BodyTableInput::pressesCell(QTableWidget *table, int key)
     const bool presses = key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space;
     if (!presses || type.isEmpty() || !item || item->flags().testFlag(Qt::ItemIsUserCheckable))
         return false;
-    // The keyboard presses the button cells as a click does.
+    // A key presses a button cell as a click does.
     deliver([this, type, row = item->row(), column = item->column()] { press(type, row, column); });
     return true;
 }
@@ -284,7 +285,7 @@ bool BodyTableInput::discardsCount(QSpinBox *spinBox, int key) const
     const int typed = spinBox->locale().toInt(spinBox->cleanText(), &isNumber);
     if (key != Qt::Key_Escape || (isNumber && typed == spinBox->value()))
         return false;
-    // The first Escape takes back what was typed; the next one goes on to the dialog.
+    // The first Escape discards what was typed; the next Escape closes the dialog.
     const QSignalBlocker silent(spinBox);
     spinBox->setValue(spinBox->value());
     return true;

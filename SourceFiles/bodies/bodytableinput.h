@@ -18,27 +18,27 @@ class QTableWidget;
 class QTableWidgetItem;
 
 /**
- * What the operator does to the body tables and to the boxes with the numbers of bodies, turned
- * into signals that say what is wanted. Owned by the tab; looks things up in its registry.
+ * Turns the operator's input in the body tables and in the boxes with the numbers of bodies into
+ * signals that say what the operator wants. Owned by the tab, whose registry it uses.
  *
- * A gesture is delivered after the event that made it, since the boxes and dialogs it opens must
- * not run inside the event handling of a table that may be gone when they close. One gesture is
- * acted on at a time: what arrives meanwhile, or while its question is shown, is dropped.
+ * A gesture is delivered after the event that made it, because the boxes and dialogs that it opens
+ * must not run inside the event handling of a table that may be deleted meanwhile. One gesture is
+ * acted on at a time: gestures that arrive meanwhile, or while a question is open, are dropped.
  */
 class BodyTableInput : public QObject {
     Q_OBJECT
 
 public:
-    /** The registry outlives the object; the observer, which may be null, need not. */
+    /** The registry outlives the object. The observer may be null, and may be deleted earlier. */
     explicit BodyTableInput(BodyRegistry &registry, LinkObserver *observer = nullptr);
     ~BodyTableInput() override;
 
-    /** From now on the table of that registered type is listened to. */
+    /** Begins to handle input in the table of that registered type. */
     void watchTable(const QString &type);
-    /** From now on a box with a number of bodies is listened to. */
+    /** Begins to handle input in a box with a number of bodies. */
     void watchSpinBox(QSpinBox *spinBox);
 
-    // What the widgets report; hidden and unknown ones are ignored.
+    // Slots for the signals of the widgets; hidden and unknown widgets are ignored.
 
     void cellClicked(QObject *table, int row, int column);
     void cellDoubleClicked(QObject *table, int row, int column);
@@ -46,18 +46,18 @@ public:
     void currentItemChanged(QTableWidgetItem *current);
     void spinBoxChanged(QObject *spinBox);
 
-    /** Acts at once, unless a gesture is acted on: what a button asks for, one at a time. */
+    /** Runs at once what a button requests; does nothing while a gesture is acted on. */
     void perform(const std::function<void()> &gesture);
-    /** What waits to be delivered will not be, nor will anything else: the host shuts down. */
+    /** Drops waiting gestures and all later ones, because the host shuts down. */
     void retire() { m_isRetired = true; }
     bool isRetired() const { return m_isRetired; }
-    /** Ends every edit as Enter does: the widgets are about to be hidden. */
+    /** Ends every edit as Enter does, because the widgets are about to be hidden. */
     void commit() const;
     /** Ends every edit as Escape does and shows the records again. */
     void discard() const;
-    /** The tables and boxes report to `listener` no longer. */
+    /** Disconnects the signals of the tables and boxes from `listener`. */
     void disconnectWidgets(const QObject *listener) const;
-    /** While the guard lives, changed items are the program's own and no gesture. */
+    /** While the guard lives, changes of items are the program's own and count as no gesture. */
     FillGuard startFilling() { return FillGuard(this, m_filling); }
 
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -70,10 +70,11 @@ signals:
     void filterPressed(const QString &type, int index);
     void deletePressed(const QString &type, int index);
     void resetPressed(const QString &type, int index);
-    /** A toggle was acted on. */
+    /** An action on a body, such as a toggle, has ended. */
     void bodyActedOn(const QString &type, int index);
-    /** Another body became current, or the current one was clicked. Emitted at once: it asks
-     * nothing.
+    /**
+     * Another body became current, or the current one was clicked. Emitted at once, because it
+     * opens no question.
      */
     void currentBodyChanged(const QString &type, int index);
 
@@ -90,7 +91,7 @@ private:
     int m_filling = 0;
     bool m_isActing = false;
     bool m_isRetired = false;
-    bool m_isMouseDown = false; ///< the press on a table that no click has followed yet
-    /** The body of the last currentBodyChanged() that no click has followed yet. */
+    bool m_isMouseDown = false; ///< true after a press on a table, until its click
+    /** The body of the last currentBodyChanged() that came from a press, until its click. */
     std::optional<std::pair<QString, int>> m_announced;
 };

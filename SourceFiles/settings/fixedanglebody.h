@@ -8,8 +8,9 @@
 struct FixedAngleBody {
     int body_id = 0; ///< one-based
     QString body_des;
-    bool body_cali = false; ///< calibrated, and of a target type that allows fixed angles
-    std::array<bool, 3> fixed_angle_enable{}; ///< rx, ry, rz
+    bool body_cali = false; ///< true when calibrated and of a target type that allows fixed angles
+    std::array<bool, 3> fixed_angle_enable{}; ///< in the order rx, ry, rz
     std::array<double, 3> fixed_angle{};      ///< rx, ry, rz in degrees
-    bool angles_known = false;                ///< calibration, target type and all angles were read
+    /// true when calibration, target type and all angles were read
+    bool angles_known = false;
 };

@@ -68,7 +68,7 @@ FixedAngleBody FixedAngles::read(int number) const
     return body;
 }
 
-/** True when the answer holds three flags, each with its angle, and nothing else. */
+/** True when the answer consists of exactly three flags, each followed by its angle. */
 bool FixedAngles::readAngles(FixedAngleBody *body) const
 {
     const auto answer = m_link.text("standard fixed_angle b%.2d", body->body_id);

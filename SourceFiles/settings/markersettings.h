@@ -6,8 +6,8 @@
 #include <optional>
 
 /**
- * Reads and writes the single-marker settings: calculation of 3DOF markers, automatic restart, the
- * 5DOF central axis.
+ * Reads and writes the single-marker settings: calculation of 3DOF markers, automatic restart, and
+ * the 5DOF central axis.
  *
  * A value without widgets; every failure is one line in the message log.
  */
@@ -18,10 +18,10 @@ public:
         const char *name;
         Vector vector;
     };
-    /** The controller's axis; a field that is no number counts as 0. */
+    /** The controller's axis. A field that is not a number counts as 0. */
     struct CentralAxis {
         Vector vector{};
-        bool isWhole = false; ///< all three numbers could be read
+        bool isWhole = false; ///< true when all three numbers could be read
     };
 
     explicit MarkerSettings(const ControllerLink &link) : m_link(link) {}
@@ -29,7 +29,7 @@ public:
     /** The axes to choose from, in the order of the list. */
     static const std::array<NamedAxis, 6> &namedAxes();
 
-    /** Each is nothing when the query failed or the answer is neither "yes" nor "no". */
+    /** Nothing when the query failed or the answer is neither "yes" nor "no". */
     std::optional<bool> isMarkerCalculated() const;
     std::optional<bool> restartsAutomatically() const;
     /** Nothing when the query failed. */

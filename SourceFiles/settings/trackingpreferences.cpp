@@ -63,7 +63,7 @@ bool TrackingPreferences::save(bool fixedAngleVisible, bool autoRestartShown,
         return false;
     }
     QSaveFile file(m_fileName);
-    // In a folder that takes no new file the old one is overwritten.
+    // In a folder that allows no new file, the old file is overwritten.
     file.setDirectWriteFallback(true);
     if (!file.open(QIODevice::WriteOnly)) {
         *problem = QStringLiteral("Error: Writing tracking preferences. "
@@ -73,7 +73,7 @@ bool TrackingPreferences::save(bool fixedAngleVisible, bool autoRestartShown,
     }
     // toByteArray() writes UTF-8 in every locale.
     file.write(document(fixedAngleVisible, autoRestartShown).toByteArray(indentation));
-    // commit() alone does not notice that the last buffer found no room on the disk.
+    // commit() alone does not detect that the disk had no room for the last buffer.
     const bool isWhole = file.flush();
     if (!isWhole)
         file.cancelWriting();

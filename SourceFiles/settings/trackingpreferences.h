@@ -6,30 +6,31 @@
 #include <optional>
 
 /**
- * The file in which the tracking settings dialog keeps what it shows, one for each module version.
+ * The file with the preferences of the tracking settings dialog. Each module version has its own
+ * file.
  *
- * A plain value that knows only the folder; it neither reads nor writes before it is asked to.
+ * A plain value that holds only the folder. Only load() and save() read or write the file.
  */
 class TrackingPreferences {
 public:
-    /** `folder` may be missing until the first save. */
+    /** `folder` need not exist before the first save. */
     explicit TrackingPreferences(const QString &folder);
 
     /** The folder of this module version below the user's home folder. */
     static QString folderOf(const QString &moduleVersion);
 
-    /** The file with its path. */
+    /** The name of the file with its path. */
     QString fileName() const { return m_fileName; }
 
     /**
-     * The preferences as a document with the right root element. Nothing when there is no file, or
-     * when it cannot be used; the latter sets *problem to the line for the message log.
+     * The preferences as a document with the right root element. Nothing when there is no file or
+     * the file cannot be used; in the second case *problem gets the line for the message log.
      */
     std::optional<QDomDocument> load(QString *problem) const;
 
     /**
-     * Writes both preferences, creating the folder when needed. The old file stays whole until the
-     * new one is complete. On failure returns false with the log line in *problem.
+     * Writes both preferences, and creates the folder when needed. The old file is replaced only
+     * when the new one is complete. On failure returns false, with the log line in *problem.
      */
     bool save(bool fixedAngleVisible, bool autoRestartShown, QString *problem) const;
 

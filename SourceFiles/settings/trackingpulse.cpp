@@ -107,7 +107,7 @@ bool TrackingPulse::followCameras() const
 bool TrackingPulse::followSensor(const QString &identifier) const
 {
     const QByteArray word = ControllerLink::argument(identifier);
-    // Without a sensor the line would name none and mean something else.
+    // Without a sensor the line would have another meaning.
     const bool done = !word.trimmed().isEmpty()
                       && m_link.set("tracking pulse inertial_sensor %s", word.constData());
     if (!done)

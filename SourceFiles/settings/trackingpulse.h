@@ -17,19 +17,20 @@ public:
     /** An inertial sensor that a body carries. */
     struct Sensor {
         QString identifier;
-        QString description; ///< vendor's model description; the identifier when that is unknown
+        /// vendor's model description; the identifier when the description is unknown
+        QString description;
     };
 
     explicit TrackingPulse(const ControllerLink &link);
 
-    /** Where the frequency comes from; Unknown when the query failed or has another answer. */
+    /** The source of the frequency; Unknown when the query failed or gave any other answer. */
     Source source() const;
-    /** The frequency in force in Hz; a usual one where the controller gives none. */
+    /** The frequency in force, in Hz; a usual value when the controller gives none. */
     double frequencyHz() const;
-    /** The sensors that a body carries, in the controller's order. */
+    /** The sensors that bodies carry, in the controller's order. */
     QVector<Sensor> sensors() const;
 
-    /** Each sets the source; false and a line in the log when the controller refused it. */
+    /** Each function sets the source. False, and logged, when the controller refused it. */
     bool followCameras() const;
     bool followSensor(const QString &identifier) const;
     bool setFrequency(double frequencyHz) const;

@@ -16,7 +16,10 @@ constexpr int fewestRows = 8;
 constexpr int mostRows = 20;
 constexpr int focusWidth = 2;
 
-/** Draws an icon on a selected row as on any other; a tinted one looks like a disabled one. */
+/**
+ * Draws an icon on a selected row in its own colours, because a tinted icon looks like a disabled
+ * one.
+ */
 class PlainIconDelegate final : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -73,7 +76,7 @@ void AdministrationTable::fitLater()
     if (m_isFitPending)
         return;
     m_isFitPending = true;
-    // A fill changes many columns; the layout need not follow each.
+    // A fill changes many columns, and the layout needs to follow only once.
     QMetaObject::invokeMethod(this, &AdministrationTable::fit, Qt::QueuedConnection);
 }
 

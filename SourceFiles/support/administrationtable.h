@@ -4,11 +4,11 @@
 #include <QTableWidget>
 
 /**
- * A table of the body administration that can be read: wide enough for its names, cut texts as tool
- * tips, a frame around the current cell that is seen on a selected row, icons that keep their
- * colours there, and a hint in place of rows that are not there.
+ * A table that stays readable. It is wide enough for its names, shows cut texts as tool tips, draws
+ * a frame around the current cell that is visible on a selected row, keeps the colours of icons
+ * there, and shows a hint while it has no rows.
  *
- * The stretched columns are the ones that names are shown in.
+ * The stretched columns are those that show names.
  */
 class AdministrationTable final : public QTableWidget {
     Q_OBJECT
@@ -18,11 +18,11 @@ public:
     explicit AdministrationTable(QWidget *parent = nullptr);
     ~AdministrationTable() override;
 
-    /** What the operator may do while the table has no rows; translated. */
+    /** What the operator can do while the table has no rows; translated. */
     QString hint() const { return m_hint; }
     void setHint(const QString &hint);
 
-    /** Room for all columns with their whole texts, and for a moderate number of rows. */
+    /** The size for all columns with their complete texts, and for a moderate number of rows. */
     QSize sizeHint() const override;
 
 protected:
@@ -40,6 +40,6 @@ private:
     bool showCutText(const QPoint &position, const QPoint &globalPosition);
 
     QString m_hint;
-    int m_formWidth = -1; ///< the minimum that the form gives
+    int m_formWidth = -1; ///< the minimum width that the form gives, in pixels
     bool m_isFitPending = false;
 };

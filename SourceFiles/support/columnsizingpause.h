@@ -5,9 +5,9 @@
 #include <QVector>
 
 /**
- * Suspends the columns of a table that size themselves to their contents, from begin() on and for
- * as long as it lives, so that a fill measures them once and not with every cell. A fill that finds
- * no difference never begins, and nothing is measured. The table may be deleted meanwhile.
+ * Suspends the columns of a table that size themselves to their contents, from begin() until its
+ * destruction, so that a fill measures them once and not after every cell. A fill that finds no
+ * difference does not call begin(), and nothing is measured. The table may be deleted meanwhile.
  */
 class ColumnSizingPause {
 public:
@@ -22,7 +22,7 @@ public:
     ColumnSizingPause(const ColumnSizingPause &) = delete;
     ColumnSizingPause &operator=(const ColumnSizingPause &) = delete;
 
-    /** Called before rows or cells come or go; only the first call does something. */
+    /** Called before rows or cells are added or removed; only the first call has an effect. */
     void begin()
     {
         if (m_began)
@@ -35,7 +35,10 @@ public:
             m_header->setSectionResizeMode(section, QHeaderView::Fixed);
         }
     }
-    /** Called before a cell of that column changes; columns of another width rule stay as wide. */
+    /**
+     * Called before a cell of that column changes; has no effect when the column has another width
+     * rule.
+     */
     void begin(int column)
     {
         if (!m_began && m_header->sectionResizeMode(column) == QHeaderView::ResizeToContents)

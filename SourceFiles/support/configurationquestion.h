@@ -4,7 +4,8 @@ class ConfigurationWatch;
 class QWidget;
 
 /**
- * True when `dialog` may write what it shows: no other configuration became active since it was
- * read, or the user wants to write anyway. False, too, when the dialog was deleted meanwhile.
+ * True when `dialog` may write what it shows: no other configuration has become active since the
+ * dialog was read, or the user wants to write anyway. False when the user declines or the dialog
+ * was deleted meanwhile.
  */
 bool mayStillWrite(const ConfigurationWatch *watch, QWidget *dialog);

@@ -3,7 +3,10 @@
 #include <QObject>
 #include <QPointer>
 
-/** Marks a stretch of code that fills widgets itself; nests. The owner may be deleted meanwhile. */
+/**
+ * Marks code in which the program fills widgets. Guards can be nested, and the owner may be deleted
+ * meanwhile.
+ */
 class FillGuard {
 public:
     /** `depth` is a member of `owner`. */

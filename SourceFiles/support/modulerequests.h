@@ -5,18 +5,21 @@
 #include <QString>
 
 /**
- * The requests that hand a body to another module, which opens its dialog for it. Nobody answers; a
- * module that is done sends "reopen". Indexes are zero-based.
+ * The requests to other modules to open their dialog for a body. A request has no answer; the other
+ * module sends "reopen" when it has closed its dialog. Indexes are zero-based.
  */
 class ModuleRequests {
 public:
     explicit ModuleRequests(const ControllerLink &link) : m_link(link) {}
 
-    /** The body is to be calibrated. */
+    /** Requests the calibration of the body. */
     void calibrateBody(const QString &type, int index) const;
-    /** The body and its inertial sensor are to be calibrated; `status` as its table shows it. */
+    /**
+     * Requests the calibration of the body and its inertial sensor; `status` is the calibration
+     * status as the table shows it.
+     */
     void calibrateHybrid(const QString &type, int index, const QString &status) const;
-    /** The body's coordinate system is to be adjusted. */
+    /** Requests the adjustment of the body's coordinate system. */
     void adjustBody(const QString &type, int index, bool calibrated) const;
 
 private:

@@ -9,7 +9,7 @@ constexpr int moduleVersionMajor = TRACKING_VERSION_MAJOR;
 constexpr int moduleVersionMinor = TRACKING_VERSION_MINOR;
 constexpr int moduleVersionPatch = TRACKING_VERSION_PATCH;
 
-/// Version text as the windows show it: "v" and three numbers, for example "v3.0.6".
+/// Version text as the dialogs show it: "v" and three numbers, for example "v3.0.6".
 inline QString moduleVersion()
 {
     return QStringLiteral("v%1.%2.%3")

@@ -6,7 +6,7 @@ PageArea::PageArea(QWidget *parent) : QScrollArea(parent)
 {
     setFrameShape(QFrame::NoFrame);
     setWidgetResizable(true);
-    // The keyboard goes to what the page holds, and the area follows.
+    // The page's widgets take the keyboard focus; the area scrolls to them.
     setFocusPolicy(Qt::NoFocus);
 }
 
@@ -17,7 +17,7 @@ QSize PageArea::sizeHint() const
     if (!widget())
         return QScrollArea::sizeHint();
     QSize wanted = widget()->sizeHint();
-    // A splitter leaves its handle out of what it wants.
+    // The size hint of a splitter does not include its handle.
     if (const auto *splitter = widget()->findChild<QSplitter *>())
         wanted.rwidth() += (splitter->count() - 1) * splitter->handleWidth();
     return wanted;

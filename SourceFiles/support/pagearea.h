@@ -2,7 +2,7 @@
 
 #include <QScrollArea>
 
-/** Scrolls a page where the window has no room for it; wants all the room that the page wants. */
+/** Scrolls a page where the window has no room for it. Its size hint is that of the page. */
 class PageArea final : public QScrollArea {
     Q_OBJECT
 

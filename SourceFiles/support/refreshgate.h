@@ -2,10 +2,13 @@
 
 #include "support/steps.h"
 
-/** Lets one refresh run at a time: one that is asked for meanwhile is done once, after it. */
+/**
+ * Lets only one refresh run at a time. Requests that come meanwhile cause one more refresh after
+ * it.
+ */
 class RefreshGate {
 public:
-    /** Runs the steps of a refresh; the gate is a member of `owner`, which they may delete. */
+    /** Runs the steps of a refresh. The gate is a member of `owner`, which the steps may delete. */
     void run(QObject *owner, std::initializer_list<std::function<void()>> steps)
     {
         m_isWanted = true;

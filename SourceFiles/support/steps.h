@@ -8,8 +8,8 @@
 #include <initializer_list>
 
 /**
- * Runs steps that query or write the controller, for as long as `owner` lives: a host may delete it
- * in any of them. False when it did.
+ * Runs steps that query or write the controller. A host may delete `owner` in any of them: the
+ * remaining steps are then left out, and the result is false.
  */
 inline bool runSteps(QObject *owner, std::initializer_list<std::function<void()>> steps)
 {
@@ -22,7 +22,7 @@ inline bool runSteps(QObject *owner, std::initializer_list<std::function<void()>
     return guard;
 }
 
-/** Runs a step for each name, in the order given and as runSteps() does. */
+/** Runs a step for each name, in the given order and under the same rules as runSteps(). */
 inline bool runForEach(QObject *owner, const QStringList &names,
                        const std::function<void(const QString &)> &step)
 {

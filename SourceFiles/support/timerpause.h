@@ -3,7 +3,10 @@
 #include <QPointer>
 #include <QTimer>
 
-/** Stops a running timer for as long as it lives; the timer may be deleted meanwhile. */
+/**
+ * Stops a running timer until its own destruction, then starts it again. The timer may be deleted
+ * meanwhile.
+ */
 class TimerPause {
 public:
     explicit TimerPause(QTimer *timer) : m_timer(timer), m_wasActive(timer->isActive())

@@ -19,7 +19,10 @@ struct BoxContent {
     QString subject;
 };
 
-/** Puts a line above the informative text, which stays what it is for whoever reads it. */
+/**
+ * Puts a line above the informative text without changing that text, which a host or a test may
+ * read.
+ */
 void showAbove(QLabel *informative, const QString &subject)
 {
     auto *grid = qobject_cast<QGridLayout *>(informative->parentWidget()->layout());
@@ -43,18 +46,21 @@ void showAbove(QLabel *informative, const QString &subject)
     grid->addLayout(both, row, column, rows, columns);
 }
 
-/** The button pressed; nothing is touched when the parent took the box with it. */
+/**
+ * Runs the box and returns the pressed button. Touches nothing when the parent was deleted with the
+ * box.
+ */
 int run(QWidget *parent, const BoxContent &content, bool *gone)
 {
     const QPointer<QWidget> guard(parent);
     const bool hadParent = parent != nullptr;
     QPointer<QMessageBox> box =
             new QMessageBox(content.icon, content.title, content.text, content.buttons, parent);
-    // Both may hold names, which are shown letter by letter whatever they look like.
+    // Both texts may contain names, which are shown as plain text even when they look like markup.
     box->setTextFormat(Qt::PlainText);
     const bool isInformed = !content.informativeText.isEmpty();
     box->setInformativeText(isInformed ? content.informativeText : content.subject);
-    // The box gives no other way to its second label, which ignores the format of the first.
+    // The box has no function for its second label, which does not follow the format of the first.
     if (auto *label = box->findChild<QLabel *>(QStringLiteral("qt_msgbox_informativelabel"))) {
         label->setTextFormat(Qt::PlainText);
         if (isInformed && !content.subject.isEmpty())

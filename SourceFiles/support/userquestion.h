@@ -12,17 +12,17 @@ namespace UserQuestion {
 
 enum class Answer {
     Accepted, ///< Yes or OK
-    Declined, ///< anything else
-    Gone      ///< the parent was deleted meanwhile: touch nothing of it
+    Declined, ///< the user chose any other button, or closed the box
+    Gone      ///< the parent was deleted meanwhile, so that nothing of it may be touched
 };
 
 /**
- * A warning with Yes and No, No preset. `subject` names what the question is about: it is shown
- * above the informative text, or in its place where there is none.
+ * A warning with Yes and No, with No as the default. `subject` names what the question is about; it
+ * is shown above the informative text, or in its place when there is none.
  */
 Answer yesNo(QWidget *parent, const QString &title, const QString &text,
              const QString &informativeText = QString(), const QString &subject = QString());
-/** A warning with OK and Cancel, Cancel preset. */
+/** A warning with OK and Cancel, with Cancel as the default. */
 Answer okCancel(QWidget *parent, const QString &title, const QString &text,
                 const QString &informativeText = QString());
 /** A warning with OK. False when the parent was deleted meanwhile. */

@@ -7,7 +7,7 @@
 
 namespace {
 
-/** Lets the layouts of a window that is not shown yet measure what was filled into it. */
+/** Lets the layouts of a window that is not shown yet measure their contents again. */
 void measureAgain(QWidget *widget)
 {
     for (QObject *child : widget->children()) {
@@ -15,7 +15,7 @@ void measureAgain(QWidget *widget)
             continue;
         auto *part = static_cast<QWidget *>(child);
         measureAgain(part);
-        // A layout remembers what each part wanted until the part says that it changed.
+        // A layout keeps the size that a part wanted before, until the part reports a change.
         part->updateGeometry();
     }
     if (QLayout *layout = widget->layout()) {
@@ -33,7 +33,7 @@ void WindowSize::fitToContents(QWidget *window, const QWidget *parent)
     measureAgain(window);
     const QScreen *screen = (parent ? parent->window() : window)->screen();
     const int titleBar = window->style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, window);
-    // What does not fit scrolls, so that the buttons stay in the screen.
+    // The page scrolls where the contents do not fit, so that the buttons remain on the screen.
     const QSize contents = window->sizeHint();
     const QSize room = screen ? screen->availableSize() - QSize(titleBar, 2 * titleBar) : contents;
     window->resize(contents.boundedTo(room));

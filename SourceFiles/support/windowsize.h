@@ -2,14 +2,14 @@
 
 class QWidget;
 
-/** The size that a window opens with. */
+/** The size with which a window opens. */
 namespace WindowSize {
 
 /**
- * Makes a window as large as its contents ask for, as filled now, but no larger than the screen of
- * the window it belongs to. A size that the user has chosen stays.
+ * Makes a window as large as its contents require now, but not larger than the screen of its
+ * parent. Keeps a size that the user has chosen.
  *
- * @param parent the window's parent; the window's own screen counts where it has none
+ * @param parent the window's parent; when it is null, the window's own screen counts
  */
 void fitToContents(QWidget *window, const QWidget *parent);
 

@@ -13,10 +13,10 @@ class QWidget;
 struct TabWidgets;
 
 /**
- * From the press of select to the assigned target: remembers what was chosen, asks the questions on
- * the way and finds out after each of them whether the choice is still the same. Owned by the tab,
- * which is the parent of the boxes; where a box outlives the tab, false comes back and nothing is
- * touched.
+ * Assigns a target after the press of select: it remembers what was chosen, asks the questions and
+ * checks after each question whether the choice is still the same. Owned by the tab, which is the
+ * parent of the boxes. When the tab is deleted while a box is open, the functions return false and
+ * touch nothing of it.
  */
 class AssignmentFlow {
     Q_DECLARE_TR_FUNCTIONS(BodyTypeAdministrationTab)
@@ -36,31 +36,36 @@ public:
     AssignmentFlow(QWidget *parent, const ControllerLink &link, const BodyRegistry &registry,
                    const TargetAssignment &assignment);
 
-    /** What is current now in a table of bodies of `type` and a table of targets. */
+    /** What is current now in a table of bodies of `type` and in a table of targets. */
     Choice current(const QString &type, const QTableWidget *bodyTable,
                    const QTableWidget *targetTable) const;
-    /** Remembers what is current in the tab's tables; false when that is no body and target. */
+    /** Remembers what is current in the tab's tables; false unless that is a body and a target. */
     bool choose(const TabWidgets &widgets);
     /** What choose() remembered. */
     const Choice &choice() const { return m_choice; }
-    /** True while it is still current, its body reads the same, and nothing is locked; else logged.
+    /**
+     * True while the choice is still current, its body reads the same, and the configuration is not
+     * locked; otherwise false, and logged.
      */
     bool isChoiceUnchanged() const;
 
-    /** Asks whether a named body may be overwritten; true without asking for one without name. */
+    /**
+     * Asks whether a named body may be overwritten; true without a question for a body without a
+     * name.
+     */
     bool confirmOverwrite(const QString &name) const;
     /**
-     * Frees a target from the bodies of the type that hold it, but not from the one that is about
-     * to receive it, and gives it to that one; then reads the use of the `listed` targets. False
-     * when the choice is incomplete or the controller refused.
+     * Frees the target from the bodies of the type that hold it, except the receiving body, and
+     * assigns it to that body. Then reads which of the `listed` targets are in use. False when the
+     * choice is incomplete or the controller refused.
      */
     bool assign(const Choice &choice, const QStringList &listed) const;
     /**
      * Asks whether the target may be taken from the first body of another type that holds it, and
-     * takes it. True when none holds it or it was taken.
+     * frees it from that body. True when no such body holds it or it was freed.
      *
      * @param type "standard" or "measurementtool_reference"
-     * @param text, question of the box; %1 is the number of the body
+     * @param text question of the box; %1 is the number of the body
      */
     bool takeFromOtherType(const QString &type, const QString &targetShortName, const QString &text,
                            const QString &question) const;

@@ -76,7 +76,7 @@ void SearchFlow::finish(bool ended, int *found) const
 
 void SearchFlow::refresh(int *found)
 {
-    // While another module has the screen nobody sees the list.
+    // The list is not visible while another module has the screen.
     if (m_isBusy || !m_tab->window()->isVisible())
         return;
     const Waiting waiting(LinkObserver::of(m_tab), Waiting::For::Refresh, waitingText());

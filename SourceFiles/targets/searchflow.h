@@ -9,13 +9,13 @@ class TargetSearchPanel;
 class Targetlibrary;
 
 /**
- * A search for library targets from the press of start to the box that says how many were found,
- * and the refresh of the tracked states between searches. Owned by the tab, which a host may delete
- * in any of it: then nothing is touched any more.
+ * Runs a search for library targets, from the press of start to the box that says how many were
+ * found, and refreshes the tracked states between searches. Owned by the tab. A host may delete the
+ * tab in any of these functions; after that nothing of it is touched.
  */
 class SearchFlow {
 public:
-    /** All outlive the flow. */
+    /** All parameters outlive the flow. */
     SearchFlow(QWidget *tab, TargetSearchPanel &search, TargetListPanel &targets,
                const BodyQuestions &questions, const Targetlibrary &library)
         : m_tab(tab),
@@ -26,13 +26,18 @@ public:
     {
     }
 
-    /** Starts a search if one can start. */
+    /** Starts a search if the controller allows one. */
     void start() const;
-    /** The operator stops the search; `found` targets are in the table. */
+    /**
+     * Stops the search on the operator's request; `found` is the number of targets in the table.
+     */
     void stop(int found) const;
-    /** One poll of a running search; stores how many targets are found. Never overlaps another. */
+    /**
+     * Polls a running search once, and stores in `found` how many targets are found. Polls never
+     * overlap.
+     */
     void poll(int *found);
-    /** Refreshes the tracked states while the window is shown, as poll() in all else. */
+    /** Refreshes the tracked states while the window is shown; otherwise like poll(). */
     void refresh(int *found);
 
 private:

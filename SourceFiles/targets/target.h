@@ -33,8 +33,8 @@ private:
     QString sShortName;
     QString sLongName;
     QString sBodyType;              ///< the controller's word, or "none"
-    QString sGroup;                 ///< empty when it belongs to none
-    bool bIsCalibrated = false;     ///< a body holds it
-    bool bIsTracked = false;        ///< the cameras see it
-    bool m_isTrackedUnread = false; ///< the last query whether they do failed
+    QString sGroup;                 ///< empty when the target belongs to no group
+    bool bIsCalibrated = false;     ///< true when a body holds the target
+    bool bIsTracked = false;        ///< true when the cameras see the target
+    bool m_isTrackedUnread = false; ///< true when the last query of the tracked state failed
 };

@@ -68,7 +68,8 @@ void TargetAssignment::refreshTracked(Target *target) const
                                    ControllerLink::argument(id).constData());
     if (isClosed())
         return;
-    // It is asked twice a second: only the first of a row of failures has its line.
+    // The query is repeated twice a second, so that only the first of several failures in a row is
+    // logged.
     const bool failsNow = !state && !target->isTrackedUnread();
     target->setTrackedUnread(!state);
     target->setIsTracked(state && state->startsWith(QLatin1String("ye")));

@@ -11,9 +11,10 @@ class Target;
 class Targetlibrary;
 
 /**
- * Every command and query about library targets: assigning and freeing them, their
- * used, custom and tracked states. Without widgets. Failures are logged; the next body or target
- * follows. A host may delete the owner in any of it, so callers work with a copy.
+ * Sends every command and query about library targets: assigns and frees them, and reads their
+ * used, custom and tracked states. It has no widgets. Failures are logged, and the next body or
+ * target follows. A host may delete the owner in any of these functions, so that callers work with
+ * a copy.
  */
 class TargetAssignment {
 public:
@@ -22,27 +23,38 @@ public:
     TargetAssignment &operator=(const TargetAssignment &) = delete;
     ~TargetAssignment();
 
-    /** True once the owner of the link may be gone, and the library with it. */
+    /**
+     * True when the link was closed because its owner, and the library with it, may have been
+     * deleted.
+     */
     bool isClosed() const { return m_link.isClosed(); }
 
-    /** Calibrates a body from the target of that identifier; logs a failure. */
+    /** Calibrates a body from the target with that identifier; logs a failure. */
     bool assign(const QString &targetId, const QString &type, int index) const;
-    /** Frees the target from every body of the type but the one that is about to receive it. */
+    /** Frees the target from every body of the type except the one that will receive it. */
     void freeElsewhere(const QString &targetShortName, const QString &type, int receiver,
                        int bodies) const;
-    /** Short name of the target that a body holds, or "none"; empty, and logged, when unreadable.
+    /**
+     * Short name of the target that a body holds, or "none"; empty, and logged, when it cannot be
+     * read.
      */
     QString targetOfBody(const QString &type, int index) const;
 
-    /** Reads whether a body holds the target; keeps what is known, and logs, on failure. */
+    /**
+     * Reads whether a body holds the target. On failure the known state stays and a line is logged.
+     */
     void refreshUsed(const QString &targetId) const;
     /** The same for each identifier. */
     void refreshUsed(const QStringList &targetIds) const;
-    /** Reads whether the cameras see the target; not seen on failure, the first of a row logged. */
+    /**
+     * Reads whether the cameras see the target. A failure counts as not seen; only the first of
+     * several failures in a row is logged.
+     */
     void refreshTracked(Target *target) const;
     /**
-     * Identifiers of those whose calibration is a custom one; false while a calibration runs. Lines
-     * that `failures` holds from the last reading are not logged again; it gets those of this one.
+     * Identifiers of the targets whose calibration is a custom one; false while a calibration runs.
+     * `failures` holds the log lines of the last reading, which are not logged again, and receives
+     * those of this one.
      */
     bool readCustom(const QStringList &targetIds, QSet<QString> *custom,
                     QStringList *failures = nullptr) const;

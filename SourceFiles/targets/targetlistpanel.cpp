@@ -73,7 +73,7 @@ void TargetListPanel::refreshTracked(const QString &type) const
 
 void TargetListPanel::refreshTrackedRows(QTableWidget *table, int *tracked, int *alreadyUsed) const
 {
-    // The category of the found targets was listed from states that were read just before.
+    // The category of the found targets was listed from states that had just been read.
     const bool statesKnown = category() == TargetTableFiller::foundTargets();
     const TargetAssignment assignment = m_assignment;
     int trackedRows = 0;
@@ -91,7 +91,7 @@ void TargetListPanel::refreshTrackedRows(QTableWidget *table, int *tracked, int 
     }
     *tracked = trackedRows;
     *alreadyUsed = usedRows;
-    // Without a category filter the found targets move to the top as they are found.
+    // Without a category filter, targets move to the top when they are found.
     if (category().isNull())
         m_filler.fill(table, m_filler.inCategory(m_type, QString()), true);
     else
@@ -112,7 +112,7 @@ QString TargetListPanel::category() const
 {
     if (!m_category)
         return {};
-    // The category of the targets without a group has an empty name, which is not "no category".
+    // The category of the targets without a group has an empty name, which differs from a null one.
     const QString name = m_category->currentText();
     return name.isNull() ? QStringLiteral("") : name;
 }

@@ -60,8 +60,8 @@ void TargetSearchPanel::start()
         m_widgets.progressBar->setValue(0);
         m_pollTimer->start(pollIntervalMs);
     } else {
-        // The stop button and the controls stay as they are: another start, a stop or a refresh of
-        // the tab sets them right.
+        // The stop button and the controls do not change here. Another start, a stop or a refresh
+        // of the tab sets them.
         m_widgets.start->setEnabled(true);
         m_trackedTimer->start(trackedIntervalMs);
     }
@@ -128,7 +128,7 @@ void TargetSearchPanel::showCounts(int found, int alreadyUsed)
 
 void TargetSearchPanel::showResult(const QString &text)
 {
-    // A label that is cleared lays out the whole dialog, be it empty already.
+    // Clearing a label lays out the whole dialog, even when the label is already empty.
     if (m_widgets.resultLabel->text() != text)
         m_widgets.resultLabel->setText(text);
 }

@@ -8,75 +8,80 @@
 class QTimer;
 
 /**
- * Shows a search run in the widgets that the tabs have in common and applies the button rules.
- * Owned by the tab; the timers are the tab's children.
+ * Shows a search run in the widgets that all tabs have, and applies the button rules. Owned by the
+ * tab; the timers are the tab's children.
  */
 class TargetSearchPanel {
 public:
-    /** Between two polls of a running search, in ms. */
+    /** Time between two polls of a running search, in ms. */
     static constexpr int pollIntervalMs = 600;
-    /** Between two refreshes of the tracked states while no search runs, in ms. */
+    /** Time between two refreshes of the tracked states while no search runs, in ms. */
     static constexpr int trackedIntervalMs = 603;
 
     /** Neither timer may be null. */
     TargetSearchPanel(const ControllerLink &link, QTimer *pollTimer, QTimer *trackedTimer);
 
-    /** Once, after the tab's form was set up. */
+    /** Called once, after the set-up of the tab's form. */
     void setWidgets(const TabWidgets &widgets);
     const TabWidgets &widgets() const { return m_widgets; }
 
     /** A search runs exactly while its start button is disabled. */
     bool isSearching() const;
-    /** True while this tab polls a search it started. */
+    /** True while this tab polls a search that it started. */
     bool isRunning() const;
     /** Lets the operator stop a search that this tab does not poll. */
     void offerStop();
 
-    /** Asks whether a search can start; logs why not. */
+    /** Queries whether a search can start; logs the reason when it cannot. */
     bool canStart() const { return m_run.canStart(); }
-    /** The start and stop buttons while a search runs. */
+    /** Sets the start and stop buttons for a running search. */
     void showRunning();
-    // A host may delete the tab in these: the owner of the panel looks after itself afterwards.
+    // A host may delete the tab in the following functions; the caller checks that it still exists.
 
-    /** Starts a search, or goes back to refreshing the tracked states when it cannot. */
+    /** Starts a search, or refreshes the tracked states again when the search cannot start. */
     void start();
-    /** One step of a running search: moves the bar, and stops polling after the last step. */
+    /** Polls a running search once: moves the bar, and stops polling after the last step. */
     TargetSearchRun::Step poll();
-    /** Stops the search on the controller and puts the bar back. */
+    /** Stops the search on the controller and sets the bar back to its beginning. */
     void cancel();
-    /** Buttons and controls after a run. */
+    /** Sets buttons and controls after a run. */
     void showIdle();
-    /** From now on the tracked states are refreshed. */
+    /** Begins to refresh the tracked states. */
     void startTracking();
-    /** How many targets of the tab's type the controller sees now; one query each. */
+    /**
+     * Number of targets of the tab's type that the controller sees now; sends one query for each
+     * target.
+     */
     int countTracked(const Targetlibrary &library) const;
     /** Shows the counts while the bar is between its ends. */
     void showCounts(int found, int alreadyUsed);
-    /** Bar, label and stop button as at the beginning; leaves a running search alone. */
+    /** Sets bar, label and stop button to their initial state; leaves a running search alone. */
     void reset();
-    /** No more polls and no more tracked states. */
+    /** Stops the polls and the refreshes of the tracked states. */
     void stopTimers();
 
-    /** The tables and the category box report to `listener` no longer. */
+    /** Disconnects the signals of the tables and the category box from `listener`. */
     void disconnectWidgets(const QObject *listener) const;
 
-    /** Enables what a running search locks, as far as the configuration lets it. */
+    /** Enables the controls that a running search disables, as far as the configuration allows. */
     void setControlsEnabled(bool enabled);
-    /** A locked configuration keeps the editing controls disabled. */
+    /** Keeps the editing controls disabled while `locked` is true. */
     void setConfigLocked(bool locked);
-    /** An editing control that is not usable stays disabled, whatever else would enable it. */
+    /**
+     * Keeps an editing control that is not usable disabled, even when another rule would enable it.
+     */
     void setUsable(QWidget *control, bool usable);
-    /** Enables the page's filter and calibration buttons, as far as no search runs. */
+    /** Enables the page's filter and calibration buttons while no search runs. */
     void applyPageRules(bool filterPossible);
     /** Enables select while a body and a target are current and no search runs. */
     void applySelectRule();
-    /** Enables select by the target table alone. */
+    /** Enables select depending on the target table alone. */
     void applyStartRule();
-    /** Enables deselect by what the current body's row shows, while no search runs. */
+    /** Enables deselect depending on the current body's row, while no search runs. */
     void applyDeselectRule();
 
 private:
-    /** Column whose text shows whether there is something to deselect. */
+    /** The column whose text decides whether a target can be deselected. */
     static constexpr int deselectColumn = 4;
 
     void applyControls();

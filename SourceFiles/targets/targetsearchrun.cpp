@@ -5,7 +5,7 @@
 
 namespace {
 
-/** A fraction as whole percent, truncated from the decimal value: 0.29 is 29. */
+/** A fraction as whole percent, truncated after rounding off binary errors: 0.29 is 29. */
 int wholePercent(double fraction)
 {
     constexpr double stepsPerUnit = 1e14;

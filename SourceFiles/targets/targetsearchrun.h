@@ -11,15 +11,16 @@ class Targetlibrary;
 
 /**
  * The search for library targets in the tracking volume, as the controller runs it: a state machine
- * without widgets or timers. Its owner calls poll() while isRunning(). Messages go to the log.
+ * without widgets or timers. Its owner calls poll() while isRunning() is true. Messages go to the
+ * log.
  */
 class TargetSearchRun {
 public:
     /** What a poll found. */
     enum class Step {
-        Searching, ///< goes on
-        Ended,     ///< the controller ended it unasked
-        Aborted    ///< its state could not be read
+        Searching, ///< the search goes on
+        Ended,     ///< the controller ended the search
+        Aborted    ///< the state of the search could not be read
     };
     struct Poll {
         Step step = Step::Searching;
@@ -30,20 +31,24 @@ public:
 
     bool isRunning() const { return m_running; }
 
-    /** Asks whether a search can start; logs why not. */
+    /** Queries whether a search can start; logs the reason when it cannot. */
     bool canStart() const;
-    /** Starts; logs the targets already in use, or that it failed. */
+    /** Starts a search. Logs the targets that are already in use, or that the start failed. */
     bool start(const QStringList &shortNamesInUse);
-    /** One step of a running search. */
+    /** Polls a running search once. */
     Poll poll();
-    /** The user stops the search. */
+    /** Stops the search on the user's request. */
     void cancel();
 
-    /** How many library targets of the type the controller sees now; one query each. */
+    /**
+     * Number of library targets of the type that the controller sees now; sends one query for each
+     * target.
+     */
     int countTracked(const Targetlibrary &library, const QString &type) const;
 
 private:
     ControllerLink m_link;
     bool m_running = false;
-    bool m_isProgressLost = false; ///< its line is in the log; a poll does not repeat it
+    /// true when the failed progress query has been logged; later polls do not repeat the line
+    bool m_isProgressLost = false;
 };

@@ -11,12 +11,12 @@
 
 namespace {
 
-/** The word of the record behind a "Used" cell, whatever the language shown. */
+/** Role for the untranslated word behind a "Used" cell. */
 constexpr int usedRole = Qt::UserRole;
 const char *const usedWord = QT_TRANSLATE_NOOP("BodyTypeAdministrationTab", "yes");
 const char *const customWord = QT_TRANSLATE_NOOP("BodyTypeAdministrationTab", "custom");
 
-/** The item of a cell, made when it is not there yet. */
+/** The item of a cell; it is made when the cell has none. */
 QTableWidgetItem *itemAt(QTableWidget *table, int row, int column, ColumnSizingPause &pause)
 {
     QTableWidgetItem *item = table->item(row, column);
@@ -134,7 +134,7 @@ void TargetTableFiller::fill(QTableWidget *table, const QVector<const Target *> 
                 return target->isTracked();
             });
     const int first = hasHeading ? 1 : 0;
-    // Only the heading spans columns, and clearing what is not there draws the whole table.
+    // Only the heading spans columns. Clearing spans that do not exist draws the whole table.
     if (!hasHeading && table->columnSpan(0, ShortNameColumn) > 1)
         table->clearSpans();
     if (table->rowCount() != targets.size() + first)

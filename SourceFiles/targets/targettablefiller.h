@@ -11,17 +11,19 @@ class QTableWidget;
 class Target;
 class Targetlibrary;
 
-/** Shows the library targets of a body type in a target table: catalogue in, items out. */
+/** Shows the library targets of a body type in a target table. */
 class TargetTableFiller {
     Q_DECLARE_TR_FUNCTIONS(BodyTypeAdministrationTab)
 
 public:
     enum Column { IdColumn, ShortNameColumn, NameColumn, UsedColumn, ColumnCount };
 
-    /** The category, and the heading row, of the targets that a search found. */
+    /** The name of the category, and of the heading row, for the targets that a search found. */
     static QString foundTargets();
-    /** True when the target in that row was in use, and not by a custom calibration, when it was
-     * last read. */
+    /**
+     * True when the target in that row was in use at its last reading, and not by a custom
+     * calibration.
+     */
     static bool isUsed(const QTableWidget *table, int row);
 
     /**
@@ -40,28 +42,29 @@ public:
     static void setUp(QTableWidget *table);
 
     /**
-     * The targets of a body type in a category, in identifier order: those found by a search for
-     * foundTargets(), else those of the group of that name, the empty name being the targets
-     * without a group. A null category is all targets of the type, the found ones first.
+     * The targets of a body type in a category, in identifier order. For foundTargets() they are
+     * the targets that a search found. For any other name they are the targets of that group; an
+     * empty name means targets without a group. A null category means all targets of the type, with
+     * the found ones first.
      */
     QVector<const Target *> inCategory(const QString &type, const QString &category) const;
 
     /**
-     * Lists `targets`; with `heading`, a heading row is above the found ones. The current
-     * target stays current wherever its row moves.
+     * Lists `targets`; with `heading`, a heading row is above the found ones. The current target
+     * remains current when its row moves.
      */
     void fill(QTableWidget *table, const QVector<const Target *> &targets, bool heading) const;
-    /** Re-writes the "Used" cell and the found mark of the listed targets. */
+    /** Writes the "Used" cell and the found mark of the listed targets again. */
     void refreshMarks(QTableWidget *table) const;
 
-    /** Identifier in that row; empty for a heading or a row that is not there. */
+    /** Identifier in that row; empty for a heading or a row that does not exist. */
     static QString targetId(const QTableWidget *table, int row);
-    /** Short name in that row; empty for a row that is not there. */
+    /** Short name in that row; empty for a row that does not exist. */
     static QString shortName(const QTableWidget *table, int row);
 
 private:
     QVector<const Target *> all(const QString &type) const;
-    /** The word of the "Used" cell, which is translated where it is shown. */
+    /** The word of the "Used" cell; it is translated where it is shown. */
     const char *used(const Target &target) const;
     void fillRow(QTableWidget *table, int row, const Target &target,
                  ColumnSizingPause *pause) const;
