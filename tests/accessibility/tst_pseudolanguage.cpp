@@ -41,22 +41,6 @@ QString pseudo(const QString &text)
                                        + mark);
 }
 
-/** Translates every text of the module into nonsense that can be told from the source. */
-class PseudoTranslator : public QTranslator {
-public:
-    bool isEmpty() const override { return false; }
-    QString translate(const char *context, const char *source, const char *, int) const override
-    {
-        // Qt's own widgets have translations of Qt's.
-        const bool ofQt = !context || context[0] == 'Q';
-        // These are no words of a language: the host's menu, a key, and axes.
-        static const QStringList kept{QStringLiteral("&Tracking"), QStringLiteral("F8"),
-                                      QStringLiteral("Alt+A"), QStringLiteral("Alt+C")};
-        const QString text = QString::fromUtf8(source);
-        return ofQt || text.isEmpty() || kept.contains(text) ? QString() : pseudo(text);
-    }
-};
-
 /** The texts that a widget shows itself; what the controller said is left out. */
 QStringList textsOf(QWidget *widget)
 {
@@ -78,6 +62,22 @@ QStringList textsOf(QWidget *widget)
 }
 
 } // namespace
+
+/** Translates every text of the module into nonsense that can be told from the source. */
+class PseudoTranslator : public QTranslator {
+public:
+    bool isEmpty() const override { return false; }
+    QString translate(const char *context, const char *source, const char *, int) const override
+    {
+        // Qt's own widgets have translations of Qt's.
+        const bool ofQt = !context || context[0] == 'Q';
+        // These are no words of a language: the host's menu, a key, and axes.
+        static const QStringList kept{QStringLiteral("&Tracking"), QStringLiteral("F8"),
+                                      QStringLiteral("Alt+A"), QStringLiteral("Alt+C")};
+        const QString text = QString::fromUtf8(source);
+        return ofQt || text.isEmpty() || kept.contains(text) ? QString() : pseudo(text);
+    }
+};
 
 /** Every dialog and page in a language whose words are longer and accented. */
 class tst_PseudoLanguage : public EveryPlace {

@@ -22,6 +22,20 @@ protected:
     static constexpr const char *joywandPage = "JoywandAdministrationClass";
     static constexpr const char *handsPage = "FingertrackingAdministrationClass";
     static constexpr const char *toolsPage = "MtAdministrationClass";
+    /** The dialog's own buttons for the current body. */
+    static constexpr const char *actionButtons[] = {"pushButton_filter", "pushButton_calibration",
+                                                    "pushButton_hybridCalibration",
+                                                    "pushButton_body_adjustment"};
+
+    /** The title of a box that asks or informs. */
+    static inline const QString boxTitle = QStringLiteral("MORVEK3");
+    /** The title of a box that warns. */
+    static inline const QString warning = QStringLiteral("Warning");
+    /** The category of the targets that a search found, and the heading above them. */
+    static inline const QString foundTargets = QStringLiteral("- Found Targets -");
+    /** The check for custom calibrations, which changes nothing. */
+    static inline const QString customCheck =
+            QStringLiteral("morvek2 targetlib check_custom_calibration");
 
     /** The columns of the table of standard bodies. */
     enum Column {
@@ -177,11 +191,11 @@ protected:
         Drive::settle();
     }
 
-    /** The lines that change the controller; the check for custom calibrations changes nothing. */
+    /** The lines that change the controller: all that were written but customCheck. */
     static QStringList changes(const TestHost &host)
     {
         QStringList lines = host.writes();
-        lines.removeAll(QStringLiteral("morvek2 targetlib check_custom_calibration"));
+        lines.removeAll(customCheck);
         return lines;
     }
 

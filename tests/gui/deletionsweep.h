@@ -41,6 +41,8 @@ Q_DECLARE_METATYPE(Deed)
  */
 class DeletionSweep : public AdministrationFixture {
 protected:
+    static constexpr const char *administration = "BodyAdministrationDlg";
+
     /** A controller with as little as possible, so that many rounds are quick. */
     static ControllerState smallState()
     {

@@ -4,7 +4,6 @@
 
 namespace {
 
-const QString question = QStringLiteral("MORVEK3");
 const QStringList protocols{"1.11", "1.12", "1.20", "1.21", "1.24"};
 
 /** The second number of the version: 21 of "1.21". */
@@ -197,7 +196,7 @@ void tst_ActionTranscripts::assigns()
         press(targets(window), 1, 1);
         host.clear();
         if (!asked.isEmpty())
-            robot().expectBox(QStringLiteral("Warning"), asked, QMessageBox::Ok);
+            robot().expectBox(warning, asked, QMessageBox::Ok);
         Drive::click(page(window), "pushButton_select");
         Drive::settle();
         const QStringList sent = host.lines();
@@ -258,7 +257,7 @@ void tst_ActionTranscripts::deleteOrDeselect(bool byButton)
     open(host, [&](QWidget *window, QTableWidget *bodies) {
         press(bodies, row, IdColumn);
         host.clear();
-        robot().expectBox(question, named(host, row, asked), QMessageBox::Yes);
+        robot().expectBox(boxTitle, named(host, row, asked), QMessageBox::Yes);
         if (byButton) {
             // The button follows the text of the model column.
             auto *deselect = Drive::find<QPushButton>(page(window), "pushButton_deselect");
@@ -364,7 +363,7 @@ void tst_ActionTranscripts::resets()
     open(host, [&](QWidget *, QTableWidget *bodies) {
         press(bodies, row, IdColumn);
         host.clear();
-        robot().expectBox(question, named(host, row, asked), QMessageBox::Yes);
+        robot().expectBox(boxTitle, named(host, row, asked), QMessageBox::Yes);
         press(bodies, row, ResetColumn);
         const QStringList sent = host.lines();
         QCOMPARE(sent, asksForButtons(sensor, row) + lines

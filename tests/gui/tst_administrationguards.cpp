@@ -6,11 +6,9 @@
 
 namespace {
 
-const QString question = QStringLiteral("MORVEK3");
-const QString warning = QStringLiteral("Warning");
 const QString allocation = QStringLiteral("morvek2 body calibrate_from_targetlib ");
 
-QImage imageOf(const QIcon &icon)
+QImage windowIconImage(const QIcon &icon)
 {
     return icon.pixmap(32, 32).toImage();
 }
@@ -101,17 +99,14 @@ void tst_AdministrationGuards::lockArrivesWhileOpen()
     announceModules(host);
     open(&dialog, [&](QWidget *window) {
         press(bodies(window), 3, IdColumn);
-        const char *const buttons[] = {"pushButton_filter", "pushButton_calibration",
-                                       "pushButton_hybridCalibration",
-                                       "pushButton_body_adjustment"};
         for (const bool locked : {false, true, false}) {
             host.edit([=](ControllerState &state) { state.configChangeable = !locked; });
             configurationChanged(host);
-            for (const char *button : buttons)
+            for (const char *button : actionButtons)
                 QVERIFY2(ownButton(window, button)->isEnabled() != locked, button);
             const QIcon expected =
                     locked ? QIcon(QStringLiteral(":/lock.png")) : host.mainWindow.windowIcon();
-            QCOMPARE(imageOf(window->windowIcon()), imageOf(expected));
+            QCOMPARE(windowIconImage(window->windowIcon()), windowIconImage(expected));
         }
     });
 }
@@ -302,7 +297,7 @@ void tst_AdministrationGuards::dialogDeletedWhileReferenceFailureIsShown()
         goTo(window, toolsPage);
         host.fault(QStringLiteral("set body number_of_marker* refuse"));
         host.clear();
-        robot().expectBox(question,
+        robot().expectBox(boxTitle,
                           QStringLiteral("Delete Measurement Tool reference body 01?\n"
                                          "If yes, the assignment to the Measurement Tool will be "
                                          "deleted.\nContinue?"),

@@ -3,13 +3,12 @@
 
 #include <QHeaderView>
 #include <QHelpEvent>
+#include <QScrollBar>
 #include <QToolTip>
 
 #include <cmath>
 
 namespace {
-
-enum Column { IdColumn, NameColumn, DeleteColumn };
 
 double luminance(const QColor &color)
 {
@@ -61,6 +60,8 @@ private slots:
     void iconsKeepTheirColoursOnASelectedRow();
 
 private:
+    enum Column { IdColumn, NameColumn, DeleteColumn };
+
     /** Two rows: ID, a stretched name, an icon. */
     static std::unique_ptr<AdministrationTable> filled(const QString &name);
 };

@@ -4,8 +4,6 @@
 
 namespace {
 
-const QString customCheck = QStringLiteral("morvek2 targetlib check_custom_calibration");
-const QString warning = QStringLiteral("Warning");
 const QString bends =
         QStringLiteral("%1 can bend\ntherefore a re-calibration is strongly recommended!\n\n"
                        "(To avoid any changes of the geometry,\n"
@@ -412,7 +410,7 @@ void tst_Assignment::deselects()
         pick(window, QString(), 1);
         QCOMPARE(Drive::cell(targets(window), 1, 3), QStringLiteral("yes"));
         host.clear();
-        robot().expectBox(QStringLiteral("MORVEK3"),
+        robot().expectBox(boxTitle,
                           "Delete assignment of sensor vendorone mini 'B12' and \n"
                           "delete geometry of Standard body 05?\nPointer",
                           QMessageBox::Yes);
@@ -437,7 +435,7 @@ void tst_Assignment::declinedDeselect()
     open(host, [&](QWidget *window, QTableWidget *bodies) {
         press(bodies, 4, IdColumn);
         host.clear();
-        robot().expectBox(QStringLiteral("MORVEK3"),
+        robot().expectBox(boxTitle,
                           "Delete assignment of sensor vendorone mini 'B12' and \n"
                           "delete geometry of Standard body 05?\nPointer",
                           QMessageBox::No);
@@ -469,7 +467,7 @@ void tst_Assignment::failedDeselect()
         press(bodies, 4, IdColumn);
         host.clear();
         host.fault(QStringLiteral("set body number_of_marker* refuse"));
-        robot().expectBox(QStringLiteral("MORVEK3"),
+        robot().expectBox(boxTitle,
                           "Delete assignment of sensor vendorone mini 'B12' and \n"
                           "delete geometry of Standard body 05?\nPointer",
                           QMessageBox::Yes);
@@ -490,7 +488,7 @@ void tst_Assignment::dialogDeletedInDeselect()
     TestHost host;
     openDeletable(host, [&](QWidget *window, QTableWidget *bodies) {
         press(bodies, 4, IdColumn);
-        robot().expectBox(QStringLiteral("MORVEK3"),
+        robot().expectBox(boxTitle,
                           "Delete assignment of sensor vendorone mini 'B12' and \n"
                           "delete geometry of Standard body 05?\nPointer",
                           QMessageBox::Yes, deletion());

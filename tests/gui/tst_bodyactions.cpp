@@ -3,8 +3,6 @@
 
 namespace {
 
-const QString question = QStringLiteral("MORVEK3");
-const QString failure = QStringLiteral("Warning");
 const QString handEyeA7 = QStringLiteral("inertial sensor_handeye vendorone mini 'A7' none");
 const QString defaultC3 = QStringLiteral("morvek2 set inertial sensor_default vendortwo core 'C3'");
 
@@ -79,7 +77,7 @@ void tst_BodyActions::resets()
         state.inertialWarmup = warmup;
     }));
     open(host, [&](QWidget *, QTableWidget *bodies) {
-        robot().expectBox(question, asked, QMessageBox::Yes);
+        robot().expectBox(boxTitle, asked, QMessageBox::Yes);
         press(bodies, row, ResetColumn);
         QCOMPARE(host.writes(), writes);
         const QString reRead = QStringLiteral("body calibrated standard b%1")
@@ -96,13 +94,13 @@ void tst_BodyActions::declinedResetReadsNothing()
     open(host, [&](QWidget *, QTableWidget *bodies) {
         bodies->setCurrentCell(1, IdColumn);
         host.clear();
-        robot().expectBox(question,
+        robot().expectBox(boxTitle,
                           "Reset Standard body 02\nto Target-Library geometry?\nGlasses round",
                           QMessageBox::No);
         press(bodies, 1, ResetColumn);
         QCOMPARE(host.lines(), QStringList());
         robot().expectBox(
-                question,
+                boxTitle,
                 "Reset Standard body 04?\nHand eye calibration will be deleted!\nCamera rig",
                 QMessageBox::No);
         press(bodies, 3, ResetColumn);
@@ -178,10 +176,10 @@ void tst_BodyActions::resetFailure()
         host.edit([&](ControllerState &state) { state.inertialWarmup = warmup; });
         for (const QString &fault : faults)
             host.fault(fault);
-        robot().expectBox(question, asked, QMessageBox::Yes);
+        robot().expectBox(boxTitle, asked, QMessageBox::Yes);
         if (shown) {
             robot().expectBox(
-                    failure,
+                    warning,
                     named(host, row,
                           QStringLiteral("Reset of Standard body 0%1 failed!").arg(row + 1)),
                     QMessageBox::Ok);
@@ -226,7 +224,7 @@ void tst_BodyActions::sensorQueriesOfReset()
     TestHost host;
     open(host, [&](QWidget *, QTableWidget *bodies) {
         host.fault(fault);
-        robot().expectBox(question, asked, QMessageBox::Yes);
+        robot().expectBox(boxTitle, asked, QMessageBox::Yes);
         press(bodies, write.isEmpty() ? 3 : 6, ResetColumn);
         QCOMPARE(host.log().value(0), log);
         QCOMPARE(host.writes(), write.isEmpty() ? QStringList() : QStringList{write});
@@ -258,11 +256,11 @@ void tst_BodyActions::dialogDeletedInReset()
     host.fault(QStringLiteral("command morvek2 set* refuse"));
     openDeletable(host, [&](QWidget *, QTableWidget *bodies) {
         if (!inFailure) {
-            robot().expectBox(question, asked, QMessageBox::Yes, deletion());
+            robot().expectBox(boxTitle, asked, QMessageBox::Yes, deletion());
         } else {
-            robot().expectBox(question, asked, QMessageBox::Yes);
+            robot().expectBox(boxTitle, asked, QMessageBox::Yes);
             robot().expectBox(
-                    failure,
+                    warning,
                     named(host, row,
                           QStringLiteral("Reset of Standard body 0%1 failed!").arg(row + 1)),
                     QMessageBox::Ok, deletion());
@@ -276,7 +274,7 @@ void tst_BodyActions::bodyDroppedInResetQuestion()
 {
     TestHost host;
     open(host, [&](QWidget *, QTableWidget *bodies) {
-        robot().expectBox(question, "Reset Standard body 07\nto sensor stored values?\nHelmet",
+        robot().expectBox(boxTitle, "Reset Standard body 07\nto sensor stored values?\nHelmet",
                           QMessageBox::Yes, [&] {
                               host.edit([](ControllerState &state) {
                                   state.bodyTypes["standard"].bodies.resize(3);
@@ -300,7 +298,7 @@ void tst_BodyActions::unknownReset()
         auto *tab = qobject_cast<BodyTypeAdministrationTab *>(page(window));
         QVERIFY(tab);
         host.clear();
-        robot().expectBox(failure, "Unknown reset of Standard body 01!\nCap", QMessageBox::Ok);
+        robot().expectBox(warning, "Unknown reset of Standard body 01!\nCap", QMessageBox::Ok);
         QVERIFY(!tab->resetBody(QStringLiteral("standard"), 0));
         QCOMPARE(host.lines(), QStringList());
     });
@@ -357,7 +355,7 @@ void tst_BodyActions::failedMove()
     open(host, [&](QWidget *window, QTableWidget *bodies) {
         press(bodies, 2, IdColumn);
         host.clear();
-        robot().expectBox(failure,
+        robot().expectBox(warning,
                           "Switching Standard body 03 and 02 failed!\nRoom frame\nGlasses round",
                           QMessageBox::Ok);
         Drive::click(window, "pushButton_up");
@@ -387,7 +385,7 @@ void tst_BodyActions::dialogDeletedInMove()
     host.fault(QStringLiteral("command morvek2 body switch* refuse"));
     openDeletable(host, [&](QWidget *window, QTableWidget *bodies) {
         press(bodies, 2, IdColumn);
-        robot().expectBox(failure,
+        robot().expectBox(warning,
                           "Switching Standard body 03 and 02 failed!\nRoom frame\nGlasses round",
                           QMessageBox::Ok, deletion());
         Drive::click(window, "pushButton_up");

@@ -7,10 +7,6 @@ const QString joywandTitle = QStringLiteral("&Joywand");
 const QString handsTitle = QStringLiteral("F&ingertracking");
 const QString toolsTitle = QStringLiteral("&Measurement Tool");
 
-constexpr const char *actionButtons[] = {"pushButton_filter", "pushButton_calibration",
-                                         "pushButton_hybridCalibration",
-                                         "pushButton_body_adjustment"};
-
 } // namespace
 
 /** The body administration dialog as an operator works with it. */

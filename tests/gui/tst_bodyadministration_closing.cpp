@@ -3,14 +3,6 @@
 #include <QLineEdit>
 #include <QPointer>
 
-namespace {
-
-constexpr const char *actionButtons[] = {"pushButton_filter", "pushButton_calibration",
-                                         "pushButton_hybridCalibration",
-                                         "pushButton_body_adjustment"};
-
-} // namespace
-
 /** When the body administration may be used and closed, and what goes with it. */
 class tst_BodyAdministrationClosing : public AdministrationFixture {
     Q_OBJECT
@@ -191,8 +183,8 @@ void tst_BodyAdministrationClosing::refusesToCloseDuringSearch()
         QCOMPARE(host.lines(), QStringList{QStringLiteral("status active")});
         QCOMPARE(host.log(), QStringList{QStringLiteral(
                                      "Unable to close dialog during calibration is running")});
-        robot().expectBox(QStringLiteral("MORVEK3"),
-                          QStringLiteral("No targets could be identified in library"), Box::Ok);
+        robot().expectBox(boxTitle, QStringLiteral("No targets could be identified in library"),
+                          Box::Ok);
         Drive::click(standard, "pushButton_stop");
         Drive::click(window, "pushButton_exit");
         QVERIFY(!window->isVisible());
@@ -224,8 +216,8 @@ void tst_BodyAdministrationClosing::closingStopsTimers()
             forms.append(page(window, form));
             Drive::holdTimers(forms.last());
             Drive::click(forms.last(), "pushButton_start");
-            robot().expectBox(QStringLiteral("MORVEK3"),
-                              QStringLiteral("No targets could be identified in library"), Box::Ok);
+            robot().expectBox(boxTitle, QStringLiteral("No targets could be identified in library"),
+                              Box::Ok);
             Drive::click(forms.last(), "pushButton_stop");
             QVERIFY(Drive::tick(forms.last(), "timerCheckForTracked_tl"));
         }

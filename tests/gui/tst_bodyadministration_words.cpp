@@ -10,8 +10,6 @@
 
 namespace {
 
-const QString question = QStringLiteral("MORVEK3");
-
 /** What the operator does to the bodies of a window. */
 using Act = std::function<void(QWidget *, QTableWidget *)>;
 
@@ -65,7 +63,7 @@ void tst_BodyAdministrationWords::questionsSayWhichBody()
     QFETCH(QString, name);
     TestHost host;
     open(host, [&](QWidget *, QTableWidget *bodies) {
-        robot().expectBox(question, text + QLatin1Char('\n') + name, QMessageBox::No, [&] {
+        robot().expectBox(boxTitle, text + QLatin1Char('\n') + name, QMessageBox::No, [&] {
             const auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
             QCOMPARE(box->text(), text);
             QCOMPARE(box->informativeText(), name);
@@ -115,14 +113,12 @@ void tst_BodyAdministrationWords::warningsSayWhichBody()
     host.fault(fault);
     open(host, [&](QWidget *window, QTableWidget *bodies) {
         if (!asked.isEmpty())
-            robot().expectBox(question, asked, QMessageBox::Yes);
-        robot().expectBox(
-                QStringLiteral("Warning"), text + QLatin1Char('\n') + names, QMessageBox::Ok, [&] {
-                    const auto *box =
-                            qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
-                    QCOMPARE(box->text(), text);
-                    QCOMPARE(box->informativeText(), names);
-                });
+            robot().expectBox(boxTitle, asked, QMessageBox::Yes);
+        robot().expectBox(warning, text + QLatin1Char('\n') + names, QMessageBox::Ok, [&] {
+            const auto *box = qobject_cast<QMessageBox *>(QApplication::activeModalWidget());
+            QCOMPARE(box->text(), text);
+            QCOMPARE(box->informativeText(), names);
+        });
         act(window, bodies);
         Drive::settle();
     });
@@ -144,7 +140,7 @@ void tst_BodyAdministrationWords::continueQuestionsSayWhichBody()
         state.bodyTypes["standard"].bodies[2].description = name;
     }));
     open(host, [&](QWidget *, QTableWidget *bodies) {
-        robot().expectBox(question,
+        robot().expectBox(boxTitle,
                           QStringLiteral("After deactivating the reference target,\n"
                                          "all targets will not be tracked.\nContinue?"),
                           QMessageBox::No, [&] {
@@ -175,7 +171,7 @@ void tst_BodyAdministrationWords::questionsShowNamesLetterByLetter()
     open(host, [&](QWidget *, QTableWidget *bodies) {
         QCOMPARE(Drive::cell(bodies, 5, NameColumn), name);
         robot().expectBox(
-                question, "Delete geometry of Standard body 06?\n" + name, QMessageBox::No, [] {
+                boxTitle, "Delete geometry of Standard body 06?\n" + name, QMessageBox::No, [] {
                     const auto *box = QApplication::activeModalWidget();
                     for (const char *label : {"qt_msgbox_label", "qt_msgbox_informativelabel"}) {
                         QCOMPARE(box->findChild<QLabel *>(label)->textFormat(), Qt::PlainText);
@@ -192,9 +188,9 @@ void tst_BodyAdministrationWords::warningsShowNamesLetterByLetter()
     }));
     host.fault(QStringLiteral("set body number_of_marker* refuse"));
     open(host, [&](QWidget *, QTableWidget *bodies) {
-        robot().expectBox(question, "Delete geometry of <i>Standard</i> 06?\nCrate",
+        robot().expectBox(boxTitle, "Delete geometry of <i>Standard</i> 06?\nCrate",
                           QMessageBox::Yes);
-        robot().expectBox(QStringLiteral("Warning"),
+        robot().expectBox(warning,
                           "Unable to reset markers of <i>Standard</i> 06\n"
                           "Delete <i>Standard</i> 06 failed\nCrate",
                           QMessageBox::Ok, [] {
@@ -256,14 +252,14 @@ void tst_BodyAdministrationWords::pageFilterFollowsTheEndOfASearch()
         press(bodies, 7, IdColumn);
         Drive::click(page(window), "pushButton_start");
         QVERIFY(!filter->isEnabled());
-        robot().expectBox(question, "No targets could be identified in library", QMessageBox::Ok);
+        robot().expectBox(boxTitle, "No targets could be identified in library", QMessageBox::Ok);
         Drive::click(page(window), "pushButton_stop");
         QVERIFY(!filter->isEnabled());
         press(bodies, 0, IdColumn);
         Drive::click(page(window), "pushButton_start");
         press(bodies, 1, IdColumn);
         QVERIFY(!filter->isEnabled());
-        robot().expectBox(question, "No targets could be identified in library", QMessageBox::Ok);
+        robot().expectBox(boxTitle, "No targets could be identified in library", QMessageBox::Ok);
         Drive::click(page(window), "pushButton_stop");
         QVERIFY(filter->isEnabled());
     });
@@ -312,7 +308,7 @@ void tst_BodyAdministrationWords::usedTargetsAreCountedByRecord()
         host.clear();
         Drive::click(joywands, "pushButton_start");
         QCOMPARE(host.log(), expected);
-        robot().expectBox(question, "No targets could be identified in library", QMessageBox::Ok);
+        robot().expectBox(boxTitle, "No targets could be identified in library", QMessageBox::Ok);
         Drive::click(joywands, "pushButton_stop");
     });
     QCoreApplication::removeTranslator(&translator);

@@ -3,14 +3,6 @@
 
 #include <QComboBox>
 
-namespace {
-
-const QString customCheck = QStringLiteral("morvek2 targetlib check_custom_calibration");
-const QString question = QStringLiteral("MORVEK3");
-const QString failure = QStringLiteral("Warning");
-
-} // namespace
-
 /** Deleting bodies: every question, command and failure. */
 class tst_BodyDeletion : public AdministrationFixture {
     Q_OBJECT
@@ -75,7 +67,7 @@ void tst_BodyDeletion::deletes()
     QFETCH(QStringList, writes);
     TestHost host(studio(protocol));
     open(host, [&](QWidget *, QTableWidget *bodies) {
-        robot().expectBox(question, named(host, row, asked), QMessageBox::Yes);
+        robot().expectBox(boxTitle, named(host, row, asked), QMessageBox::Yes);
         press(bodies, row, DeleteColumn);
         QCOMPARE(host.writes(), writes + QStringList{customCheck});
         QCOMPARE(host.queries().contains(
@@ -147,9 +139,9 @@ void tst_BodyDeletion::deleteFailure()
             asked += QStringLiteral("\nIf yes, the assignment as reference to other bodies will "
                                     "be deleted.");
         }
-        robot().expectBox(question, named(host, row, asked), QMessageBox::Yes);
+        robot().expectBox(boxTitle, named(host, row, asked), QMessageBox::Yes);
         if (!detail.isEmpty()) {
-            robot().expectBox(failure,
+            robot().expectBox(warning,
                               named(host, row,
                                     QStringLiteral("Unable to reset %1 of %2\nDelete %2 failed")
                                             .arg(detail, label)),
@@ -183,8 +175,7 @@ void tst_BodyDeletion::keysPressDeleteCell()
         bodies->setFocus();
         bodies->setCurrentCell(5, DeleteColumn);
         host.clear();
-        robot().expectBox(QStringLiteral("MORVEK3"),
-                          QStringLiteral("Delete geometry of Standard body 06?\nCrate"),
+        robot().expectBox(boxTitle, QStringLiteral("Delete geometry of Standard body 06?\nCrate"),
                           QMessageBox::Yes);
         QTest::keyClick(bodies, Qt::Key(key));
         Drive::settle();
@@ -206,7 +197,7 @@ void tst_BodyDeletion::deletedTargetIsFree()
         Drive::choose(Drive::find<QComboBox>(page(window), "comboBox_filter"), "Cross Target");
         QTableWidget *table = targets(window);
         QCOMPARE(Drive::row(table, 2), (QStringList{"t03", "CR03", "Cross large", "yes"}));
-        robot().expectBox(question,
+        robot().expectBox(boxTitle,
                           "Delete geometry of Standard body 03?\nIf yes, the assignment as "
                           "reference to other bodies will be deleted.\nRoom frame",
                           QMessageBox::Yes);
@@ -226,7 +217,7 @@ void tst_BodyDeletion::deletingUncalibratedBody()
         auto *tab = qobject_cast<BodyTypeAdministrationTab *>(page(window));
         QVERIFY(tab);
         host.clear();
-        robot().expectBox(question, "Delete geometry of Standard body 08?", QMessageBox::Yes);
+        robot().expectBox(boxTitle, "Delete geometry of Standard body 08?", QMessageBox::Yes);
         QVERIFY(tab->deleteBody(QStringLiteral("standard"), 7));
         QCOMPARE(host.writes(), (QStringList{"body filter6d_preset standard b08 preset6d_default",
                                              "body desc standard b08 \"\""}));
@@ -238,7 +229,7 @@ void tst_BodyDeletion::declinedDeleteWritesNothing()
 {
     TestHost host;
     open(host, [&](QWidget *, QTableWidget *bodies) {
-        robot().expectBox(question,
+        robot().expectBox(boxTitle,
                           "Delete geometry of Standard body 03?\nIf yes, the assignment as "
                           "reference to other bodies will be deleted.\nRoom frame",
                           QMessageBox::No);
@@ -252,7 +243,7 @@ void tst_BodyDeletion::bodyDroppedInDeleteQuestion()
 {
     TestHost host;
     open(host, [&](QWidget *, QTableWidget *bodies) {
-        robot().expectBox(question, "Delete geometry of Standard body 06?\nCrate", QMessageBox::Yes,
+        robot().expectBox(boxTitle, "Delete geometry of Standard body 06?\nCrate", QMessageBox::Yes,
                           [&] {
                               host.edit([](ControllerState &state) {
                                   state.bodyTypes["standard"].bodies.resize(3);
@@ -283,10 +274,10 @@ void tst_BodyDeletion::dialogDeletedInDelete()
     openDeletable(host, [&](QWidget *, QTableWidget *bodies) {
         const QString asked = QStringLiteral("Delete geometry of Standard body 01?\nCap");
         if (!inFailure) {
-            robot().expectBox(question, asked, QMessageBox::Yes, deletion());
+            robot().expectBox(boxTitle, asked, QMessageBox::Yes, deletion());
         } else {
-            robot().expectBox(question, asked, QMessageBox::Yes);
-            robot().expectBox(failure,
+            robot().expectBox(boxTitle, asked, QMessageBox::Yes);
+            robot().expectBox(warning,
                               "Unable to reset filter6d of Standard body 01\n"
                               "Delete Standard body 01 failed\nCap",
                               QMessageBox::Ok, deletion());

@@ -272,7 +272,7 @@ void tst_BodyEditing::quickStepsAskOnce()
     open(host, [&](QWidget *window, QTableWidget *bodies) {
         auto *count = Drive::find<QSpinBox>(window, "spinBox_standard_bodies");
         count->setFocus();
-        robot().expectBox(QStringLiteral("MORVEK3"),
+        robot().expectBox(boxTitle,
                           QStringLiteral("Decreasing the number of standard bodies will disable "
                                          "the reference!\n\nContinue?"),
                           QMessageBox::Yes);
@@ -363,15 +363,13 @@ void tst_BodyEditing::droppingLastReferenceAsks()
     }));
     open(host, [&](QWidget *window, QTableWidget *bodies) {
         auto *count = Drive::find<QSpinBox>(window, "spinBox_standard_bodies");
-        robot().expectBox(QStringLiteral("MORVEK3"), named(host, 3, countQuestion),
-                          QMessageBox::No);
+        robot().expectBox(boxTitle, named(host, 3, countQuestion), QMessageBox::No);
         Drive::typeNumber(count, QStringLiteral("2"));
         Drive::settle();
         QCOMPARE(host.writes(), QStringList());
         QCOMPARE(count->value(), 4);
         QCOMPARE(bodies->rowCount(), 4);
-        robot().expectBox(QStringLiteral("MORVEK3"), named(host, 3, countQuestion),
-                          QMessageBox::Yes);
+        robot().expectBox(boxTitle, named(host, 3, countQuestion), QMessageBox::Yes);
         Drive::typeNumber(count, QStringLiteral("2"));
         Drive::settle();
         QCOMPARE(host.writes(), QStringList{"standard number_of_bodies 2"});
@@ -434,7 +432,7 @@ void tst_BodyEditing::dialogDeletedInCountQuestion()
         state.trackingReference = QStringLiteral("standard b08");
     }));
     openDeletable(host, [&](QWidget *window, QTableWidget *) {
-        robot().expectBox(QStringLiteral("MORVEK3"), countQuestion, QMessageBox::Yes, deletion());
+        robot().expectBox(boxTitle, countQuestion, QMessageBox::Yes, deletion());
         Drive::typeNumber(Drive::find<QSpinBox>(window, "spinBox_standard_bodies"),
                           QStringLiteral("2"));
         Drive::settle();
@@ -508,8 +506,7 @@ void tst_BodyEditing::inactiveBodyCannotBeReference()
     TestHost host(studio(
             [](ControllerState &state) { state.bodyTypes["standard"].bodies[0].active = false; }));
     open(host, [&](QWidget *, QTableWidget *bodies) {
-        robot().expectBox(QStringLiteral("Warning"), named(host, 0, inactiveWarning),
-                          QMessageBox::Ok);
+        robot().expectBox(warning, named(host, 0, inactiveWarning), QMessageBox::Ok);
         toggle(bodies, 0, ReferenceColumn);
         QCOMPARE(host.writes(), QStringList());
         QCOMPARE(bodies->item(0, ReferenceColumn)->checkState(), Qt::Unchecked);
@@ -521,8 +518,7 @@ void tst_BodyEditing::inactiveBodyBoxSurvivesDeletion()
     TestHost host(studio(
             [](ControllerState &state) { state.bodyTypes["standard"].bodies[0].active = false; }));
     openDeletable(host, [&](QWidget *, QTableWidget *bodies) {
-        robot().expectBox(QStringLiteral("Warning"), named(host, 0, inactiveWarning),
-                          QMessageBox::Ok, deletion());
+        robot().expectBox(warning, named(host, 0, inactiveWarning), QMessageBox::Ok, deletion());
         toggle(bodies, 0, ReferenceColumn);
     });
     QCOMPARE(host.writes(), QStringList());

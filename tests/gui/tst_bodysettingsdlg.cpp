@@ -1,23 +1,16 @@
 #include "BackendVersions.h"
 #include "bodysettingsdlg.h"
 #include "dialogtest.h"
+#include "settingstable.h"
 
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QTableWidget>
 
 #include <functional>
 #include <memory>
 
 namespace {
-
-enum Column { Id, Name, State };
-
-QTableWidget *tableOf(QWidget *dialog)
-{
-    return Drive::find<QTableWidget>(dialog, "tableWidget");
-}
 
 QString nameOf(const TestHost &host, int body)
 {
@@ -60,6 +53,8 @@ private slots:
     void openedAThousandTimes();
 
 private:
+    enum Column { Id, Name, State };
+
     const QString moduleVersion = QStringLiteral("v3.0.6");
 
     int open(BodySettingsDlg *dialog, const std::function<void(QWidget *)> &drive)

@@ -1,6 +1,7 @@
 #include "bodies/bodyregistry.h"
 #include "bodies/bodytablefiller.h"
 #include "bodies/bodytableinput.h"
+#include "bodytypes.h"
 #include "dialogtest.h"
 
 #include <QIcon>
@@ -9,8 +10,6 @@
 #include <QTableWidget>
 
 namespace {
-
-const QString standard = QStringLiteral("standard");
 
 /** A table of three calibrated bodies and a box with their number, listened to as by a tab. */
 class Bench {

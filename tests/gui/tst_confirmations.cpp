@@ -9,8 +9,6 @@ namespace {
 
 const QString changedLine =
         QStringLiteral("Error: The bodies have changed meanwhile. Nothing was sent.");
-const QString morvek = QStringLiteral("MORVEK3");
-const QString warning = QStringLiteral("Warning");
 constexpr int deleteColumn = 8;
 constexpr int resetColumn = 9;
 
@@ -25,19 +23,18 @@ struct Question {
 
 using Change = std::function<void(ControllerState &)>;
 
-QTableWidget *tableOf(QWidget *page, const char *name)
-{
-    return Drive::find<QTableWidget>(page, name);
-}
-
 std::function<void(QWidget *)> clicking(const char *name, int row, int column)
 {
-    return [=](QWidget *page) { Drive::clickCell(tableOf(page, name), row, column); };
+    return [=](QWidget *page) {
+        Drive::clickCell(Drive::find<QTableWidget>(page, name), row, column);
+    };
 }
 
 std::function<void(QWidget *)> toggling(const char *name, int row, int column)
 {
-    return [=](QWidget *page) { Drive::toggleCell(tableOf(page, name), row, column); };
+    return [=](QWidget *page) {
+        Drive::toggleCell(Drive::find<QTableWidget>(page, name), row, column);
+    };
 }
 
 /** Presses select for a body and a target of the page. */
@@ -45,9 +42,9 @@ std::function<void(QWidget *)> assigning(const char *name, int row, const QStrin
                                          int target)
 {
     return [=](QWidget *page) {
-        Drive::clickCell(tableOf(page, name), row, 0);
+        Drive::clickCell(Drive::find<QTableWidget>(page, name), row, 0);
         Drive::choose(Drive::find<QComboBox>(page, "comboBox_filter"), category);
-        Drive::clickCell(tableOf(page, "tableWidget_targetlibrary"), target, 1);
+        Drive::clickCell(Drive::find<QTableWidget>(page, "tableWidget_targetlibrary"), target, 1);
         Drive::click(page, "pushButton_select");
         Drive::settle();
     };
@@ -97,25 +94,25 @@ void tst_Confirmations::addQuestions()
     QTest::addColumn<Question>("question");
     const auto standard = "tableWidget_standard";
     const auto references = "tableWidget_ref";
-    QTest::newRow("delete") << Question{standardPage, clicking(standard, 1, deleteColumn), morvek,
+    QTest::newRow("delete") << Question{standardPage, clicking(standard, 1, deleteColumn), boxTitle,
                                         "Delete geometry of Standard body 02?\nGlasses round"};
     QTest::newRow("deselect") << Question{standardPage,
                                           [](QWidget *page) {
                                               QTableWidget *bodies =
-                                                      tableOf(page, "tableWidget_standard");
+                                                      table(page, "tableWidget_standard");
                                               Drive::clickCell(bodies, 3, 0);
                                               Drive::click(page, "pushButton_deselect");
                                               Drive::settle();
                                           },
-                                          morvek,
+                                          boxTitle,
                                           "Delete assignment of sensor vendorone mini 'A7' and \n"
                                           "delete geometry of Standard body 04?\nCamera rig"};
     QTest::newRow("deactivate the reference")
-            << Question{standardPage, toggling(standard, 2, 1), morvek,
+            << Question{standardPage, toggling(standard, 2, 1), boxTitle,
                         "After deactivating the reference target,\n"
                         "all targets will not be tracked.\nContinue?"};
     QTest::newRow("reset to library")
-            << Question{standardPage, clicking(standard, 1, resetColumn), morvek,
+            << Question{standardPage, clicking(standard, 1, resetColumn), boxTitle,
                         "Reset Standard body 02\nto Target-Library geometry?\nGlasses round"};
     QTest::newRow("drop the reference") << Question{
             standardPage,
@@ -123,7 +120,7 @@ void tst_Confirmations::addQuestions()
                 Drive::typeNumber(Drive::find<QSpinBox>(page, "spinBox_standard_bodies"),
                                   QStringLiteral("2"));
             },
-            morvek,
+            boxTitle,
             "Decreasing the number of standard bodies will disable the "
             "reference!\n\nContinue?\nRoom frame"};
     QTest::newRow("overwrite") << Question{
@@ -135,11 +132,11 @@ void tst_Confirmations::addQuestions()
             "Delete the Measurement Tool Reference MR3?",
             Box::Ok};
     QTest::newRow("delete a tool reference")
-            << Question{toolsPage, clicking(references, 0, 4), morvek,
+            << Question{toolsPage, clicking(references, 0, 4), boxTitle,
                         "Delete Measurement Tool reference body 01?\nIf yes, the assignment to the "
                         "Measurement Tool will be deleted.\nContinue?"};
     QTest::newRow("deactivate a tool reference")
-            << Question{toolsPage, toggling(references, 0, 1), morvek,
+            << Question{toolsPage, toggling(references, 0, 1), boxTitle,
                         "After deactivating the reference,\nthe corresponding Measurement Tool "
                         "will not be tracked.\nContinue?"};
 }
@@ -200,8 +197,8 @@ void tst_Confirmations::anotherClientsChangeVoidsTheAnswer_data()
         return Change(
                 [=](ControllerState &state) { change(state.bodyTypes["standard"].bodies[index]); });
     };
-    const Question deletion{standardPage, clicking("tableWidget_standard", 1, deleteColumn), morvek,
-                            "Delete geometry of Standard body 02?\nGlasses round"};
+    const Question deletion{standardPage, clicking("tableWidget_standard", 1, deleteColumn),
+                            boxTitle, "Delete geometry of Standard body 02?\nGlasses round"};
     QTest::newRow("name") << deletion
                           << body(1, [](BodyState &b) { b.description = QStringLiteral("Mine"); });
     QTest::newRow("target") << deletion << body(1, [](BodyState &b) { b.target.clear(); });
@@ -214,15 +211,15 @@ void tst_Confirmations::anotherClientsChangeVoidsTheAnswer_data()
     QTest::newRow("number") << deletion << Change([](ControllerState &state) {
         state.bodyTypes["standard"].bodies.resize(5);
     });
-    const Question reset{standardPage, clicking("tableWidget_standard", 3, resetColumn), morvek,
+    const Question reset{standardPage, clicking("tableWidget_standard", 3, resetColumn), boxTitle,
                          "Reset Standard body 04?\nHand eye calibration will be deleted!\n"
                          "Camera rig"};
     QTest::newRow("sensor of a reset") << reset << body(3, [](BodyState &b) { b.sensor.clear(); });
     const auto references = "tableWidget_ref";
-    const Question toolDeletion{toolsPage, clicking(references, 0, 4), morvek,
+    const Question toolDeletion{toolsPage, clicking(references, 0, 4), boxTitle,
                                 "Delete Measurement Tool reference body 01?\nIf yes, the "
                                 "assignment to the Measurement Tool will be deleted.\nContinue?"};
-    const Question toolActivity{toolsPage, toggling(references, 0, 1), morvek,
+    const Question toolActivity{toolsPage, toggling(references, 0, 1), boxTitle,
                                 "After deactivating the reference,\nthe corresponding Measurement "
                                 "Tool will not be tracked.\nContinue?"};
     const auto tool = [](int index, const char *reference) {
@@ -360,7 +357,7 @@ void tst_Confirmations::clicksBehindASlowQueryOpenOneWindow()
         };
         const Interruption second(host.io, Interruption::atFirst(query), press);
         if (button == "deselect")
-            robot().expectBox(morvek,
+            robot().expectBox(boxTitle,
                               QStringLiteral("Delete assignment of sensor vendorone mini 'A7' and "
                                              "\ndelete geometry of Standard body 04?\nCamera rig"),
                               Box::No);

@@ -2,12 +2,6 @@
 
 #include <QComboBox>
 
-namespace {
-
-constexpr const char *administration = "BodyAdministrationDlg";
-
-} // namespace
-
 /** A host that deletes its window inside any operation of the body administration. */
 class tst_Deletion : public DeletionSweep {
     Q_OBJECT

@@ -2,13 +2,6 @@
 
 #include <QComboBox>
 
-namespace {
-
-constexpr const char *administration = "BodyAdministrationDlg";
-const QString question = QStringLiteral("MORVEK3");
-
-} // namespace
-
 /** A host that deletes its window inside any operation on bodies and targets. */
 class tst_DeletionTables : public DeletionSweep {
     Q_OBJECT
@@ -43,7 +36,7 @@ void tst_DeletionTables::inTheTables_data()
                                   }};
     Deed deletion{administration, cell(standard, 0, DeleteColumn)};
     deletion.boxes = {
-            {question, QStringLiteral("Delete assignment of sensor vendorone mini 'A7' and \n"
+            {boxTitle, QStringLiteral("Delete assignment of sensor vendorone mini 'A7' and \n"
                                       "delete geometry of Standard body 01?\nGlasses round")}};
     QTest::newRow("delete") << deletion;
     deletion.act = press(standardPage, "pushButton_deselect");
@@ -51,7 +44,7 @@ void tst_DeletionTables::inTheTables_data()
     QTest::newRow("deselect") << deletion;
     QTest::newRow("move") << Deed{administration, press(standardPage, "pushButton_down")};
     Deed reference{administration, cell("tableWidget_ref", 0, 4), clickTab(toolsPage)};
-    reference.boxes = {{question, QStringLiteral("Delete Measurement Tool reference body 01?\n"
+    reference.boxes = {{boxTitle, QStringLiteral("Delete Measurement Tool reference body 01?\n"
                                                  "If yes, the assignment to the Measurement Tool "
                                                  "will be deleted.\nContinue?")}};
     QTest::newRow("delete a tool's reference") << onFourPages(reference);
@@ -88,10 +81,10 @@ void tst_DeletionTables::ofTargets_data()
     poll.isLeft = false;
     QTest::newRow("poll of a search") << poll;
     Deed stop{administration, press(standardPage, "pushButton_stop"), searching()};
-    stop.boxes = {{question, QStringLiteral("No targets could be identified in library")}};
+    stop.boxes = {{boxTitle, QStringLiteral("No targets could be identified in library")}};
     QTest::newRow("stop of a search") << stop;
     Deed end{administration, tick("timerDoMea_tl"), searching(1)};
-    end.boxes = {{question, QStringLiteral("2 targets could be identified in library")}};
+    end.boxes = {{boxTitle, QStringLiteral("2 targets could be identified in library")}};
     QTest::newRow("end of a search") << end;
     QTest::newRow("tracked states") << Deed{
             administration, tick("timerCheckForTracked_tl"), [](QWidget *window, TestHost &) {

@@ -2,9 +2,7 @@
 
 namespace {
 
-enum Column { Id, Active, Name, Calibration, Delete, Reset };
-
-const QString notAvailable =
+const QString handsNotAvailable =
         QStringLiteral("<b><font color=red>Fingertracking is not available!</font></b>");
 const QString limitReached =
         QStringLiteral("<b><font color=red>Max. number of Hands is reached!</font></b>");
@@ -33,6 +31,8 @@ private slots:
     void neverOffersAdjustment();
 
 private:
+    enum HandColumn { Id, Active, Name, Calibration, Delete, Reset };
+
     static QTableWidget *hands(QWidget *shown)
     {
         return table(shown, "tableWidget_fingertracking");
@@ -56,7 +56,7 @@ void tst_Fingertracking::opensWithTheExactQueries()
                                    "targetlib target_status_calibrated t19",
                                    "targetlib target_status_calibrated t20",
                                    "status active",
-                                   "morvek2 targetlib check_custom_calibration",
+                                   customCheck,
                                    "targetlib target_status_calibrated_custom t18",
                                    "targetlib target_status_calibrated_custom t19",
                                    "targetlib target_status_calibrated_custom t20",
@@ -125,7 +125,7 @@ void tst_Fingertracking::availability()
     TestHost host(studio(protocol));
     host.fault(QStringLiteral("get %1 %2").arg(availableQuery, effect));
     openAt(host, handsPage, [available](QWidget *shown) {
-        QCOMPARE(label(shown, "label_error"), available ? QString() : notAvailable);
+        QCOMPARE(label(shown, "label_error"), available ? QString() : handsNotAvailable);
         QVERIFY(isVisible(shown, "label_error"));
         for (const char *name : {"tableWidget_fingertracking", "spinBox_hands",
                                  "tableWidget_targetlibrary", "pushButton_start"})
@@ -148,7 +148,7 @@ void tst_Fingertracking::becomesAvailableLater()
     BodyAdministrationDlg dialog(&host.io, &host.mainWindow, &host.versions);
     open(&dialog, [](QWidget *window) {
         goTo(window, handsPage);
-        QCOMPARE(label(page(window, handsPage), "label_error"), notAvailable);
+        QCOMPARE(label(page(window, handsPage), "label_error"), handsNotAvailable);
     });
     host.edit([](ControllerState &changed) { changed.fingertrackingAvailable = true; });
     open(&dialog, [&host](QWidget *window) {
@@ -241,7 +241,7 @@ void tst_Fingertracking::assignsTarget()
         Drive::clickCell(targets(shown), 2, 1);
         host.clear();
         if (answer != 0) {
-            robot().expectBox(QStringLiteral("Warning"),
+            robot().expectBox(warning,
                               QStringLiteral("Overwrite body calibration data of %1?").arg(name),
                               Box::StandardButton(answer));
         }
@@ -262,8 +262,7 @@ void tst_Fingertracking::movesTargetToOtherHand()
         Drive::clickCell(hands(shown), 1, Id);
         Drive::clickCell(targets(shown), 0, 1);
         host.clear();
-        robot().expectBox(QStringLiteral("Warning"),
-                          QStringLiteral("Overwrite body calibration data of Right hand?"),
+        robot().expectBox(warning, QStringLiteral("Overwrite body calibration data of Right hand?"),
                           Box::Ok);
         Drive::click(shown, "pushButton_select");
         QCOMPARE(changes(host),

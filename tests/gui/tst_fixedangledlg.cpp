@@ -3,6 +3,7 @@
 #include "dialogtest.h"
 #include "fixedangledlg.h"
 #include "helpdialog.h"
+#include "settingstable.h"
 
 #include <QHeaderView>
 #include <QLineEdit>
@@ -16,8 +17,6 @@
 #include <memory>
 
 namespace {
-
-enum Column { Id, Name, Rx, Ry, Rz };
 
 /** Three standard bodies: one with fixed angles, a cylindrical one, and one that allows none. */
 ControllerState threeBodies(const QString &protocol = QStringLiteral("1.24"))
@@ -38,11 +37,6 @@ ControllerState threeBodies(const QString &protocol = QStringLiteral("1.24"))
     bodies[2].targetType = QStringLiteral("tt_5dof");
     state.bodyTypes[QStringLiteral("standard")].bodies = bodies;
     return state;
-}
-
-QTableWidget *tableOf(QWidget *dialog)
-{
-    return Drive::find<QTableWidget>(dialog, "tableWidget");
 }
 
 Qt::CheckState check(QTableWidget *table, int row, int column)
@@ -91,6 +85,8 @@ private slots:
     void openedAThousandTimes();
 
 private:
+    enum Column { Id, Name, Rx, Ry, Rz };
+
     int open(TestHost *host, const std::function<void(QWidget *)> &drive)
     {
         FixedAngleDlg dialog(&host->io, &host->mainWindow, &host->versions);

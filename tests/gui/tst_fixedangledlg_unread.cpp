@@ -1,6 +1,7 @@
 #include "angletablewidget.h"
 #include "dialogtest.h"
 #include "fixedangledlg.h"
+#include "settingstable.h"
 
 #include <functional>
 
@@ -41,11 +42,6 @@ private:
     {
         return QStringLiteral("standard fixed_angle b%1 yes 5.000000 no -2.500000 yes 20.000000")
                 .arg(body, 2, 10, QLatin1Char('0'));
-    }
-
-    static QTableWidget *tableOf(QWidget *dialog)
-    {
-        return Drive::find<QTableWidget>(dialog, "tableWidget");
     }
 
     int open(TestHost *host, const std::function<void(QWidget *)> &drive)

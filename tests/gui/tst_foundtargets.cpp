@@ -2,12 +2,6 @@
 
 #include <QComboBox>
 
-namespace {
-
-const QString heading = QStringLiteral("- Found Targets -");
-
-} // namespace
-
 /** Where the targets that the cameras see stand in the table, and what stays selected. */
 class tst_FoundTargets : public AdministrationFixture {
     Q_OBJECT
@@ -33,8 +27,8 @@ void tst_FoundTargets::follow(QWidget *shown)
 {
     Drive::holdTimers(shown);
     Drive::click(shown, "pushButton_start");
-    robot().expectBox(QStringLiteral("MORVEK3"),
-                      QStringLiteral("No targets could be identified in library"), Box::Ok);
+    robot().expectBox(boxTitle, QStringLiteral("No targets could be identified in library"),
+                      Box::Ok);
     Drive::click(shown, "pushButton_stop");
 }
 
@@ -63,7 +57,7 @@ void tst_FoundTargets::foundOnesComeFirst()
         const QTableWidget *targets = listed(shown);
         follow(shown);
         see(host, shown, {"JW03", "JW02"});
-        QCOMPARE(Drive::column(targets, 1), (QStringList{heading, "JW02", "JW03", "JW01"}));
+        QCOMPARE(Drive::column(targets, 1), (QStringList{foundTargets, "JW02", "JW03", "JW01"}));
         QCOMPARE(Drive::column(targets, 0), (QStringList{"", "t16", "t17", "t15"}));
         QCOMPARE(spans(targets), (QVector<int>{3, 1, 1, 1}));
         const QVector<bool> bold{true, true, true, false};
@@ -73,7 +67,7 @@ void tst_FoundTargets::foundOnesComeFirst()
         }
         QCOMPARE(targets->item(0, 1)->flags(), Qt::ItemFlags(Qt::NoItemFlags));
         see(host, shown, {"JW03"});
-        QCOMPARE(Drive::column(targets, 1), (QStringList{heading, "JW03", "JW01", "JW02"}));
+        QCOMPARE(Drive::column(targets, 1), (QStringList{foundTargets, "JW03", "JW01", "JW02"}));
         QCOMPARE(spans(targets), (QVector<int>{3, 1, 1, 1}));
         see(host, shown, {});
         QCOMPARE(Drive::column(targets, 1), (QStringList{"JW01", "JW02", "JW03"}));

@@ -2,8 +2,6 @@
 
 namespace {
 
-enum Column { Id, Active, Name, Model, Serial, Calibration, Filter, Delete, Reset };
-
 const QString multiUserQuestions[] = {QStringLiteral("joywand multiuser_available"),
                                       QStringLiteral("joywand multiuser_with_head_available"),
                                       QStringLiteral("joywand multiuser"),
@@ -66,6 +64,8 @@ private slots:
     void switchesGlobalFilterOn();
 
 private:
+    enum JoywandColumn { Id, Active, Name, Model, Serial, Calibration, Filter, Delete, Reset };
+
     static QTableWidget *joywands(QWidget *shown) { return table(shown, "tableWidget_joywand"); }
     static QTableWidget *heads(QWidget *shown) { return table(shown, "tableWidget_head"); }
 };
@@ -79,7 +79,7 @@ void tst_JoywandAdministration::opensWithTheExactQueries()
         goTo(window, joywandPage);
         const QStringList expected{"targetlib target_status_calibrated t01",
                                    "status active",
-                                   "morvek2 targetlib check_custom_calibration",
+                                   customCheck,
                                    "targetlib target_status_calibrated_custom t01",
                                    "joywand multiuser_available",
                                    "joywand max_number_of_devices",
@@ -420,7 +420,7 @@ void tst_JoywandAdministration::deletesHead()
     TestHost host(multiUser());
     openAt(host, joywandPage, [&](QWidget *shown) {
         host.clear();
-        robot().expectBox(QStringLiteral("MORVEK3"),
+        robot().expectBox(boxTitle,
                           QStringLiteral("Delete geometry of Multi-user head 02?\nHead two"),
                           Box::Yes);
         Drive::clickCell(heads(shown), 1, 2);
@@ -457,7 +457,7 @@ void tst_JoywandAdministration::assignsTarget()
         Drive::clickCell(targets, Drive::column(targets, 1).indexOf(QStringLiteral("JW02")), 1);
         host.clear();
         if (answer != 0) {
-            robot().expectBox(QStringLiteral("Warning"),
+            robot().expectBox(warning,
                               QStringLiteral("Overwrite body calibration data of %1?").arg(name),
                               Box::StandardButton(answer));
         }
@@ -491,8 +491,8 @@ void tst_JoywandAdministration::deselects()
         Drive::clickCell(joywands(shown), 0, Id);
         QVERIFY(isEnabled(shown, "pushButton_deselect"));
         host.clear();
-        robot().expectBox(QStringLiteral("MORVEK3"),
-                          QStringLiteral("Delete geometry of Joywand 01?\nJoywand red"), Box::Yes);
+        robot().expectBox(boxTitle, QStringLiteral("Delete geometry of Joywand 01?\nJoywand red"),
+                          Box::Yes);
         Drive::click(shown, "pushButton_deselect");
         QCOMPARE(changes(host), (QStringList{"body filter6d_preset joywand b01 preset6d_default",
                                              "body number_of_marker joywand b01 0",

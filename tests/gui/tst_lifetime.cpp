@@ -8,8 +8,6 @@
 
 namespace {
 
-const QString customCheck = QStringLiteral("morvek2 targetlib check_custom_calibration");
-
 /** What an operator does on a page, with the boxes that come before its first write. */
 struct Action {
     const char *form;
@@ -21,15 +19,10 @@ struct Action {
     bool leavesSearch = false; ///< a search has to be stopped before the dialog closes
 };
 
-QTableWidget *tableOf(QWidget *page, const char *name)
-{
-    return Drive::find<QTableWidget>(page, name);
-}
-
 void pickTarget(QWidget *page, const QString &category, int row)
 {
     Drive::choose(Drive::find<QComboBox>(page, "comboBox_filter"), category);
-    Drive::clickCell(tableOf(page, "tableWidget_targetlibrary"), row, 1);
+    Drive::clickCell(Drive::find<QTableWidget>(page, "tableWidget_targetlibrary"), row, 1);
 }
 
 } // namespace
@@ -153,9 +146,8 @@ void tst_Lifetime::noTimerActsAfterTheHostLeft()
         Drive::holdTimers(standard);
         Drive::click(standard, "pushButton_start");
         QVERIFY(Drive::tick(standard, "timerDoMea_tl"));
-        robot().expectBox(QStringLiteral("MORVEK3"),
-                          QStringLiteral("No targets could be identified in library"), Box::Ok,
-                          [&] { dialog.about_to_exit(); });
+        robot().expectBox(boxTitle, QStringLiteral("No targets could be identified in library"),
+                          Box::Ok, [&] { dialog.about_to_exit(); });
         Drive::click(standard, "pushButton_stop");
         host.clear();
         Drive::tick(standard, "timerDoMea_tl");
@@ -180,20 +172,19 @@ void tst_Lifetime::destructionWithdrawsTheReceiver()
 void tst_Lifetime::addActions()
 {
     QTest::addColumn<Action>("action");
-    const QString question = QStringLiteral("MORVEK3");
     const auto cell = [](const char *name, int row, int column) {
-        return [=](QWidget *page) { Drive::clickCell(tableOf(page, name), row, column); };
+        return [=](QWidget *page) { Drive::clickCell(table(page, name), row, column); };
     };
     const auto toggle = [](const char *name, int row, int column) {
-        return [=](QWidget *page) { Drive::toggleCell(tableOf(page, name), row, column); };
+        return [=](QWidget *page) { Drive::toggleCell(table(page, name), row, column); };
     };
     const auto standard = "tableWidget_standard";
     QTest::newRow("active") << Action{standardPage, toggle(standard, 0, 1)};
     QTest::newRow("reference") << Action{standardPage, toggle(standard, 0, 2)};
     QTest::newRow("no reference") << Action{standardPage, toggle(standard, 2, 2)};
     QTest::newRow("name") << Action{standardPage, [](QWidget *page) {
-                                        Drive::typeIntoCell(tableOf(page, "tableWidget_standard"),
-                                                            0, 3, QStringLiteral("Hat"));
+                                        Drive::typeIntoCell(table(page, "tableWidget_standard"), 0,
+                                                            3, QStringLiteral("Hat"));
                                     }};
     QTest::newRow("count") << Action{
             standardPage, [](QWidget *page) {
@@ -203,11 +194,11 @@ void tst_Lifetime::addActions()
     QTest::newRow("delete") << Action{
             standardPage,
             cell(standard, 1, 8),
-            {{question, QStringLiteral("Delete geometry of Standard body 02?\nGlasses round")}}};
+            {{boxTitle, QStringLiteral("Delete geometry of Standard body 02?\nGlasses round")}}};
     QTest::newRow("delete the reference")
             << Action{standardPage,
                       cell(standard, 2, 8),
-                      {{question, QStringLiteral("Delete geometry of Standard body 03?\nIf yes, "
+                      {{boxTitle, QStringLiteral("Delete geometry of Standard body 03?\nIf yes, "
                                                  "the assignment as reference to other bodies "
                                                  "will be deleted.\nRoom frame")}}};
     Action move{standardPage, [](QWidget *page) { Drive::click(page, "pushButton_down"); }};
@@ -215,7 +206,7 @@ void tst_Lifetime::addActions()
     QTest::newRow("move") << move;
     Action assign{standardPage, [](QWidget *page) { Drive::click(page, "pushButton_select"); }};
     assign.setUp = [](QWidget *page) {
-        Drive::clickCell(tableOf(page, "tableWidget_standard"), 7, 0);
+        Drive::clickCell(table(page, "tableWidget_standard"), 7, 0);
         pickTarget(page, QStringLiteral("Cross Target"), 0);
     };
     QTest::newRow("assign") << assign;
@@ -238,7 +229,7 @@ void tst_Lifetime::addActions()
     QTest::newRow("delete a tool reference")
             << Action{toolsPage,
                       cell("tableWidget_ref", 0, 4),
-                      {{question, QStringLiteral("Delete Measurement Tool reference body 01?\n"
+                      {{boxTitle, QStringLiteral("Delete Measurement Tool reference body 01?\n"
                                                  "If yes, the assignment to the Measurement Tool "
                                                  "will be deleted.\nContinue?")}}};
 }
@@ -263,8 +254,8 @@ void tst_Lifetime::run(TestHost &host, const Action &action, QPointer<BodyAdmini
         Drive::settle();
         if (dialog && action.leavesSearch) {
             QObject::disconnect(&host.io, &SimulatedIOManager::recorded, nullptr, nullptr);
-            robot().expectBox(QStringLiteral("MORVEK3"),
-                              QStringLiteral("No targets could be identified in library"), Box::Ok);
+            robot().expectBox(boxTitle, QStringLiteral("No targets could be identified in library"),
+                              Box::Ok);
             Drive::click(shown, "pushButton_stop");
         }
     });
@@ -296,7 +287,7 @@ void tst_Lifetime::deletedInsideEachWrite()
                     });
             // Its only write is the first one: nothing is deleted before the box any more.
             if (write == 1 && !action.lastBox.isEmpty())
-                robot().expectBox(QStringLiteral("MORVEK3"), action.lastBox, Box::Ok);
+                robot().expectBox(boxTitle, action.lastBox, Box::Ok);
         });
         if (dialog) {
             QVERIFY2(write > 0, "the action writes nothing");
@@ -341,7 +332,7 @@ void tst_Lifetime::eventLoopInsideEachOperation()
         std::unique_ptr<Interruption> interruption;
         run(host, action, &dialog, [&] {
             if (!action.lastBox.isEmpty())
-                robot().expectBox(QStringLiteral("MORVEK3"), action.lastBox, Box::Ok);
+                robot().expectBox(boxTitle, action.lastBox, Box::Ok);
             if (interrupted) {
                 interruption =
                         std::make_unique<Interruption>(host.io, Interruption::everywhere(),
@@ -441,8 +432,8 @@ void tst_Lifetime::trackedStatesRestWhileHidden()
         standard = page(window, standardPage);
         Drive::holdTimers(standard);
         Drive::click(standard, "pushButton_start");
-        robot().expectBox(QStringLiteral("MORVEK3"),
-                          QStringLiteral("No targets could be identified in library"), Box::Ok);
+        robot().expectBox(boxTitle, QStringLiteral("No targets could be identified in library"),
+                          Box::Ok);
         Drive::click(standard, "pushButton_stop");
         Drive::clickCell(table(window, "tableWidget_standard"), 0, 0);
         Drive::click(standard, "pushButton_customCalibration");
@@ -468,7 +459,7 @@ void tst_Lifetime::foundTargetsAskForNoUse()
         auto *category = Drive::find<QComboBox>(page, "comboBox_filter");
         Drive::choose(category, QStringLiteral("Cross Target"));
         host.clear();
-        Drive::choose(category, QStringLiteral("- Found Targets -"));
+        Drive::choose(category, foundTargets);
         Drive::click(page, "pushButton_start");
         host.edit([](ControllerState &state) {
             for (TargetState &target : state.targets)
@@ -480,8 +471,8 @@ void tst_Lifetime::foundTargetsAskForNoUse()
                 host.queries().filter(QStringLiteral("targetlib target_status_calibrated t"));
         QCOMPARE(uses, QStringList());
         QVERIFY(table(page, "tableWidget_targetlibrary")->rowCount() > 0);
-        robot().expectBox(QStringLiteral("MORVEK3"),
-                          QStringLiteral("4 targets could be identified in library"), Box::Ok);
+        robot().expectBox(boxTitle, QStringLiteral("4 targets could be identified in library"),
+                          Box::Ok);
         Drive::click(page, "pushButton_stop");
     });
 }
@@ -501,8 +492,8 @@ void tst_Lifetime::refusedExitOffersStop()
         Drive::click(window, "pushButton_exit");
         QVERIFY(window->isVisible());
         QVERIFY(isEnabled(standard, "pushButton_stop"));
-        robot().expectBox(QStringLiteral("MORVEK3"),
-                          QStringLiteral("No targets could be identified in library"), Box::Ok);
+        robot().expectBox(boxTitle, QStringLiteral("No targets could be identified in library"),
+                          Box::Ok);
         Drive::click(standard, "pushButton_stop");
         Drive::click(window, "pushButton_exit");
         QVERIFY(!window->isVisible());
@@ -521,8 +512,8 @@ void tst_Lifetime::stopStaysWithTheSearchThatIsPolled()
         Drive::click(window, "pushButton_exit");
         QVERIFY(!isEnabled(page(window, joywandPage), "pushButton_stop"));
         goTo(window, standardPage);
-        robot().expectBox(QStringLiteral("MORVEK3"),
-                          QStringLiteral("No targets could be identified in library"), Box::Ok);
+        robot().expectBox(boxTitle, QStringLiteral("No targets could be identified in library"),
+                          Box::Ok);
         Drive::click(standard, "pushButton_stop");
     });
 }

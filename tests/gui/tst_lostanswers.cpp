@@ -192,7 +192,7 @@ void tst_LostAnswers::lostReferenceKeepsTheMark()
         goTo(window, joywandPage);
         goTo(window, standardPage);
         QCOMPARE(bodies->item(0, ReferenceColumn)->checkState(), Qt::Checked);
-        robot().expectBox("MORVEK3",
+        robot().expectBox(boxTitle,
                           "After deactivating the reference target,\n"
                           "all targets will not be tracked.\nContinue?",
                           QMessageBox::No);
@@ -291,7 +291,7 @@ void tst_LostAnswers::lostProgressIsLoggedOnce()
             QVERIFY(Drive::tick(standard, "timerDoMea_tl"));
         QCOMPARE(host.log(),
                  QStringList("Error: Unable to get progress of target library calibration"));
-        robot().expectBox("MORVEK3", "2 targets could be identified in library", QMessageBox::Ok);
+        robot().expectBox(boxTitle, "2 targets could be identified in library", QMessageBox::Ok);
         Drive::click(standard, "pushButton_stop");
     });
 }
@@ -353,7 +353,7 @@ void tst_LostAnswers::lostCustomStatesAreLoggedOnce()
         Drive::choose(box, QStringLiteral("Cross Target"));
         for (int time = 0; time < 2; ++time) {
             host.clear();
-            Drive::choose(box, QStringLiteral("- Found Targets -"));
+            Drive::choose(box, foundTargets);
             QCOMPARE(host.log(), lines);
             Drive::choose(box, QStringLiteral("Cross Target"));
         }

@@ -13,12 +13,6 @@
 #include <QDoubleSpinBox>
 #include <QSizeGrip>
 
-namespace {
-
-constexpr int nameColumn = 3;
-
-} // namespace
-
 /** What the line at the bottom of each dialog says, and when. */
 class tst_MessageLine : public AdministrationFixture {
     Q_OBJECT
@@ -141,7 +135,7 @@ void tst_MessageLine::repeatsARefusedRename()
     openAt(host, standardPage, [&](QWidget *page) {
         host.fault(QStringLiteral("set body desc* refuse"));
         host.clear();
-        Drive::typeIntoCell(table(page, "tableWidget_standard"), 0, nameColumn, "Visor");
+        Drive::typeIntoCell(table(page, "tableWidget_standard"), 0, NameColumn, "Visor");
         QCOMPARE(line(page->window())->text(),
                  QStringLiteral("Unable to set description of body standard b01"));
         QVERIFY(line(page->window())->isVisible());
@@ -155,12 +149,12 @@ void tst_MessageLine::vanishesWithTheNextActionThatSucceeds()
     openAt(host, standardPage, [&](QWidget *page) {
         host.fault(QStringLiteral("set body desc* call 1 refuse"));
         QTableWidget *bodies = table(page, "tableWidget_standard");
-        Drive::typeIntoCell(bodies, 0, nameColumn, "Visor");
+        Drive::typeIntoCell(bodies, 0, NameColumn, "Visor");
         QVERIFY(line(page->window())->isVisible());
         // Looking around is no action.
         Drive::clickCell(bodies, 1, 0);
         QVERIFY(line(page->window())->isVisible());
-        Drive::typeIntoCell(bodies, 0, nameColumn, "Visor");
+        Drive::typeIntoCell(bodies, 0, NameColumn, "Visor");
         QVERIFY(!line(page->window())->isVisible());
         QCOMPARE(line(page->window())->text(), QString());
     });
@@ -182,12 +176,11 @@ void tst_MessageLine::isNotClearedByARefresh()
     TestHost host(studio());
     openAt(host, standardPage, [&](QWidget *page) {
         host.fault(QStringLiteral("set body desc* refuse"));
-        Drive::typeIntoCell(table(page, "tableWidget_standard"), 0, nameColumn, "Visor");
+        Drive::typeIntoCell(table(page, "tableWidget_standard"), 0, NameColumn, "Visor");
         goTo(page->window(), joywandPage);
         goTo(page->window(), standardPage);
         // A refresh lets the controller check for custom calibrations, which it accepts.
-        QVERIFY(host.writes().contains(
-                QStringLiteral("morvek2 targetlib check_custom_calibration")));
+        QVERIFY(host.writes().contains(customCheck));
         QVERIFY(line(page->window())->isVisible());
     });
 }
@@ -215,7 +208,7 @@ void tst_MessageLine::isAnAlertForScreenReaders()
     TestHost host(studio());
     openAt(host, standardPage, [&](QWidget *page) {
         host.fault(QStringLiteral("set body desc* refuse"));
-        Drive::typeIntoCell(table(page, "tableWidget_standard"), 0, nameColumn, "Visor");
+        Drive::typeIntoCell(table(page, "tableWidget_standard"), 0, NameColumn, "Visor");
         const auto *accessible = QAccessible::queryAccessibleInterface(line(page->window()));
         QCOMPARE(accessible->role(), QAccessible::AlertMessage);
         QCOMPARE(accessible->text(QAccessible::Name),
@@ -248,8 +241,8 @@ void tst_MessageLine::saysWhyTheDialogStaysOpen()
         QCOMPARE(host.log(), QStringList(refusal));
         QVERIFY(line(page->window())->isVisible());
         QCOMPARE(line(page->window())->text(), refusal);
-        robot().expectBox(QStringLiteral("MORVEK3"),
-                          QStringLiteral("No targets could be identified in library"), Box::Ok);
+        robot().expectBox(boxTitle, QStringLiteral("No targets could be identified in library"),
+                          Box::Ok);
         Drive::click(page, "pushButton_stop");
         QVERIFY(!line(page->window())->isVisible());
     });
@@ -319,7 +312,7 @@ void tst_MessageLine::movesNoButton()
         const QRect before = exit->geometry();
         const QSize size = page->window()->size();
         host.fault(QStringLiteral("set body desc* refuse"));
-        Drive::typeIntoCell(table(page, "tableWidget_standard"), 0, nameColumn, "Visor");
+        Drive::typeIntoCell(table(page, "tableWidget_standard"), 0, NameColumn, "Visor");
         QVERIFY(line(page->window())->isVisible());
         QCOMPARE(exit->geometry(), before);
         QCOMPARE(page->window()->size(), size);

@@ -5,7 +5,7 @@ namespace {
 enum ToolColumn { ToolId, ToolActive, ToolReference, ToolCalibration, ToolDelete, ToolReset };
 enum RefColumn { RefId, RefActive, RefName, RefCalibration, RefDelete, RefReset };
 
-const QString notAvailable =
+const QString toolsNotAvailable =
         QStringLiteral("<b><font color=red>Measurement Tool is not available!</font></b>");
 const QString longQuestion = QStringLiteral(
         "Delete Measurement Tool reference body %1?\n"
@@ -79,8 +79,7 @@ void tst_MtAdministration::opensWithTheExactQueries()
         const QStringList reference = QStringList{"tracking reference"};
         const QStringList warmup{"inertial available", "inertial warmup"};
         const QStringList expected =
-                QStringList{"status active", "morvek2 targetlib check_custom_calibration",
-                            "measurementtool max_number_of_tools",
+                QStringList{"status active", customCheck, "measurementtool max_number_of_tools",
                             "measurementtool max_number_of_references",
                             "body number_of_bodies measurementtool"}
                 + body(QStringLiteral("measurementtool")) + reference + warmup
@@ -171,7 +170,7 @@ void tst_MtAdministration::isUnavailable()
     open(&dialog, [](QWidget *window) {
         goTo(window, toolsPage);
         QWidget *shown = page(window, toolsPage);
-        QCOMPARE(label(shown, "label_error"), notAvailable);
+        QCOMPARE(label(shown, "label_error"), toolsNotAvailable);
         QVERIFY(isVisible(shown, "label_error"));
         for (const char *name :
              {"tableWidget_mt", "tableWidget_ref", "spinBox_mt", "spinBox_mtref",
@@ -197,7 +196,7 @@ void tst_MtAdministration::becomesAvailableLater()
     BodyAdministrationDlg dialog(&host.io, &host.mainWindow, &host.versions);
     open(&dialog, [](QWidget *window) {
         goTo(window, toolsPage);
-        QCOMPARE(label(page(window, toolsPage), "label_error"), notAvailable);
+        QCOMPARE(label(page(window, toolsPage), "label_error"), toolsNotAvailable);
     });
     host.edit([](ControllerState &changed) { changed.measurementToolAvailable = true; });
     open(&dialog, [&host](QWidget *window) {
@@ -355,10 +354,8 @@ void tst_MtAdministration::deactivatesReference()
     TestHost host(state);
     openAt(host, toolsPage, [&](QWidget *shown) {
         host.clear();
-        if (answer != 0) {
-            robot().expectBox(QStringLiteral("MORVEK3"), deactivateQuestion,
-                              Box::StandardButton(answer));
-        }
+        if (answer != 0)
+            robot().expectBox(boxTitle, deactivateQuestion, Box::StandardButton(answer));
         Drive::toggleCell(references(shown), row, RefActive);
         QCOMPARE(changes(host), written);
         const BodyState &now =
@@ -401,7 +398,7 @@ void tst_MtAdministration::deletesReference()
     openAt(host, toolsPage, [&](QWidget *shown) {
         const QString id = QStringLiteral("MR%1").arg(row + 1);
         host.clear();
-        robot().expectBox(QStringLiteral("MORVEK3"), text, Box::StandardButton(answer));
+        robot().expectBox(boxTitle, text, Box::StandardButton(answer));
         Drive::clickCell(references(shown), row, RefDelete);
         QCOMPARE(changes(host), written);
         const bool done = !written.isEmpty();
@@ -443,9 +440,8 @@ void tst_MtAdministration::deletingReferenceFails()
     openAt(host, toolsPage, [&](QWidget *shown) {
         host.fault(fault);
         host.clear();
-        robot().expectBox(QStringLiteral("MORVEK3"), longQuestion.arg("01"), Box::Yes);
-        robot().expectBox(QStringLiteral("Warning"),
-                          QStringLiteral("Delete body 01 failed\nTable frame"), Box::Ok);
+        robot().expectBox(boxTitle, longQuestion.arg("01"), Box::Yes);
+        robot().expectBox(warning, QStringLiteral("Delete body 01 failed\nTable frame"), Box::Ok);
         Drive::clickCell(references(shown), 0, RefDelete);
         QCOMPARE(changes(host), clearFirst.mid(0, sent));
         QCOMPARE(host.log(), QStringList{line});
@@ -470,7 +466,7 @@ void tst_MtAdministration::deletesTool()
     TestHost host(fullState());
     openAt(host, toolsPage, [&](QWidget *shown) {
         host.clear();
-        robot().expectBox(QStringLiteral("MORVEK3"),
+        robot().expectBox(boxTitle,
                           QStringLiteral("Delete geometry of Measurement tool 03?\nProbe bent"),
                           Box::Yes);
         Drive::clickCell(tools(shown), 2, ToolDelete);

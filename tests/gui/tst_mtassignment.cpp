@@ -74,8 +74,7 @@ void tst_MtAssignment::assignsTarget()
         Drive::clickCell(references(shown), 1, idColumn);
         pickTarget(shown, target);
         host.clear();
-        robot().expectBox(QStringLiteral("Warning"),
-                          QStringLiteral("Overwrite body calibration data of Wall frame?"),
+        robot().expectBox(warning, QStringLiteral("Overwrite body calibration data of Wall frame?"),
                           Box::StandardButton(answer));
         Drive::click(shown, "pushButton_select");
         QCOMPARE(changes(host), written);
@@ -118,7 +117,7 @@ void tst_MtAssignment::takesTargetFromStandardBody()
         pickTarget(shown, QStringLiteral("TR02"));
         host.clear();
         robot().expectBox(
-                QStringLiteral("Warning"),
+                warning,
                 QStringLiteral("This target is already calibrated as standard target ID 6.\n"
                                "Delete the standard target ID 6?"),
                 Box::StandardButton(answer));
@@ -175,7 +174,7 @@ void tst_MtAssignment::listsTargetsOfCategory()
     openAt(host, toolsPage, [](QWidget *shown) {
         auto *category = Drive::find<QComboBox>(shown, "comboBox_filter");
         QCOMPARE(category->count(), 2);
-        QCOMPARE(category->currentText(), QStringLiteral("- Found Targets -"));
+        QCOMPARE(category->currentText(), foundTargets);
         QCOMPARE(targets(shown)->rowCount(), 0);
         Drive::choose(category, QStringLiteral("Tool Reference"));
         QCOMPARE(Drive::column(targets(shown), 1), (QStringList{"TR01", "TR02", "TR03", "TR04"}));

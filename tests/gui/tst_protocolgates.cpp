@@ -143,7 +143,7 @@ QStringList tst_ProtocolGates::removeCap(TestHost &host)
 {
     return linesOf(host, [&](QWidget *, QTableWidget *bodies) {
         const bool hasName = host.state().protocol != QLatin1String("0.15");
-        robot().expectBox(QStringLiteral("MORVEK3"),
+        robot().expectBox(boxTitle,
                           QStringLiteral("Delete geometry of Standard body 01?")
                                   + (hasName ? QStringLiteral("\nCap") : QString()),
                           Box::Yes);
@@ -155,7 +155,7 @@ QStringList tst_ProtocolGates::removeRig(TestHost &host)
 {
     const bool isSensorKnown = host.versions.prot >= VersionInfo(1, 12, -1);
     return linesOf(host, [&](QWidget *, QTableWidget *bodies) {
-        robot().expectBox(QStringLiteral("MORVEK3"),
+        robot().expectBox(boxTitle,
                           isSensorKnown
                                   ? QStringLiteral("Delete assignment of sensor vendorone mini "
                                                    "'A7' and \ndelete geometry of Standard body "
@@ -171,7 +171,7 @@ QStringList tst_ProtocolGates::resetHelmet(TestHost &host)
 {
     const bool isStorageKnown = host.versions.prot >= VersionInfo(1, 21, -1);
     return linesOf(host, [&](QWidget *, QTableWidget *bodies) {
-        robot().expectBox(QStringLiteral("MORVEK3"),
+        robot().expectBox(boxTitle,
                           isStorageKnown ? QStringLiteral("Reset Standard body 07\n"
                                                           "to sensor stored values?\nHelmet")
                                          : QStringLiteral("Reset Standard body 07?\n"

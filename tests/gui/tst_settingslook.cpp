@@ -1,11 +1,11 @@
 #include "filterdialogtest.h"
 #include "fixedangledlg.h"
+#include "settingstable.h"
 
 #include <QApplication>
 #include <QHeaderView>
 #include <QScopeGuard>
 #include <QStyledItemDelegate>
-#include <QTableWidget>
 
 #include <cmath>
 
@@ -23,11 +23,6 @@ private slots:
     void refusedNamesAreShownAsPlainText();
 
 private:
-    static QTableWidget *tableOf(QWidget *dialog)
-    {
-        return Drive::find<QTableWidget>(dialog, "tableWidget");
-    }
-
     void openAngles(TestHost *host, const std::function<void(QWidget *)> &user)
     {
         FixedAngleDlg dialog(&host->io, &host->mainWindow, &host->versions);

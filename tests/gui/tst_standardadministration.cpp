@@ -8,8 +8,6 @@
 
 namespace {
 
-const QString customCheck = QStringLiteral("morvek2 targetlib check_custom_calibration");
-const QString found = QStringLiteral("- Found Targets -");
 const QString deactivation = QStringLiteral("After deactivating the reference target,\n"
                                             "all targets will not be tracked.\nContinue?");
 
@@ -126,7 +124,8 @@ void tst_StandardAdministration::startsWithFirstBody()
     TestHost host;
     open(host, [&](QWidget *window, QTableWidget *bodies) {
         QCOMPARE(bodies->currentRow(), 0);
-        QCOMPARE(Drive::find<QComboBox>(page(window), "comboBox_filter")->currentText(), found);
+        QCOMPARE(Drive::find<QComboBox>(page(window), "comboBox_filter")->currentText(),
+                 foundTargets);
         QCOMPARE(Drive::find<QLabel>(page(window), "label_targetlibrary")->text(), QString());
         QCOMPARE(Drive::find<QProgressBar>(page(window), "progressBar")->value(), 0);
         QVERIFY(!Drive::find<QPushButton>(page(window), "pushButton_stop")->isEnabled());
@@ -182,7 +181,7 @@ void tst_StandardAdministration::sensorColumnsNeedOneSensor()
         QCOMPARE(bodies->isColumnHidden(DeviceIdColumn), bodiesWithSensor == 0);
         if (bodiesWithSensor == 0)
             return;
-        robot().expectBox(QStringLiteral("MORVEK3"),
+        robot().expectBox(boxTitle,
                           "Delete assignment of sensor vendorone mini 'A7' and \n"
                           "delete geometry of Standard body 08?",
                           QMessageBox::Yes);
@@ -217,8 +216,7 @@ void tst_StandardAdministration::filterColumnNeedsFilter()
     open(host, [&](QWidget *window, QTableWidget *bodies) {
         QVERIFY(bodies->isColumnHidden(FilterColumn));
         QVERIFY(!Drive::find<QPushButton>(page(window), "pushButton_filter")->isEnabled());
-        robot().expectBox(QStringLiteral("MORVEK3"), "Delete geometry of Standard body 01?\nCap",
-                          QMessageBox::Yes);
+        robot().expectBox(boxTitle, "Delete geometry of Standard body 01?\nCap", QMessageBox::Yes);
         press(bodies, 0, DeleteColumn);
         QCOMPARE(host.writes(), (QStringList{"body number_of_marker standard b01 0",
                                              "body desc standard b01 \"\"", customCheck}));
@@ -346,8 +344,8 @@ void tst_StandardAdministration::listsCategories()
         for (int i = 0; i < categories->count(); ++i)
             names.append(categories->itemText(i));
         // Capital letters first; no group of another type's targets.
-        QCOMPARE(names, (QStringList{found, "", "Cross Target", "Glasses Target", "HMD Target",
-                                     "aerials"}));
+        QCOMPARE(names, (QStringList{foundTargets, "", "Cross Target", "Glasses Target",
+                                     "HMD Target", "aerials"}));
     });
 }
 
@@ -368,7 +366,7 @@ void tst_StandardAdministration::categoryRefreshesItsTargets()
         const auto *select = Drive::find<QPushButton>(page(window), "pushButton_select");
         press(targets(window), 0, 1);
         QVERIFY(select->isEnabled());
-        Drive::choose(categories, found);
+        Drive::choose(categories, foundTargets);
         QVERIFY(!select->isEnabled());
     });
 }
@@ -379,12 +377,12 @@ void tst_StandardAdministration::deactivatingReferenceAsks()
 {
     TestHost host;
     open(host, [&](QWidget *, QTableWidget *bodies) {
-        robot().expectBox(QStringLiteral("MORVEK3"), deactivation, QMessageBox::No);
+        robot().expectBox(boxTitle, deactivation, QMessageBox::No);
         toggle(bodies, 2, ActiveColumn);
         QCOMPARE(host.writes(), QStringList());
         QCOMPARE(bodies->item(2, ActiveColumn)->checkState(), Qt::Checked);
         QVERIFY(body(host, 2).active);
-        robot().expectBox(QStringLiteral("MORVEK3"), deactivation, QMessageBox::Yes);
+        robot().expectBox(boxTitle, deactivation, QMessageBox::Yes);
         bodies->setFocus();
         bodies->setCurrentCell(2, ActiveColumn);
         QTest::keyClick(bodies, Qt::Key_Space);
@@ -399,7 +397,7 @@ void tst_StandardAdministration::dialogDeletedInDeactivation()
 {
     TestHost host;
     openDeletable(host, [&](QWidget *, QTableWidget *bodies) {
-        robot().expectBox(QStringLiteral("MORVEK3"), deactivation, QMessageBox::Yes, deletion());
+        robot().expectBox(boxTitle, deactivation, QMessageBox::Yes, deletion());
         toggle(bodies, 2, ActiveColumn);
     });
     QCOMPARE(host.writes(), QStringList());

@@ -17,8 +17,6 @@ struct SearchPage {
     QList<QByteArray> searchControls; ///< disabled while a search runs
 };
 
-const QString foundTargets = QStringLiteral("- Found Targets -");
-const QString boxTitle = QStringLiteral("MORVEK3");
 const QString noneFound = QStringLiteral("No targets could be identified in library");
 const QString twoFound = QStringLiteral("2 targets could be identified in library");
 

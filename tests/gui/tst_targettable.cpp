@@ -8,9 +8,6 @@
 
 namespace {
 
-const QString customCheck = QStringLiteral("morvek2 targetlib check_custom_calibration");
-const QString found = QStringLiteral("- Found Targets -");
-
 /** A page that shows which target row it remembers. */
 class RememberingPage : public StandardAdministration {
 public:
@@ -68,7 +65,8 @@ void tst_TargetTable::listsCategory_data()
     QTest::newRow("glasses") << "Glasses Target" << QStringList{"t06", "t07", "t08", "t09"}
                              << QStringList{"custom", "", "", ""};
     QTest::newRow("without a group") << "" << QStringList{"t13", "t14"} << QStringList{"", "yes"};
-    QTest::newRow("found") << found << QStringList{"t02", "t06"} << QStringList{"", "custom"};
+    QTest::newRow("found") << foundTargets << QStringList{"t02", "t06"}
+                           << QStringList{"", "custom"};
 }
 
 void tst_TargetTable::listsCategory()

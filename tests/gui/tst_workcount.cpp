@@ -3,8 +3,6 @@
 #include <QAbstractItemView>
 #include <QProxyStyle>
 
-namespace {
-
 /** Counts the size hints that item views ask for; each is a layout of a text. */
 class CountingStyle : public QProxyStyle {
 public:
@@ -18,6 +16,8 @@ public:
 
     mutable int sizeHints = 0;
 };
+
+namespace {
 
 /** Notes which widgets of a window are drawn. */
 class DrawnWidgets : public QObject {
@@ -261,8 +261,8 @@ void tst_WorkCount::searchTickWithNothingNewDrawsNothing()
         QCOMPARE(m_style->sizeHints, 0);
         QCOMPARE(drawn.besideTables, QStringList());
         QCOMPARE(drawn.tableContents, 0);
-        robot().expectBox(QStringLiteral("MORVEK3"),
-                          QStringLiteral("One target could be identified in library"), Box::Ok);
+        robot().expectBox(boxTitle, QStringLiteral("One target could be identified in library"),
+                          Box::Ok);
         Drive::click(page, "pushButton_stop");
     });
 }

@@ -1,7 +1,5 @@
-#include "BackendVersions.h"
 #include "dialogtest.h"
-
-Q_DECLARE_METATYPE(VersionInfo)
+#include "versioninfo.h"
 
 /** Version triples and what a host says about its controller. */
 class tst_BackendVersions : public DialogTest {

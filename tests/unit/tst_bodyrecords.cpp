@@ -1,11 +1,10 @@
 #include "bodies/bodyrecords.h"
+#include "bodytypes.h"
 #include "dialogtest.h"
 
 #include <QTableWidget>
 
 namespace {
-
-const QString standard = QStringLiteral("standard");
 
 /** Records as a tab has them. */
 class Records : public BodyRecords {

@@ -1,4 +1,5 @@
 #include "bodies/bodysnapshot.h"
+#include "bodytypes.h"
 #include "testprogram.h"
 
 #include <QtTest>
@@ -7,10 +8,8 @@
 
 namespace {
 
-const QString standard = QStringLiteral("standard");
-
 /** Two standard bodies; the first is named, holds a target, a sensor and the reference mark. */
-BodyRegistry twoBodies()
+BodyRegistry twoRecords()
 {
     AdminBodyType record;
     record.bodies.resize(2);
@@ -73,7 +72,7 @@ void tst_BodySnapshot::noticesChanges_data()
 void tst_BodySnapshot::noticesChanges()
 {
     QFETCH(Change, change);
-    BodyRegistry registry = twoBodies();
+    BodyRegistry registry = twoRecords();
     const BodySnapshot snapshot(registry, standard, 0);
     change(registry);
     QTEST(snapshot.isCurrent(registry), "current");
@@ -81,7 +80,7 @@ void tst_BodySnapshot::noticesChanges()
 
 void tst_BodySnapshot::isNeverCurrentForNoBody()
 {
-    const BodyRegistry registry = twoBodies();
+    const BodyRegistry registry = twoRecords();
     QVERIFY(!BodySnapshot().isCurrent(registry));
     QVERIFY(!BodySnapshot(registry, standard, -1).isCurrent(registry));
     QVERIFY(!BodySnapshot(registry, standard, 2).isCurrent(registry));

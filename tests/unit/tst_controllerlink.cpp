@@ -1,27 +1,13 @@
-#include "MessageReceiver.h"
 #include "controllerlink.h"
 #include "dialogtest.h"
+#include "listener.h"
+#include "versioninfo.h"
 
 #include <QProcess>
 
 #include <clocale>
 
-Q_DECLARE_METATYPE(VersionInfo)
-
 namespace {
-
-/** Keeps the messages it received. */
-class Listener : public MessageReceiver {
-public:
-    int transmit_message(int kind, const char *sender, const char *text) override
-    {
-        received << QStringLiteral("%1|%2|%3")
-                            .arg(kind)
-                            .arg(QString::fromUtf8(sender), QString::fromUtf8(text));
-        return 0;
-    }
-    QStringList received;
-};
 
 /** Switches to a locale with a decimal comma; makes one in `folder` when none is installed. */
 bool useCommaLocale(const QString &folder)
@@ -492,8 +478,8 @@ void tst_ControllerLink::logsAndPosts()
     const QString line = QString::fromUtf8("Error: Unable to get 100%s of \xc3\x84");
     link.log(line);
     link.post("BodyCalModule", QStringLiteral("OpenBodyCalDialog standard b01"));
-    QCOMPARE(log.received, QStringList{"1|MORVEK3|" + line});
-    QCOMPARE(module.received,
+    QCOMPARE(log.heard, QStringList{"1|MORVEK3|" + line});
+    QCOMPARE(module.heard,
              QStringList{"1|BodyAdministrationModule|OpenBodyCalDialog standard b01"});
     QCOMPARE(host.log(), QStringList{line});
 }
@@ -507,7 +493,7 @@ void tst_ControllerLink::deliversOnlyToRegisteredReceivers()
     host.io.send_message("GlobalEvent", "Somebody", 7, "first");
     link.unregisterReceiver("GlobalEvent", &listener);
     host.io.send_message("GlobalEvent", "Somebody", 7, "second");
-    QCOMPARE(listener.received, QStringList{"7|Somebody|first"});
+    QCOMPARE(listener.heard, QStringList{"7|Somebody|first"});
     QCOMPARE(host.io.receiverCount("GlobalEvent"), 0);
 }
 
@@ -529,7 +515,7 @@ void tst_ControllerLink::survivesMissingHostObjects()
     link.post("BodyCalModule", QStringLiteral("lost"));
     link.registerReceiver("GlobalEvent", &listener);
     link.unregisterReceiver("GlobalEvent", &listener);
-    QCOMPARE(listener.received, QStringList());
+    QCOMPARE(listener.heard, QStringList());
 
     TestHost host;
     const ControllerLink withoutVersions(&host.io, nullptr);

@@ -155,7 +155,7 @@ struct UnknownRow {
     const char *line;
 };
 
-const UnknownRow unknownRows[] = {
+const UnknownRow unknownCommands[] = {
         {"a read where only a write exists", Access::Get, "body number_of_marker standard b01"},
         {"a write where only a read exists", Access::Set, "standard max_number_of_bodies 3"},
         {"an action sent as a write", Access::Set, "morvek2 cal targetlib start"},
@@ -294,7 +294,7 @@ void tst_SimulatedCommands::unknownLines_data()
 {
     QTest::addColumn<Access>("access");
     QTest::addColumn<QByteArray>("line");
-    for (const UnknownRow &row : unknownRows)
+    for (const UnknownRow &row : unknownCommands)
         QTest::newRow(row.name) << row.access << QByteArray(row.line);
 }
 

@@ -1,15 +1,10 @@
 #include "ScenarioFile.h"
 #include "SimulatedController.h"
+#include "bodytypes.h"
 #include "testprogram.h"
 
 #include <QSignalSpy>
 #include <QTest>
-
-namespace {
-
-const QString standardWord = QStringLiteral("standard");
-
-} // namespace
 
 /** What commands do to the rest of the controller. */
 class tst_SimulatedController : public QObject {
@@ -62,7 +57,7 @@ private:
     QByteArray get(const char *line);
     bool set(const char *line);
     bool act(const char *line);
-    BodyState body(int number, const QString &type = standardWord);
+    BodyState body(int number, const QString &type = standard);
     void edit(const std::function<void(ControllerState &)> &change);
 
     ControllerState m_studio;
@@ -578,7 +573,7 @@ void tst_SimulatedController::setStateIsSeen()
 {
     QSignalSpy changes(m_controller.get(), &SimulatedController::stateChanged);
     edit([](ControllerState &state) {
-        state.bodyTypes[standardWord].bodies[0].description = QStringLiteral("Behind your back");
+        state.bodyTypes[standard].bodies[0].description = QStringLiteral("Behind your back");
     });
     QCOMPARE(changes.count(), 1);
     QCOMPARE(get("body desc standard b01"), QByteArray("Behind your back"));

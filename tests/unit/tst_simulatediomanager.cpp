@@ -1,8 +1,8 @@
 #include "FaultEngine.h"
-#include "MessageReceiver.h"
 #include "ScenarioFile.h"
 #include "SimulatedController.h"
 #include "SimulatedIOManager.h"
+#include "listener.h"
 #include "testprogram.h"
 
 #include <QSignalSpy>
@@ -15,23 +15,6 @@
 namespace {
 
 using Operation = TranscriptEntry::Operation;
-
-/** Keeps the messages it receives, and can withdraw itself while one is delivered. */
-class Listener : public MessageReceiver {
-public:
-    int transmit_message(int kind, const char *sender, const char *text) override
-    {
-        heard << QStringLiteral("%1|%2|%3")
-                         .arg(kind)
-                         .arg(QLatin1String(sender), QString::fromUtf8(text));
-        if (leaves)
-            leaves->unregister_receiver("GlobalEvent", this);
-        return 0;
-    }
-
-    QStringList heard;
-    IOManager *leaves = nullptr;
-};
 
 struct FaultRow {
     const char *name;

@@ -3,6 +3,7 @@
 #include "ScriptCommand.h"
 #include "SecondClientPanel.h"
 #include "WorkbenchSession.h"
+#include "bodytypes.h"
 #include "dialogtest.h"
 
 #include <QComboBox>
@@ -45,7 +46,6 @@ private:
 
 namespace {
 
-const QString standard = QStringLiteral("standard");
 const QString references = QStringLiteral("measurementtool_reference");
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "ModuleRequest.h"
 #include "SubstituteDialog.h"
 #include "SubstituteModule.h"
+#include "bodytypes.h"
 #include "dialogtest.h"
 
 #include <QLabel>
@@ -29,8 +30,6 @@ private slots:
 };
 
 namespace {
-
-const QString standard = QStringLiteral("standard");
 
 const BodyState &body(const TestHost &host, int index)
 {

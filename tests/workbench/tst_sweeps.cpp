@@ -1,4 +1,6 @@
 #include "dialogtest.h"
+#include "filecontents.h"
+#include "outcome.h"
 
 #include <QFile>
 #include <QProcess>
@@ -18,11 +20,6 @@ private slots:
     void scenarioThatIsNone();
 
 private:
-    struct Outcome {
-        int status = -1;
-        QString out;
-        QString err;
-    };
     Outcome run(const QStringList &arguments) const;
     QString file(const QString &name) const { return m_dir.filePath(name); }
     QByteArray read(const QString &name) const;
@@ -33,28 +30,20 @@ private:
 
 namespace {
 
-constexpr int patienceMs = 120000;
 const QString sweeps = QStringLiteral(TRACKING_SOURCE_DIR "/tests/workbench/sweeps/");
 
 } // namespace
 
-tst_Sweeps::Outcome tst_Sweeps::run(const QStringList &arguments) const
+Outcome tst_Sweeps::run(const QStringList &arguments) const
 {
     QProcess process;
     process.start(QStringLiteral(WORKBENCH_PROGRAM), QStringList{"--headless"} + arguments);
-    Outcome outcome;
-    if (!process.waitForFinished(patienceMs))
-        return outcome;
-    outcome.status = process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -2;
-    outcome.out = QString::fromUtf8(process.readAllStandardOutput());
-    outcome.err = QString::fromUtf8(process.readAllStandardError());
-    return outcome;
+    return outcomeOf(process);
 }
 
 QByteArray tst_Sweeps::read(const QString &name) const
 {
-    QFile input(file(name));
-    return input.open(QIODevice::ReadOnly) ? input.readAll() : QByteArray();
+    return contents(file(name));
 }
 
 QString tst_Sweeps::write(const QString &name, const QByteArray &text) const

@@ -3,6 +3,8 @@
 #include "TranscriptModel.h"
 #include "TranscriptText.h"
 #include "dialogtest.h"
+#include "filecontents.h"
+#include "madeentry.h"
 
 #include <QAbstractItemModelTester>
 #include <QLabel>
@@ -37,26 +39,9 @@ private slots:
 
 namespace {
 
-TranscriptEntry entry(Operation operation, const QByteArray &line, const QByteArray &answer = {},
-                      int result = 0)
-{
-    TranscriptEntry made;
-    made.operation = operation;
-    made.line = line;
-    made.answer = answer;
-    made.result = result;
-    return made;
-}
-
 QString cell(const QAbstractItemModel &model, int row, int column)
 {
     return model.index(row, column).data().toString();
-}
-
-QByteArray contents(const QString &file)
-{
-    QFile input(file);
-    return input.open(QIODevice::ReadOnly) ? input.readAll() : QByteArray();
 }
 
 } // namespace

@@ -8,7 +8,9 @@
 #include "StallMeter.h"
 #include "WorkbenchSession.h"
 #include "WorkbenchTime.h"
+#include "bodytypes.h"
 #include "dialogtest.h"
+#include "filecontents.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -58,8 +60,6 @@ private:
 
 namespace {
 
-const QString standard = QStringLiteral("standard");
-
 QString textOf(QWidget *root, const char *label)
 {
     return Drive::find<QLabel>(root, label)->text();
@@ -81,12 +81,6 @@ void toggleListItem(QListWidget *list, int row)
 {
     list->setCurrentRow(row);
     QTest::keyClick(list, Qt::Key_Space);
-}
-
-QByteArray contents(const QString &file)
-{
-    QFile input(file);
-    return input.open(QIODevice::ReadOnly) ? input.readAll() : QByteArray();
 }
 
 } // namespace

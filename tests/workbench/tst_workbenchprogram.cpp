@@ -1,5 +1,7 @@
 #include "Recording.h"
 #include "ScenarioLocator.h"
+#include "filecontents.h"
+#include "outcome.h"
 #include "testprogram.h"
 
 #include <QDir>
@@ -39,11 +41,6 @@ private slots:
     void preferencesOfTheUserAreLeftAlone();
 
 private:
-    struct Outcome {
-        int status = -1;
-        QString out;
-        QString err;
-    };
     Outcome run(const QStringList &arguments, bool offscreen = true) const;
     /** Writes a file into the test's folder and answers its path. */
     QString write(const QString &name, const QByteArray &text) const;
@@ -59,8 +56,6 @@ private:
 
 namespace {
 
-constexpr int patienceMs = 120000;
-
 const char *const renameScript = "menu \"Body administration\"\n"
                                  "type tableWidget_standard 1 Name Hat\n"
                                  "click pushButton_exit\n";
@@ -72,8 +67,7 @@ void tst_WorkbenchProgram::init()
     m_dir = std::make_unique<QTemporaryDir>();
 }
 
-tst_WorkbenchProgram::Outcome tst_WorkbenchProgram::run(const QStringList &arguments,
-                                                        bool offscreen) const
+Outcome tst_WorkbenchProgram::run(const QStringList &arguments, bool offscreen) const
 {
     QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -86,13 +80,7 @@ tst_WorkbenchProgram::Outcome tst_WorkbenchProgram::run(const QStringList &argum
     process.setProcessEnvironment(environment);
     process.setWorkingDirectory(m_dir->path());
     process.start(QStringLiteral(WORKBENCH_PROGRAM), arguments);
-    Outcome outcome;
-    if (!process.waitForFinished(patienceMs))
-        return outcome;
-    outcome.status = process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -2;
-    outcome.out = QString::fromUtf8(process.readAllStandardOutput());
-    outcome.err = QString::fromUtf8(process.readAllStandardError());
-    return outcome;
+    return outcomeOf(process);
 }
 
 QString tst_WorkbenchProgram::write(const QString &name, const QByteArray &text) const
@@ -104,8 +92,7 @@ QString tst_WorkbenchProgram::write(const QString &name, const QByteArray &text)
 
 QByteArray tst_WorkbenchProgram::read(const QString &file) const
 {
-    QFile input(QDir(m_dir->path()).filePath(file));
-    return input.open(QIODevice::ReadOnly) ? input.readAll() : QByteArray();
+    return contents(QDir(m_dir->path()).filePath(file));
 }
 
 void tst_WorkbenchProgram::helpAndVersion()
