@@ -18,6 +18,22 @@ int columnOf(const QAbstractItemModel *model, const QString &column)
     return isNumber ? number : -1;
 }
 
+/** The row of that number, from 1, or the first with a cell of that text; -1 when there is none. */
+int rowOf(const QAbstractItemModel *model, const QString &row)
+{
+    bool isNumber = false;
+    const int number = row.toInt(&isNumber);
+    if (isNumber)
+        return number - 1;
+    for (int i = 0; i < model->rowCount(); ++i) {
+        for (int column = 0; column < model->columnCount(); ++column) {
+            if (model->index(i, column).data().toString() == row)
+                return i;
+        }
+    }
+    return -1;
+}
+
 QStringList titlesOf(const QAbstractItemModel *model)
 {
     QStringList titles;
@@ -43,7 +59,7 @@ ScriptItem ScriptItem::find(const QString &table, const QString &row, const QStr
         return item;
     }
     const QAbstractItemModel *model = item.view->model();
-    item.index = model->index(row.toInt() - 1, columnOf(model, column));
+    item.index = model->index(rowOf(model, row), columnOf(model, column));
     if (!item.index.isValid()) {
         *problem = QStringLiteral("expected row %1, column \"%2\" in \"%3\", found %4 rows and %5 "
                                   "columns")

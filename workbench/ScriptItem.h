@@ -5,7 +5,9 @@
 
 class QAbstractItemView;
 
-/** A cell of a visible table, named by a script: table, row from 1, column title or number from 0.
+/**
+ * A cell of a visible table, named by a script: table, row from 1 or the text of one of its cells,
+ * column title or number from 0.
  */
 struct ScriptItem {
     QAbstractItemView *view = nullptr;

@@ -61,10 +61,12 @@ QString unasked(const QStringList &writes, QStringList allowed)
 
 /**
  * The dialogs ask for these in passing as well: without an answer they take what is usual, and
- * nothing is said about it.
+ * nothing is said about it. Nor do they look at how the end of a search was answered.
  */
 bool isAskedInPassing(const TranscriptEntry &entry)
 {
+    if (entry.operation == Operation::Command)
+        return entry.line == "morvek2 cal targetlib stop";
     static const QVector<QByteArray> patterns = {
             "body targetlib_name TYPE bNN",
             "config is_changeable",
@@ -115,21 +117,45 @@ QString answerAt(const QVector<TranscriptEntry> &transcript, int operation)
     return QString();
 }
 
-/** Which step the operation belongs to. */
-int stepOf(const QVector<SweepStep> &steps, int operation)
+/** Which step the operation belongs to; its number is then that within the step, from 1. */
+int stepOf(const QVector<SweepStep> &steps, int *operation)
 {
     int step = 0;
-    while (step + 1 < steps.size() && operation > steps.at(step).operations.size())
-        operation -= steps.at(step++).operations.size();
+    while (step + 1 < steps.size() && *operation > steps.at(step).operations.size())
+        *operation -= steps.at(step++).operations.size();
     return step;
+}
+
+/** What a line may write; its own writes, and those of the answer to a box that it may not open. */
+SweepStep allowedIn(const QVector<SweepStep> &undisturbedSteps, int index, bool isNameUnread)
+{
+    SweepStep allowed = undisturbedSteps.at(index);
+    const SweepStep following = undisturbedSteps.value(index + 1);
+    // A body without a name is overwritten without the question that names it.
+    if (isNameUnread && following.line.words.value(0) == QLatin1String("answer"))
+        allowed.operations += following.operations;
+    return allowed;
+}
+
+bool isNameOfBody(const TranscriptEntry &entry)
+{
+    const CommandTable::Match match = CommandTable::instance().find(CommandAccess::Get, entry.line);
+    return entry.isGet() && match.entry && QByteArray(match.entry->pattern) == "body desc TYPE bNN";
+}
+
+/** A name that the controller gives, or its last word, is asked about as it came. */
+bool repeats(const QString &question, const QString &answer)
+{
+    const QString word = question.section(QLatin1Char(' '), -1);
+    return !answer.isEmpty()
+           && (question.contains(answer) || answer.split(QLatin1Char(' ')).contains(word));
 }
 
 QStringList malformations(const QVector<TranscriptEntry> &transcript, const QString &answer)
 {
     QStringList found;
     for (const TranscriptEntry &entry : transcript) {
-        // A name that the controller gives is asked about as it came.
-        if (entry.isGet() && !answer.isEmpty() && QString::fromUtf8(entry.line).contains(answer))
+        if (entry.isGet() && repeats(QString::fromUtf8(entry.line), answer))
             continue;
         const QString problem = LineChecks::malformation(entry);
         if (!problem.isEmpty() && !found.contains(problem))
@@ -145,7 +171,9 @@ QStringList SweepChecks::violations(const QVector<SweepStep> &undisturbedSteps,
                                     const QVector<TranscriptEntry> &transcript, int disturbed)
 {
     QStringList found = malformations(transcript, answerAt(transcript, disturbed));
-    const int disturbedStep = stepOf(undisturbedSteps, disturbed);
+    const int disturbedStep = stepOf(undisturbedSteps, &disturbed);
+    const bool isNameUnread =
+            isNameOfBody(undisturbedSteps.at(disturbedStep).operations.at(disturbed - 1));
     int next = 0;
     for (int i = 0; i < steps.size(); ++i) {
         const SweepStep &step = steps.at(i);
@@ -156,11 +184,10 @@ QStringList SweepChecks::violations(const QVector<SweepStep> &undisturbedSteps,
         if (next < disturbedStep)
             continue;
         const QString place = QStringLiteral("line %1: ").arg(step.line.number);
-        const QStringList allowed = writesOf(undisturbed);
+        const SweepStep allowed = allowedIn(undisturbedSteps, next, isNameUnread);
         // Later lines act on what the disturbance left, so only their kind of writes is known.
-        const QString write = next == disturbedStep
-                                      ? unasked(writesOf(step), allowed)
-                                      : unasked(shapesOf(step), shapesOf(undisturbed));
+        const QString write = next == disturbedStep ? unasked(writesOf(step), writesOf(allowed))
+                                                    : unasked(shapesOf(step), shapesOf(allowed));
         if (!write.isEmpty())
             found << place
                              + QStringLiteral("expected no other writes than undisturbed, found %1")

@@ -200,6 +200,10 @@ void inputRows()
     QTest::newRow("no row") << opened + "cell tableWidget_standard 9 ID\n"
                             << "s:3: expected row 9, column \"ID\" in \"tableWidget_standard\", "
                                "found 8 rows and 10 columns";
+    QTest::newRow("no row of that text")
+            << opened + "cell tableWidget_standard Nobody ID\n"
+            << "s:3: expected row Nobody, column \"ID\" in \"tableWidget_standard\", "
+               "found 8 rows and 10 columns";
     QTest::newRow("no check box") << opened + "check tableWidget_standard 8 Active\n"
                                   << "s:3: expected a check box in the cell, found none";
     QTest::newRow("not editable") << opened + "type tableWidget_standard 1 ID x\n"
@@ -244,6 +248,8 @@ void expectationRows()
 {
     QTest::newRow("text") << opened + "expect text spinBox_standard_bodies 7\n"
                           << "s:3: expected spinBox_standard_bodies \"7\", found \"8\"";
+    QTest::newRow("row by its text") << opened + "expect cell tableWidget_standard Cap ID 2\n"
+                                     << "s:3: expected row Cap, ID, \"2\", found \"1\"";
     QTest::newRow("cell") << opened + "expect cell tableWidget_standard 1 Name Hat\n"
                           << "s:3: expected row 1, Name, \"Hat\", found \"Cap\"";
     QTest::newRow("rows") << opened + "expect rows tableWidget_standard 7\n"

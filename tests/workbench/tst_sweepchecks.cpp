@@ -2,6 +2,7 @@
 #include "SweepChecks.h"
 #include "SweepFaults.h"
 #include "dialogtest.h"
+#include "madeentry.h"
 
 using Operation = TranscriptEntry::Operation;
 
@@ -16,7 +17,9 @@ private slots:
     void writeThatIsLeftOutIsFine();
     void laterLinesMayWriteOtherValues();
     void laterLinesMayNotWriteOtherThings();
+    void bodyWithoutANameIsOverwrittenUnasked();
     void failedOperationNeedsALogLine();
+    void endOfASearchIsNotLookedAt();
     void boxTellsOfTheFailure();
     void lookingForTargetsIsNoWrite();
     void operationsHaveALimit();
@@ -36,15 +39,6 @@ private:
 };
 
 namespace {
-
-TranscriptEntry entry(Operation operation, const QByteArray &line, int result = 0)
-{
-    TranscriptEntry made;
-    made.operation = operation;
-    made.line = line;
-    made.result = result;
-    return made;
-}
 
 SweepStep step(int number, const QString &words, const QVector<TranscriptEntry> &operations)
 {
@@ -113,6 +107,22 @@ void tst_SweepChecks::laterLinesMayNotWriteOtherThings()
                                         "body active TYPE bNN VALUE"});
 }
 
+void tst_SweepChecks::bodyWithoutANameIsOverwrittenUnasked()
+{
+    const TranscriptEntry limit = entry(Operation::GetInt, "standard max_number_of_bodies");
+    const TranscriptEntry calibration =
+            entry(Operation::Command, "morvek2 body calibrate_from_targetlib standard b01 t01");
+    m_undisturbed[1].operations[1] = limit;
+    m_undisturbed << step(6, QStringLiteral("click select"), {query})
+                  << step(7, QStringLiteral("answer Warning Overwrite OK"), {calibration});
+    m_steps = m_undisturbed;
+    m_steps[4].operations << calibration;
+    m_steps[5].operations.clear();
+    QCOMPARE(violations(1), QStringList());
+    // Whatever else fails, the question has to come.
+    QCOMPARE(violations(2).size(), 1);
+}
+
 void tst_SweepChecks::failedOperationNeedsALogLine()
 {
     m_steps[1].operations[1].result = 1;
@@ -123,6 +133,18 @@ void tst_SweepChecks::failedOperationNeedsALogLine()
     QCOMPARE(violations(2).size(), 1);
     m_steps[1].log << QStringLiteral("Error: no name");
     QCOMPARE(violations(2), QStringList());
+}
+
+void tst_SweepChecks::endOfASearchIsNotLookedAt()
+{
+    m_steps[3].operations[1] = entry(Operation::Command, "morvek2 cal targetlib stop");
+    m_steps[3].operations[1].result = 1;
+    m_undisturbed[3].operations[1].line = m_steps[3].operations[1].line;
+    m_undisturbed[3].operations[1].operation = Operation::Command;
+    QCOMPARE(violations(6), QStringList());
+    m_steps[3].operations[1].line = "morvek2 cal targetlib start";
+    m_undisturbed[3].operations[1].line = "morvek2 cal targetlib start";
+    QCOMPARE(violations(6).size(), 1);
 }
 
 void tst_SweepChecks::boxTellsOfTheFailure()
@@ -183,6 +205,11 @@ void tst_SweepChecks::nameIsAskedAboutAsItCame()
     m_steps[1].operations[0].answer = "a b";
     m_steps[1].operations[1].line = "filter6d mode_desc a b";
     QCOMPARE(violations(1), QStringList());
+    m_steps[1].operations[1].line = "qorwpan device_model_desc b";
+    QCOMPARE(violations(1), QStringList());
+    m_steps[1].operations[1].line = "qorwpan device_model_desc c";
+    QCOMPARE(violations(1).size(), 1);
+    m_steps[1].operations[1].line = "filter6d mode_desc a b";
     // Nobody answered the second operation so.
     QCOMPARE(violations(2).size(), 1);
     // Nor does anybody set something to it.
