@@ -20,8 +20,11 @@ constexpr int messageKind = 1;
 /** Room for an answer, far above the 200 bytes that the host promises to stay within. */
 using AnswerBuffer = std::array<char, 8192>;
 
-/** The part of an answer buffer that is zeroed, so that a short answer ends even without a NUL. */
-constexpr int zeroedBytes = 1024;
+/**
+ * The part of an answer buffer that is zeroed, more than the host promises to use: an answer ends even
+ * without a NUL.
+ */
+constexpr int zeroedBytes = 256;
 
 /** A sign that would break a line of the message log or of a label. */
 bool isControl(QChar sign)
@@ -57,9 +60,7 @@ QString decode(AnswerBuffer &buffer)
 /** True when it converts texts and whole numbers only, which read the same in every locale. */
 bool isLocaleFree(const char *format)
 {
-    for (; *format != '\0'; ++format) {
-        if (*format != '%')
-            continue;
+    for (format = std::strchr(format, '%'); format; format = std::strchr(format, '%')) {
         do {
             ++format;
         } while ((*format >= '0' && *format <= '9') || *format == '.');

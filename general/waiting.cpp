@@ -14,7 +14,7 @@ namespace {
 
 constexpr qint64 patienceMs = 300;
 /** Nobody reads a count that changes faster, and drawing it takes longer than many a query. */
-constexpr qint64 betweenCountsMs = 100;
+constexpr qint64 betweenCountsMs = 250;
 
 std::function<qint64()> &clockInUse()
 {
