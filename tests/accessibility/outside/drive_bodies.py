@@ -16,6 +16,9 @@ from gi.repository import GLib
 # The longest wait for the other process, which may be slow where the machine is busy.
 PATIENCE_S = 60
 LOOK_EVERY_S = 0.1
+# The longest wait for one answer; that of an action is short, see act().
+ANSWER_MS = 15000
+ACTION_MS = 1000
 
 REFUSED = "set body desc standard b02* refuse"
 WRITES = [
@@ -77,10 +80,13 @@ def act(widget, *names):
     action = widget.queryAction()
     for i in range(action.nActions):
         if action.getName(i) in names:
+            # What it opens is modal, so that the answer would come when it is closed.
+            pyatspi.setTimeout(ACTION_MS, 0)
             try:
                 action.doAction(i)
             except GLib.GError:
-                pass  # what it opens is modal, so that the answer comes when it is closed
+                pass
+            pyatspi.setTimeout(ANSWER_MS, 0)
             return
     raise Failure(f"an action {names} of {widget.name}")
 
@@ -233,6 +239,7 @@ def started_host(process):
 
 def main():
     workbench, recording = sys.argv[1:]
+    pyatspi.setTimeout(ANSWER_MS, 0)
     process = subprocess.Popen(
         [workbench, "--scenario", "studio", "--record", recording, "--fault", REFUSED])
     try:
