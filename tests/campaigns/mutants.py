@@ -23,10 +23,10 @@ ROOT = pathlib.Path(__file__).resolve().parents[2]
 WORK = ROOT / "build" / "mutants"
 COPY = WORK / "source"
 BUILD = WORK / "build"
-PROGRAMS = ["unit_tests", "gui_tests"]  # of many classes
+PROGRAMS = ["unit_tests", "gui_tests", "accessibility_tests"]  # of many classes
 PLUGIN_TESTS = ["tst_plugin", "tst_pluginfile"]  # of one class each
-COPIED = ["CMakeLists.txt", "CMakePresets.json", "SourceFiles", "cmake", "docs", "examples", "forms",
-          "general", "hostinterface", "portability", "resources", "scenarios", "simulator", "tests",
+COPIED = ["CMakeLists.txt", "CMakePresets.json", "SourceFiles", "benchmarks", "cmake", "docs", "examples", "forms",
+          "general", "hostinterface", "packaging", "portability", "resources", "scenarios", "simulator", "tests",
           "translations", "userinput", "workbench"]
 SECONDS_PER_CLASS = 90
 

@@ -161,7 +161,7 @@ def output_of_failure(text, folder, environment):
 def problems(slow, workbench):
     for found in unfenced():
         yield f"{found}: fence the block"
-    ran = 0
+    done = set()  # what stands on several pages is run once
     with tempfile.TemporaryDirectory() as scratch:
         folder = pathlib.Path(scratch)
         environment = prepared(folder, workbench)
@@ -169,13 +169,13 @@ def problems(slow, workbench):
             text = commands(fence, lines)
             if text is None and fence not in NOT_RUN:
                 yield f"{found}: fence the block as sh test, sh slow, script, faults, cpp or text"
-            if text is None or (fence == "sh slow") != slow:
+            if text is None or text in done or (fence == "sh slow") != slow:
                 continue
-            ran += 1
+            done.add(text)
             failure = output_of_failure(text, folder, environment)
             if failure:
                 yield f"{found}: {failure}"
-    if ran == 0:
+    if not done:
         yield "no block was run"
 
 

@@ -17,7 +17,8 @@ fail() {
     exit 1
 }
 
-(cd "$build" && cpack -G DEB -B "$work/packages") >"$work/cpack" 2>&1 \
+# Not compressed well, but soon.
+(cd "$build" && cpack -G DEB -B "$work/packages" -D CPACK_DEBIAN_COMPRESSION_TYPE=gzip) >"$work/cpack" 2>&1 \
     || fail "no packages" "$work/cpack"
 for name in trackingsettings trackingsettings-dev trackingsettings-workbench; do
     package=$(echo "$work/packages/${name}_"*.deb)
