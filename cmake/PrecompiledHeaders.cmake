@@ -1,19 +1,22 @@
-# precompile_qt(TARGET HEADER...) compiles the headers once for the target.
-# reuse_precompiled(TARGET OWNER) lets the target use those of another one.
+# add_precompiled(NAME LIBRARIES HEADER...) compiles headers of those libraries of Qt once, and
+# use_precompiled(TARGET NAME) gives them to a target.
 # Both do nothing unless TRACKING_PRECOMPILED_HEADERS is on: a build without them shows a missing
 # include.
-function(precompile_qt target)
+function(add_precompiled name libraries)
     if(TRACKING_PRECOMPILED_HEADERS)
-        target_precompile_headers(${target} PRIVATE ${ARGN})
-        target_compile_options(${target} PRIVATE
-            $<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>)
+        set(source "${CMAKE_BINARY_DIR}/${name}.cpp")
+        file(CONFIGURE OUTPUT "${source}" CONTENT "// Only its precompiled headers are used.\n")
+        add_library(${name} OBJECT "${source}")
+        set_target_properties(${name} PROPERTIES AUTOMOC OFF AUTORCC OFF)
+        target_link_libraries(${name} PRIVATE project_options ${libraries})
+        target_precompile_headers(${name} PRIVATE ${ARGN})
+        target_compile_options(${name} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>)
     endif()
 endfunction()
 
-function(reuse_precompiled target owner)
+function(use_precompiled target name)
     if(TRACKING_PRECOMPILED_HEADERS)
-        target_precompile_headers(${target} REUSE_FROM ${owner})
-        target_compile_options(${target} PRIVATE
-            $<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>)
+        target_precompile_headers(${target} REUSE_FROM ${name})
+        target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>)
     endif()
 endfunction()
