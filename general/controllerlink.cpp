@@ -21,8 +21,8 @@ constexpr int messageKind = 1;
 using AnswerBuffer = std::array<char, 8192>;
 
 /**
- * The part of an answer buffer that is zeroed, more than the host promises to use: an answer ends even
- * without a NUL.
+ * The part of an answer buffer that is zeroed, more than the host promises to use: an answer ends
+ * even without a NUL.
  */
 constexpr int zeroedBytes = 256;
 
