@@ -207,8 +207,7 @@ void BodyAdministrationDlg::readMissing()
 void BodyAdministrationDlg::runModally()
 {
     if (m_running && !isVisible()) {
-        // The dialog is hidden for another module whose call has not returned yet. It is shown when
-        // the call returns.
+        // The dialog is hidden for another module, and is shown when that module's call returns.
         m_reopenPending = true;
         return;
     }
@@ -279,8 +278,7 @@ void BodyAdministrationDlg::offerStop()
         if (tab->isSearchRunning())
             return;
     }
-    // The search has lost its poll or belongs to another client. The operator can stop it, since
-    // nothing else ends it.
+    // The search lost its poll or belongs to another client. Only the operator can end it now.
     currentTab()->offerStop();
 }
 
@@ -314,9 +312,8 @@ void BodyAdministrationDlg::keyPressEvent(QKeyEvent *event)
 
 bool BodyAdministrationDlg::eventFilter(QObject *watched, QEvent *event)
 {
-    // Typed text is taken over before its page is left, because a hidden page no longer acts. Key
-    // and mouse events that a page does not handle also arrive at the frame of the pages; they do
-    // not leave the page.
+    // Typed text is taken over before its page is left, because a hidden page no longer acts.
+    // Unhandled keys and clicks arrive here, too, but they leave no page.
     const auto *key = event->type() == QEvent::KeyPress ? static_cast<QKeyEvent *>(event) : nullptr;
     const bool leavesByKey = key && (key->modifiers() & Qt::ControlModifier) != 0
                              && (key->key() == Qt::Key_Tab || key->key() == Qt::Key_Backtab);
@@ -489,8 +486,7 @@ void BodyAdministrationDlg::showLockState()
                                           : QIcon();
     if (windowIcon().cacheKey() != icon.cacheKey())
         setWindowIcon(icon);
-    // The button rules enable what the current body allows; enabling everything first would
-    // flicker.
+    // The button rules enable what the current body allows; enabling all buttons first flickers.
     const bool isAdjustable = m_is_bodyadjustment_module_available && !m_is_joywand_multiuser;
     const std::pair<QPushButton *, bool> buttons[] = {
             {ui->pushButton_filter, true},

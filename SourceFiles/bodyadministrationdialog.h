@@ -88,10 +88,7 @@ private:
     void readMissing();
     /** Reads what the dialog shows at its opening. False when the dialog was deleted meanwhile. */
     bool prepare();
-    /**
-     * Runs `reading`, then shows the dialog; `reading` returns false when the dialog was deleted
-     * meanwhile.
-     */
+    /** Runs `reading` and, unless it returns false for a deleted dialog, shows the dialog. */
     void showAfter(const std::function<bool()> &reading);
     void offerStop();
     void runModally();

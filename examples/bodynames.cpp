@@ -1,5 +1,6 @@
-// How another program embeds a dialog of the module: it brings an IOManager and the versions of the
-// controller, makes the dialog, and opens it. Here both come from the simulated controller.
+// Shows how another program embeds a dialog of the module: it provides an IOManager and the
+// versions of the controller, makes the dialog, and opens it. Here the simulated controller
+// provides both.
 
 #include "BackendVersions.h"
 #include "ScenarioFile.h"
@@ -23,10 +24,10 @@ constexpr int wrongInput = 2;
 
 struct Arguments {
     QString scenario;
-    QString picture; ///< empty when a user works the dialog
+    QString picture; ///< empty when a user operates the dialog
 };
 
-/** Reads the arguments before there is a window, so that help needs no display. */
+/** Reads the arguments before there is a window, so that the help needs no display. */
 Arguments readArguments(int argc, char **argv)
 {
     const QCoreApplication application(argc, argv);
@@ -72,7 +73,7 @@ void printWrites(const SimulatedIOManager &io)
     }
 }
 
-/** Ends the program with a sentence where the toolkit, finding no screen, would abort. */
+/** Ends the program with a message where Qt, finding no screen, would abort. */
 void endWithoutScreen(QtMsgType type, const QMessageLogContext &, const QString &text)
 {
     QTextStream(stderr) << text << '\n';
@@ -104,7 +105,7 @@ int main(int argc, char **argv)
     BodySettingsDlg dialog(&io, nullptr, &versions, moduleVersion());
     bool isSaved = true;
     if (!arguments.picture.isEmpty()) {
-        // The timer fires in the loop of exec(), when the dialog is on the screen.
+        // The timer fires in the event loop of exec(), when the dialog is on the screen.
         QTimer::singleShot(0, &dialog, [&] {
             isSaved = dialog.grab().save(arguments.picture);
             dialog.saveBodySettings();

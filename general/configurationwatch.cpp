@@ -5,7 +5,7 @@
 
 namespace {
 
-/** Every watch of the process; hosts are told apart by their IOManager. */
+/** Every watch of the process. Watches of different hosts differ in their IOManager. */
 QVector<QPointer<ConfigurationWatch>> &watches()
 {
     static QVector<QPointer<ConfigurationWatch>> all;
@@ -27,7 +27,7 @@ ConfigurationWatch::~ConfigurationWatch()
 
 void ConfigurationWatch::announce(IOManager *iom)
 {
-    // A copy: whoever reacts may open or close dialogs.
+    // A copy, because the slots that react may open or close dialogs.
     const auto all = watches();
     for (const QPointer<ConfigurationWatch> &watch : all) {
         if (!watch || watch->m_iom != iom)

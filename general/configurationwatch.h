@@ -5,10 +5,10 @@
 class IOManager;
 
 /**
- * Lets a dialog know that another configuration became active at its host's controller.
+ * Reports to a dialog that another configuration has become active at its host's controller.
  *
- * The message reaches the module at one place only, which announces it here; every watch with the
- * same IOManager hears of it, whichever dialog owns it. Owned by its dialog.
+ * Only one object of the module receives the host's message, and it calls announce(). Every watch
+ * with the same IOManager then emits changed(). Owned by its dialog.
  */
 class ConfigurationWatch : public QObject {
     Q_OBJECT
@@ -17,12 +17,12 @@ public:
     ConfigurationWatch(IOManager *iom, QObject *parent);
     ~ConfigurationWatch() override;
 
-    /** Another configuration became active at the controller behind `iom`. */
+    /** Called when another configuration has become active at the controller behind `iom`. */
     static void announce(IOManager *iom);
 
-    /** True when that happened since the construction or the last restart(). */
+    /** True when the configuration has changed since the construction or the last restart(). */
     bool hasChanged() const { return m_changed; }
-    /** From now on hasChanged() is false until the next change. */
+    /** Resets hasChanged() to false until the next change. */
     void restart() { m_changed = false; }
 
 signals:

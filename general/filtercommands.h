@@ -5,7 +5,7 @@
 #include <QString>
 
 /**
- * Writes the 6DOF filter of a body, which is named by its identifier, for example "standard b03".
+ * Writes the 6DOF filter of a body, which is given by its identifier, for example "standard b03".
  *
  * A value without widgets. A refused write puts one line into the message log.
  */

@@ -22,7 +22,7 @@ namespace {
 constexpr int standardType = 0;
 constexpr int joywandType = 1;
 
-/** The controller's word for a body type; empty for a type without filter. */
+/** The controller's word for a body type; empty for a type without a filter. */
 QString typeWord(int bodyType)
 {
     if (bodyType == standardType)
@@ -57,7 +57,7 @@ FilterDialog::FilterDialog(IOManager *iom, QWidget *parent, BackendVersions *beV
     WheelGuard::protect(this);
     ui->messageLine->follow(m_observer);
     auto *watch = new ConfigurationWatch(iom, this);
-    // What is shown belongs to the configuration that is gone: nothing of it is sent any more.
+    // The dialog shows values of the previous configuration, so that it must not send any of them.
     connect(watch, &ConfigurationWatch::changed, this, [this] { m_outdated = true; });
     // Queued, because the message may come while an operation waits for its answer.
     connect(watch, &ConfigurationWatch::changed, this, &FilterDialog::readAgain,
@@ -80,7 +80,7 @@ int FilterDialog::update_and_exec(int bodyType, int bodyIndex)
 {
     m_bodyType = bodyType;
     m_bodyIndex = bodyIndex;
-    // Without its parent, which the host may have deleted, it is not shown.
+    // The host may have deleted the parent; a dialog without it is not shown.
     return readFilter(QString()) && !m_link.isClosed() ? exec() : int(Rejected);
 }
 
@@ -125,7 +125,7 @@ bool FilterDialog::readFilter(const QString &preferredBody)
 
 void FilterDialog::clearBodies()
 {
-    // A dialog that opens for the first time shows no body yet, so there is nothing to clear.
+    // A dialog that opens for the first time shows no body, so that there is nothing to clear.
     if (ui->comboBox_body->count() == 0)
         return;
     mapIsTargetInertial.clear();
@@ -185,7 +185,7 @@ void FilterDialog::update_comboBox_body(int bodyType, int bodyIndex)
         mapIsTargetInertial.insert(body.identifier, body.hasSensor);
         const QString name = shownName(type, body);
         ui->comboBox_body->addItem(name, body.identifier);
-        // A long name is cut.
+        // The box cuts a long name, so that the tool tip shows it.
         ui->comboBox_body->setItemData(ui->comboBox_body->count() - 1, PlainText::toolTip(name),
                                        Qt::ToolTipRole);
     }
@@ -388,7 +388,7 @@ void FilterDialog::done(int result)
     const QPointer<FilterDialog> self(this);
     if (isUserAction()) {
         const Waiting waiting(m_observer, Waiting::For::Action, tr("Writing the filter ..."));
-        // Closing by key or button need not take the focus away first.
+        // Closing by key or button may leave the focus in the box, which then still holds the edit.
         ui->doubleSpinBox_strength->interpretText();
         on_doubleSpinBox_strength_editingFinished();
     }
@@ -442,7 +442,7 @@ void FilterDialog::on_doubleSpinBox_strength_editingFinished()
     const QString body = currentBody();
     if (!isUserAction() || body.isEmpty())
         return;
-    // Leaving the box, too, ends editing; only what the user has changed since is sent.
+    // Leaving the box also ends editing; only a change by the user is sent.
     if (const auto strength = m_strength->takeEdit())
         FilterCommands(link()).setStrength(body, *strength);
 }
@@ -476,7 +476,7 @@ void FilterDialog::on_pushButton_exit_clicked()
     close();
 }
 
-// By value: a host may delete the dialog while it works.
+// Returned by value, because a host may delete the dialog while the reader works.
 FilterReader FilterDialog::reader() const
 {
     return FilterReader(m_link, this);

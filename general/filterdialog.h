@@ -25,72 +25,80 @@ class FilterDialog;
  * Shows and sets the 6DOF filter of standard bodies or Joywand devices: on or off, preset,
  * strength, prediction and mode.
  *
- * Every change goes to the controller at once; leaving the dialog restores nothing. Made by the
- * window that opens it, which deletes it afterwards, and may be deleted at any time. A failed query
- * or write puts one line into the message log and the dialog goes on. When another configuration
- * becomes active while the dialog is open, it reads its body again.
+ * Every change goes to the controller at once, and leaving the dialog restores nothing. The window
+ * that opens the dialog makes it and deletes it afterwards; the host may delete it at any time. A
+ * failed query or write puts one line into the message log, and the dialog goes on. When another
+ * configuration becomes active while the dialog is open, the dialog reads its body again.
  */
 class FilterDialog final : public QDialog {
     Q_OBJECT
 
 public:
-    /** Reads presets, modes and limits. `iom` and `beVers` belong to the host and outlive this. */
+    /**
+     * Reads presets, modes and limits. `iom` and `beVers` belong to the host and outlive the
+     * dialog.
+     */
     FilterDialog(IOManager *iom, QWidget *parent, BackendVersions *beVers);
     ~FilterDialog() override;
 
     /**
      * Reads the filter of the bodies and runs the dialog modally.
      *
-     * @param bodyType  0 for standard bodies, 1 for Joywand devices; others are not available
-     * @param bodyIndex zero-based body to show alone; negative for all calibrated bodies of the
-     * type
+     * @param bodyType  0 for standard bodies, 1 for Joywand devices; other types are not available
+     * @param bodyIndex zero-based index of the only body to show; negative for all calibrated
+     *   bodies of the type
      * @return the result of exec()
      */
     int update_and_exec(int bodyType, int bodyIndex);
 
-    /** Enables or disables all editing widgets; the reason is shown unless the lock is the reason.
-     */
+    /** Enables or disables all editing widgets. A reason other than the lock is shown. */
     void enableDialog(bool enable, int bodyType);
-    /** True when the controller says that its configuration cannot be changed. */
+    /** True when the controller answers that its configuration cannot be changed. */
     bool getConfigLocked() const;
 
-    /** Lists the bodies, as update_and_exec() takes them; the first one becomes current. */
+    /**
+     * Lists the bodies; the parameters are those of update_and_exec(). The first body becomes
+     * current.
+     */
     void update_comboBox_body(int bodyType, int bodyIndex);
     /** Reads whether the current body's filter is on. */
     void update_checkbox_active();
-    /** Hides the check box for a body whose filter cannot be switched: one with a sensor. */
+    /** Hides the check box for a body with a sensor, because its filter cannot be switched off. */
     void activate_checkbox_active(const QString &body);
 
     /** Reads the strength limits. */
     void setup_spinBox_strength();
     /** Reads the prediction limits, shown in whole milliseconds. */
     void setup_spinBox_prediction();
-    /** Reads the current body's strength; 0 is shown when there is none to read. */
+    /** Reads the current body's strength; shows 0 when it cannot be read. */
     void update_doubleSpinBox_strength();
-    /** Lets the strength be edited for an own preset only; a hybrid preset has none to show. */
+    /**
+     * Enables the strength for a custom preset only, and hides it for a hybrid preset, which has
+     * none.
+     */
     void activate_controls_strength();
-    /** Reads the current body's prediction; 0 is shown when there is none to read. */
+    /** Reads the current body's prediction; shows 0 when it cannot be read. */
     void update_spinBox_prediction();
 
-    /** Reads the presets that the controller offers; the ones that cannot be read are left out. */
+    /** Reads the presets that the controller offers; leaves out those that cannot be read. */
     void setup_combobox_preset_info();
-    /** Lists the presets read at construction that `body` may use. */
+    /** Lists the presets that `body` may use, out of those read by the constructor. */
     void fill_list_combobox_preset(const QString &body);
-    /** Lists the presets for `body` on controllers that do not tell which ones it may use. */
+    /** Lists the presets for `body` with a controller that cannot answer which ones it may use. */
     void update_combobox_preset_list_01(const QString &body);
     /** Lists the presets that the controller offers for `body`. */
     void update_combobox_preset_list_02(const QString &body);
-    /** Lists the presets of the current body and selects the one it uses. */
+    /** Lists the presets of the current body and selects the body's preset. */
     void update_combobox_preset();
 
-    /** Lists the modes that the controller offers; the ones that cannot be read are left out. */
+    /** Lists the modes that the controller offers; leaves out those that cannot be read. */
     void setup_comboBox_mode();
     /** Lists the modes that the controller offers for `body`. */
     void update_comboBox_mode_list_02(const QString &body);
-    /** Lists the modes of the current body and selects the one it uses. */
+    /** Lists the modes of the current body and selects the body's mode. */
     void update_comboBox_mode();
 
-    /** Sends an edit that is still open in a spin box, then closes. */
+    /** Sends an unsent edit of a spin box, then closes the dialog. */
     void done(int result) override;
 
 private slots:
@@ -129,7 +137,8 @@ private:
     std::optional<LimitedValue<QDoubleSpinBox>> m_strength; ///< made with the form
     std::optional<LimitedValue<QSpinBox>> m_predictionMs;
 
-    int m_bodyType = -1; ///< as update_and_exec() got them
+    int m_bodyType = -1; ///< the parameters of update_and_exec()
     int m_bodyIndex = -1;
-    bool m_outdated = false; ///< another configuration became active since the last reading
+    /// true when another configuration has become active since the last reading
+    bool m_outdated = false;
 };

@@ -11,7 +11,7 @@ class FilterHelp;
 /**
  * The page that explains the 6DOF filter: strength, prediction and the filter modes.
  *
- * Stateless; made by the filter dialog each time its help is asked for.
+ * Stateless. The filter dialog makes it each time the user opens the help.
  */
 class FilterHelp final : public QDialog {
     Q_OBJECT

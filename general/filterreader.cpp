@@ -48,7 +48,7 @@ bool FilterReader::isAvailable(const QString &type) const
     return answer == QLatin1String("yes");
 }
 
-/** How the controller is asked for a list and its entries, and the log lines of failures. */
+/** The queries for a list and its entries, and the log lines of their failures. */
 struct FilterReader::ListQueries {
     std::optional<int> (*count)(const ControllerLink &link);
     std::optional<QString> (*id)(const ControllerLink &link, int number);
@@ -124,7 +124,7 @@ QVector<FilterReader::Choice> FilterReader::modesOf(const QString &body) const
     return choices(ListQueries::ofModes(), body);
 }
 
-/** The presets or modes in the controller's order; without a body all of them. */
+/** The presets or modes in the controller's order; all of them when `body` is empty. */
 QVector<FilterReader::Choice> FilterReader::choices(const ListQueries &list,
                                                     const QString &body) const
 {
@@ -287,7 +287,7 @@ std::optional<QString> FilterReader::mode(const QString &body) const
             QStringLiteral("Error: Unable to get filter 6d mode for body %1").arg(body));
 }
 
-// The summary of the body tables, whose failures have lines of their own
+// The summary for the body tables; its failures have log lines of their own
 
 std::optional<QString> FilterReader::summary(const QString &type, int index) const
 {

@@ -9,18 +9,18 @@
 #include <optional>
 
 /**
- * Reads the controller's 6DOF filter: what it offers, and what is set for a body.
+ * Reads the controller's 6DOF filter: what the controller offers, and what is set for a body.
  *
- * A value without widgets. A failed query puts one line into the message log, except on controllers
- * from before the filter: that they do not know the queries is no failure. A body is named by its
+ * A value without widgets. A failed query puts one line into the message log, except with
+ * controllers from before the filter, which do not know the queries. A body is given by its
  * identifier, for example "standard b03".
  */
 class FilterReader {
 public:
-    /** A preset or a mode, as a list offers it. */
+    /** A preset or a mode as an entry of a list. */
     struct Choice {
-        QString id;          ///< as the controller names it
-        QString description; ///< what the user reads
+        QString id;          ///< the controller's identifier
+        QString description; ///< the text that the user reads
     };
     /** The limits of a value; both 0 when they cannot be read. */
     template <typename Number>
@@ -32,40 +32,46 @@ public:
     /** A body that has a filter. */
     struct Body {
         QString identifier;
-        int index = 0;          ///< from zero
+        int index = 0;          ///< zero-based
         bool hasSensor = false; ///< carries an inertial sensor; false when that cannot be read
         QString description;    ///< empty when it cannot be read
     };
 
-    /** Lists are read no further when `asker`, if there is one, is deleted meanwhile. */
+    /** Reading a list stops when `asker`, if there is one, is deleted meanwhile. */
     explicit FilterReader(const ControllerLink &link, const QObject *asker = nullptr);
 
     /** True for a preset whose strength, prediction and mode the user sets. */
     static bool isCustomPreset(const QString &preset);
 
-    /** True when the controller offers the filter for bodies of `type`; queried from 1.12 on. */
+    /**
+     * True when the controller offers the filter for bodies of `type`; queried from protocol 1.12
+     * on.
+     */
     bool isAvailable(const QString &type) const;
-    /** The presets that the controller offers; the ones that cannot be read are left out. */
+    /** The presets that the controller offers; leaves out those that cannot be read. */
     QVector<Choice> presets() const;
-    /** The presets that the controller offers for `body`, which it answers from 1.21 on. */
+    /**
+     * The presets that the controller offers for `body`; controllers answer this from protocol 1.21
+     * on.
+     */
     QVector<Choice> presetsOf(const QString &body) const;
-    /** As presets(), for modes. */
+    /** Like presets(), for modes. */
     QVector<Choice> modes() const;
-    /** As presetsOf(), for modes. */
+    /** Like presetsOf(), for modes. */
     QVector<Choice> modesOf(const QString &body) const;
     Limits<double> strengthLimits() const;
     /** In whole milliseconds. */
     Limits<int> predictionLimits() const;
 
     /**
-     * The standard bodies or Joywand devices: the one at `index`, which counts from zero, or all
-     * calibrated ones when it is negative. A device has neither sensor nor description here.
+     * The standard bodies or Joywand devices: the one at the zero-based `index`, or all calibrated
+     * ones when `index` is negative. For a device neither sensor nor description is read.
      */
     QVector<Body> bodies(const QString &type, int index) const;
-    /** False when that cannot be read. */
+    /** True when the body carries an inertial sensor; false when that cannot be read. */
     bool hasSensor(const QString &body) const;
 
-    /** False when that cannot be read. */
+    /** True when the body's filter is on; false when that cannot be read. */
     bool isEnabled(const QString &body) const;
     /** Each is nothing when it cannot be read. */
     std::optional<QString> preset(const QString &body) const;
@@ -75,7 +81,7 @@ public:
 
     /**
      * The filter of a body in a few words, as the body tables show it; nothing when a query failed.
-     * `index` counts from zero.
+     * `index` is zero-based.
      */
     std::optional<QString> summary(const QString &type, int index) const;
 
@@ -94,7 +100,7 @@ private:
     std::optional<QString> customSummary(const QString &type, int index) const;
     void log(const QString &line, const QString &type, int index) const;
 
-    /** `answer` as it is; puts `errorLine` into the message log when there is none. */
+    /** Returns `answer` unchanged; logs `errorLine` when there is none. */
     template <typename Answer>
     std::optional<Answer> answered(std::optional<Answer> answer, const QString &errorLine) const;
 

@@ -14,7 +14,7 @@ int &depth()
     return calls;
 }
 
-/** Hidden windows, each with the widgets of one that was deleted inside a call. */
+/** Hidden windows. Each holds the widgets of a window that was deleted inside a call. */
 QVector<QPointer<QWidget>> &kept()
 {
     static QVector<QPointer<QWidget>> windows;

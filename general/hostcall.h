@@ -3,13 +3,14 @@
 class QWidget;
 
 /**
- * A query, a write or a message that the host carries out; lives for as long as that takes.
+ * Marks a query, a write or a message that the host carries out; exists exactly as long as the
+ * call.
  *
- * The host may delete a window of the module meanwhile, for example when it shuts down. What led to
- * the call is often an event of one of the window's widgets, say of a combo box, and Qt goes on in
- * that widget once the call returns. So the widgets outlive their window: in its destructor it
- * hands them over with keepWidgetsOf(), and after the outermost call they are deleted by the event
- * loop. Outside of calls nothing is kept.
+ * The host may delete a window of the module inside the call, for example when it shuts down. The
+ * call often comes from an event of one of the window's widgets, say of a combo box, and Qt
+ * continues in that widget after the call. The widgets therefore have to outlive their window: its
+ * destructor passes them to keepWidgetsOf(), and the event loop deletes them after the outermost
+ * call. Outside of calls nothing is kept.
  */
 class HostCall {
 public:
@@ -21,12 +22,12 @@ public:
     /** True inside a call. */
     static bool isUnderWay();
     /**
-     * Inside a call, takes the widgets out of `window`, whose destructor runs: hidden, and without
-     * a signal to the window. Its sub-dialogs stay with it.
+     * Inside a call, takes the widgets out of `window`, whose destructor runs. The widgets are
+     * hidden, and their signals no longer reach the window. Sub-dialogs are not taken.
      */
     static void keepWidgetsOf(QWidget *window);
     /** True for a widget that outlived its window. */
     static bool isKept(const QWidget *widget);
-    /** Deletes what is still kept: the library may be unloaded before the event loop runs. */
+    /** Deletes all kept widgets, because the library may be unloaded before the event loop runs. */
     static void deleteKept();
 };

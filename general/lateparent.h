@@ -6,16 +6,17 @@
 #include <QWidget>
 
 /**
- * The parent of a window that asks the controller in its constructor: it gets the window as its
- * child when that is made. A host may delete the parent meanwhile, and the window with it
- * otherwise; so it only closes the window's link.
+ * The parent of a window that queries the controller in its constructor. The window becomes its
+ * child only when the window is complete. A host may delete the parent before that; deleting the
+ * window with it would crash, so that only the window's link is closed.
  */
 class LateParent {
 public:
     LateParent(QWidget *parent, const ControllerLink &link)
         : m_parent(parent), m_sign(parent ? new QObject(parent) : nullptr)
     {
-        // Not a signal of the parent: whoever deletes it may disconnect those before.
+        // This is not a signal of the parent, because code that deletes the parent may disconnect
+        // its signals first.
         if (m_sign)
             QObject::connect(m_sign, &QObject::destroyed, [link] { link.close(); });
     }
@@ -28,7 +29,10 @@ public:
     LateParent(const LateParent &) = delete;
     LateParent &operator=(const LateParent &) = delete;
 
-    /** Makes `window` its child, with its icon; nothing when there is no parent, or no more. */
+    /**
+     * Makes `window` the parent's child, with the parent's icon; does nothing when the parent is
+     * null or deleted.
+     */
     void adopt(QWidget *window) const
     {
         if (!m_sign)

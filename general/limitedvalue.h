@@ -8,10 +8,10 @@
 #include <utility>
 
 /**
- * A spin box that shows a controller's value and knows whether the user has changed it since.
+ * A spin box that shows a controller's value and records whether the user has changed it since.
  *
- * `SpinBox` is QSpinBox or QDoubleSpinBox and outlives this. An unknown value is shown as 0, even
- * when 0 lies outside the limits; they hold again for the next value.
+ * `SpinBox` is QSpinBox or QDoubleSpinBox and outlives the object. An unknown value is shown as 0,
+ * even when 0 is outside the limits; the limits apply again to the next value.
  */
 template <typename SpinBox>
 class LimitedValue {
@@ -20,10 +20,10 @@ public:
 
     explicit LimitedValue(SpinBox *box) : m_box(box)
     {
-        // Typing the number that is shown already is an edit, too, and changes no value.
+        // Typing the number that is already shown is an edit, too, but changes no value.
         QObject::connect(box->template findChild<QLineEdit *>(), &QLineEdit::textEdited, &m_context,
                          [this] { m_edited = true; });
-        // Enter repeats the signal although nothing has changed.
+        // Enter emits the signal again although the value has not changed.
         QObject::connect(box, QOverload<Number>::of(&SpinBox::valueChanged), &m_context,
                          [this](Number value) {
                              m_edited = m_edited || value != m_last;
@@ -41,7 +41,7 @@ public:
         m_box->setRange(lowest, highest);
     }
 
-    /** Shows the value, or that there is none; an edit that was not sent is forgotten. */
+    /** Shows the value, or 0 when there is none; discards an edit that was not sent. */
     void show(std::optional<Number> value)
     {
         const QSignalBlocker byProgram(m_box);
@@ -52,12 +52,13 @@ public:
         m_edited = false;
     }
 
-    /** The value to send, once for each edit; nothing when the user has changed nothing. */
+    /** The value to send, once for each edit; nothing when the user has not edited the box. */
     std::optional<Number> takeEdit()
     {
         if (!m_edited)
             return std::nullopt;
-        // An unknown value was shown beyond the limits; what is sent lies within them.
+        // An unknown value is shown outside the limits, but a value that is sent has to be within
+        // them.
         show(m_box->value());
         return m_box->value();
     }
@@ -68,5 +69,5 @@ private:
     Number m_highest = 0;
     Number m_last = 0;
     bool m_edited = false;
-    QObject m_context; ///< ends the connections with this
+    QObject m_context; ///< ends the connections when it is destroyed
 };

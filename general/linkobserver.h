@@ -4,10 +4,10 @@
 #include <QString>
 
 /**
- * What happens on the links of one dialog, as signals: each operation, line and write that its
- * ControllerLink values carry out, and the work that Waiting marks.
+ * Emits what happens on the links of one dialog: each operation, log line and write of its
+ * ControllerLink values, and the work that Waiting marks.
  *
- * A child of the dialog, made before its links. A link whose observer is gone goes on without it.
+ * A child of the dialog, made before the links. A link whose observer was deleted works without it.
  */
 class LinkObserver final : public QObject {
     Q_OBJECT
@@ -16,26 +16,28 @@ public:
     explicit LinkObserver(QObject *dialog);
     ~LinkObserver() override;
 
-    /** The observer among the children of `object` or of its next ancestor that has one; or null.
+    /**
+     * The observer among the children of `object` or of its nearest ancestor that has one; null
+     * when there is none.
      */
     static LinkObserver *of(const QObject *object);
 
 signals:
-    /** A query or write came back, whatever its result. */
+    /** A query or write has ended, with any result. */
     void operationDone();
     /** The controller accepted a set or an action. */
     void writeAccepted();
-    /** A line went to the message log. */
+    /** A line was written to the message log. */
     void lineLogged(const QString &line);
     /** The link has queried whether the configuration can be changed. */
     void lockRead(bool locked);
-    /** Of `total` things, `done` are being or have been read. */
+    /** Number `done` of `total` things is being read, or was read last. */
     void progressed(int done, int total);
 
-    /** The first Waiting of a piece of work began. */
+    /** The first Waiting of a piece of work has begun. */
     void workBegun();
-    /** The last Waiting of a piece of work is over. */
+    /** The last Waiting of a piece of work has ended. */
     void workEnded();
-    /** The operator waits for what the text says; empty when no longer. */
+    /** The text says for what the operator waits; it is empty when the waiting has ended. */
     void waitingFor(const QString &text);
 };

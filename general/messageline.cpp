@@ -17,7 +17,7 @@ namespace {
 constexpr int longestHistory = 10;
 constexpr int gap = 4;
 
-/** The message log also reports how a search goes on; only these beginnings mean a failure. */
+/** The message log also reports the progress of a search; only these beginnings mean a failure. */
 bool isFailure(const QString &line)
 {
     for (const char *beginning : {"Error", "Unable to", "Could not", "TrackingSettings:"}) {
@@ -27,17 +27,17 @@ bool isFailure(const QString &line)
     return false;
 }
 
-/** What the line of the message log means to the operator, without the mark for the log's reader.
- */
+/** The text of a log line for the operator, without the mark that readers of the log need. */
 QString failureOf(const QString &line)
 {
     static const QString mark = QStringLiteral("Error: ");
     const QString failure = line.startsWith(mark) ? line.mid(mark.size()) : line;
-    // The log stays English; a line that the operator should understand has an entry of its own.
+    // The log is always English; a line that the operator should understand has its own
+    // translation.
     return QCoreApplication::translate("MessageLine", failure.toUtf8().constData());
 }
 
-/** Screen readers read an alert out when it is shown; a label they pass over. */
+/** Screen readers read an alert when it is shown, but ignore a label. */
 QAccessibleInterface *alertOf(const QString &className, QObject *object)
 {
     if (className != QLatin1String("MessageLine"))
@@ -45,7 +45,10 @@ QAccessibleInterface *alertOf(const QString &className, QObject *object)
     return new QAccessibleWidget(static_cast<QWidget *>(object), QAccessible::AlertMessage);
 }
 
-/** Lines alive: the host may unload the module, and alertOf() with it, when there is none. */
+/**
+ * The number of existing lines. When it is 0, the host may unload the module, and alertOf() with
+ * it.
+ */
 int lineCount = 0;
 
 } // namespace
@@ -54,7 +57,7 @@ MessageLine::MessageLine(QWidget *parent) : QLabel(parent)
 {
     setTextFormat(Qt::PlainText);
     setWhatsThis(tr("What went wrong last, or what is waited for"));
-    // A long line must not widen the dialog, and one that comes must not move a button away.
+    // A long line must not widen the dialog, and a new line must not move a button.
     QSizePolicy policy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     policy.setRetainSizeWhenHidden(true);
     setSizePolicy(policy);
@@ -99,7 +102,7 @@ void MessageLine::lineLogged(const QString &line)
     m_hasFailed = true;
     const QString failure = failureOf(line);
     remember(failure);
-    // What failed behind a closed dialog is no answer to anything done in it.
+    // A failure behind a closed dialog is not the result of an action in the dialog.
     if (!window()->isVisible() && !Waiting::purposeIn(m_observer))
         return;
     m_failure = failure;
@@ -119,7 +122,7 @@ void MessageLine::writeAccepted()
 
 void MessageLine::workEnded()
 {
-    // One step that succeeded does not make up for another one that failed.
+    // A successful step does not make up for a failed one.
     if (m_hasAccepted && !m_hasFailed)
         forget();
 }
@@ -138,8 +141,8 @@ void MessageLine::waitingFor(const QString &text)
         return;
     m_waiting = text;
     display();
-    // No event is handled until the work is done, so the line is drawn here.
-    // Hidden, its place shows the window behind it.
+    // No event is handled until the work is done, so that the line is drawn here. While the line is
+    // hidden, the window behind it is drawn in its place.
     QWidget *const drawn = isVisible() ? static_cast<QWidget *>(this) : parentWidget();
     if (drawn && window()->isVisible())
         drawn->repaint(drawn == this ? rect() : geometry());

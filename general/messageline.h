@@ -8,13 +8,13 @@
 class LinkObserver;
 
 /**
- * The line at the bottom of a dialog that repeats what went wrong last, says that the configuration
- * is locked, and what the operator waits for. Hidden, with its place kept, while there is nothing
- * to say.
+ * The line at the bottom of a dialog. It shows the last failure, the lock of the configuration, or
+ * what the operator waits for. It is hidden while there is nothing to show, and its place stays
+ * free.
  *
- * Follows the observer of the dialog's links, so that no dialog writes into it. A failure stays
- * until an action of the operator succeeds or the dialog closes; the tool tip holds the last ten. A
- * line is drawn at once, without an event loop.
+ * It follows the observer of the dialog's links, so that no dialog has to write into it. A failure
+ * is shown until an action of the operator succeeds or the dialog closes; the tool tip shows the
+ * last ten. The line is drawn at once, without an event loop.
  */
 class MessageLine final : public QLabel {
     Q_OBJECT
@@ -23,7 +23,10 @@ public:
     explicit MessageLine(QWidget *parent = nullptr);
     ~MessageLine() override;
 
-    /** Repeats from now on what happens on the links of `observer`; once, in its dialog. */
+    /**
+     * Begins to show what happens on the links of `observer`; called once, in the observer's
+     * dialog.
+     */
     void follow(LinkObserver *observer);
 
     QSize sizeHint() const override;
@@ -46,10 +49,10 @@ private:
     int iconSide() const;
 
     QPointer<LinkObserver> m_observer;
-    QString m_failure; ///< as shown
+    QString m_failure; ///< as it is shown
     QString m_waiting;
-    QStringList m_history; ///< with their time, the newest first
+    QStringList m_history; ///< the failures with their times, the newest first
     bool m_isLocked = false;
-    bool m_hasFailed = false;   ///< in the work under way
-    bool m_hasAccepted = false; ///< in the work under way
+    bool m_hasFailed = false;   ///< during the present work
+    bool m_hasAccepted = false; ///< during the present work
 };

@@ -3,10 +3,10 @@
 #include <QString>
 #include <QTextDocument>
 
-/** Texts that users and other programs choose, shown letter by letter. */
+/** Texts that users and other programs choose, shown as plain text. */
 namespace PlainText {
 
-/** A tool tip that reads as `text`, also when that looks like markup. */
+/** A tool tip that shows `text` unchanged, even when it looks like markup. */
 inline QString toolTip(const QString &text)
 {
     if (!Qt::mightBeRichText(text))

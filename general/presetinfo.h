@@ -4,7 +4,7 @@
 
 /** One 6DOF filter preset that the controller offers. */
 struct PresetInfo {
-    QString sPresetId;                    ///< identifier as the controller names it
+    QString sPresetId;                    ///< the controller's identifier
     QString sPresetDesc;                  ///< text shown to the user
-    bool bIsAvailableForInertial = false; ///< a body with an inertial sensor may use it
+    bool bIsAvailableForInertial = false; ///< a body with an inertial sensor may use the preset
 };

@@ -4,10 +4,10 @@
 #include <QPointer>
 
 /**
- * Gives a flag of an object another value for as long as this lives.
+ * Gives a flag of an object another value, and restores the old one in the destructor.
  *
- * A host may run its event loop inside an operation and delete the object meanwhile; the flag is
- * left alone then.
+ * A host may run its event loop inside an operation and delete the flag's object meanwhile; the
+ * flag is then not touched.
  */
 class ScopedFlag {
 public:

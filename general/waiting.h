@@ -11,31 +11,36 @@ class LinkObserver;
 class QWidget;
 
 /**
- * Marks a piece of work that queries or writes the controller, and lets the operator see it when it
- * takes long: from 300 ms on a wait cursor is shown, and the observer emits what is waited for.
+ * Marks work that queries or writes the controller, and shows the operator when it takes long:
+ * after 300 ms a wait cursor is shown, and the observer emits what the operator waits for.
  *
- * Lives on the stack around the work; within another one of the same dialog it only gives the text.
- * It is checked when an operation comes back, and runs no event loop. What it shows is gone before
- * any other window opens and does not return while that window is open. The dialog may be deleted
- * meanwhile; without an observer nothing happens.
+ * The object is on the stack around the work. Inside another object of the same dialog it only
+ * changes the text. The time is checked when an operation has ended; no event loop runs. The cursor
+ * and the text disappear before any other window opens, and do not return while that window is
+ * open. The dialog may be deleted meanwhile. Without an observer nothing happens.
  */
 class Waiting final : public QObject {
     Q_OBJECT
 
 public:
     enum class For {
-        Refresh, ///< what is shown is read again
-        Action   ///< the operator asked for a change
+        Refresh, ///< the dialog reads again what it shows
+        Action   ///< the operator requested a change
     };
 
-    /** `text` is translated and says what is done, for example "Reading bodies ...". */
+    /** `text` is translated and says what the work does, for example "Reading bodies ...". */
     Waiting(LinkObserver *observer, For purpose, const QString &text);
     ~Waiting() override;
 
-    /** The purpose of the work that is under way in the observer's dialog; nothing when none is. */
+    /**
+     * The purpose of the present work in the observer's dialog; nothing when no work is going on.
+     */
     static std::optional<For> purposeIn(const LinkObserver *observer);
 
-    /** Milliseconds that never run backwards; an empty function gives the real ones back. */
+    /**
+     * Replaces the clock, in ms, which must never run backwards; an empty function restores the
+     * real one.
+     */
     static void setClock(std::function<qint64()> clock);
 
 protected:
@@ -52,17 +57,17 @@ private:
 
     const QPointer<LinkObserver> m_observer;
     const For m_purpose;
-    Waiting *const m_outer; ///< of the same observer; outlives this
+    Waiting *const m_outer; ///< the enclosing object of the same observer; outlives this one
     const QPointer<QWidget> m_modalWindow;
 
-    // The outermost one measures for all.
+    // Only the outermost object measures the time.
     QString m_text;
     int m_done = 0;
     int m_total = 0;
     qint64 m_startMs = 0;
-    qint64 m_shownMs = 0; ///< when the text was shown last
+    qint64 m_shownMs = 0; ///< time at which the text was shown last
     bool m_isShown = false;
     bool m_isTextNew = false; ///< the text has changed since then
 
-    QString m_outerText; ///< shown again when this one ends
+    QString m_outerText; ///< shown again when this object ends
 };

@@ -19,7 +19,8 @@ WheelGuard::WheelGuard(QWidget *root) : QObject(root) {}
 
 void WheelGuard::watch(QWidget *box)
 {
-    // With its own policy the wheel would give the box the focus first.
+    // With its own focus policy the box would get the focus from the wheel before the guard sees
+    // it.
     if (box->focusPolicy() == Qt::WheelFocus)
         box->setFocusPolicy(Qt::StrongFocus);
     box->installEventFilter(this);

@@ -5,14 +5,16 @@
 class QWidget;
 
 /**
- * Keeps the wheel from changing a combo box or a spin box that has no keyboard focus: turned above
- * one by chance, it would change, and often send, a value that the operator did not choose.
+ * Keeps the mouse wheel from changing a combo box or a spin box that has no keyboard focus. A wheel
+ * that is turned above such a box by chance would change, and often send, a value that the operator
+ * did not choose.
  *
- * Owned by the widget it guards. The wheel goes on to whatever scrolls around the box.
+ * Owned by the widget that it guards. The wheel event goes on to the area that scrolls around the
+ * box.
  */
 class WheelGuard : public QObject {
 public:
-    /** Guards every combo box and spin box that `root` has by now. */
+    /** Guards every combo box and spin box that `root` has at the time of the call. */
     static void protect(QWidget *root);
 
     bool eventFilter(QObject *watched, QEvent *event) override;

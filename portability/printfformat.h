@@ -1,8 +1,8 @@
 #pragma once
 
 /**
- * The arguments from number `firstArgument` on belong to the format that is argument `formatIndex`;
- * compilers that can check them.
+ * Lets compilers that can do so check the arguments from number `firstArgument` on against the
+ * format that is argument number `formatIndex`.
  */
 #if defined(__GNUC__)
 #define PRINTF_FORMAT(formatIndex, firstArgument)                                                  \

@@ -60,7 +60,7 @@ QVector<int> TimerHold::tick()
         due.append(timer);
     QVector<int> fired;
     for (const QPointer<QTimer> &timer : qAsConst(due)) {
-        // One timer's work may stop or delete the next.
+        // The slots of one timer may stop or delete the next one.
         const int intervalMs = timer ? timer->interval() : 0;
         if (timer && fire(timer))
             fired.append(intervalMs);
@@ -86,7 +86,8 @@ bool TimerHold::eventFilter(QObject *watched, QEvent *event)
     if (!timer || static_cast<QTimerEvent *>(event)->timerId() != timer->timerId())
         return false;
     if (m_firing) {
-        // Only the event that tick() sent passes; its work may run an event loop of its own.
+        // Only the event that tick() sent is let through; its slots may run an event loop of their
+        // own.
         m_firing = false;
         return false;
     }

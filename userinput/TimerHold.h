@@ -6,9 +6,9 @@
 class QTimer;
 
 /**
- * Keeps slow timers from firing with the clock, so that scripts and tests run the same each time:
- * they fire when tick() or fire() says so. Meant for the polling timers of dialogs; timers of less
- * than half a second stay alive.
+ * Holds slow timers, so that scripts and tests run the same each time: held timers fire on tick()
+ * or fire() and not by the clock. Meant for the polling timers of dialogs; timers of less than half
+ * a second are not held.
  */
 class TimerHold : public QObject {
     Q_OBJECT
@@ -17,12 +17,12 @@ public:
     explicit TimerHold(QObject *parent = nullptr);
     ~TimerHold() override;
 
-    /** Holds the timers below this object too; forgotten when it is deleted. */
+    /** Also holds the timers below this object, until the object is deleted. */
     void watch(QObject *root);
     /**
      * Lets one interval pass: every running held timer fires once, the shortest interval first.
      *
-     * @return the intervals in ms of the timers that fired
+     * @return the intervals of the fired timers, in ms
      */
     QVector<int> tick();
     /**

@@ -26,7 +26,7 @@ void sendMouse(QWidget *widget, QEvent::Type type, const QPoint &position)
     QApplication::sendEvent(widget, &event);
 }
 
-/** A click may delete the widget it hits. */
+/** Clicks; the press may already delete the widget. */
 void clickAt(QWidget *widget, const QPoint &position)
 {
     const QPointer<QWidget> guard(widget);

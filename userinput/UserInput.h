@@ -10,14 +10,14 @@ class QTabBar;
 class QWidget;
 
 /**
- * Mouse and keyboard input on widgets, as a user makes it. The functions return when the widget has
- * handled the input, which may be long after a dialog was opened and closed by it.
+ * Simulated mouse and keyboard input on widgets. A function returns when the widget has handled the
+ * input. When the input opens a dialog, that is after the dialog was closed.
  */
 namespace UserInput {
 
-/** Clicks where the widget reacts: the indicator of a check box, else the middle. */
+/** Clicks where the widget reacts: on the indicator of a check box, otherwise in the middle. */
 void click(QWidget *widget);
-/** Presses the first key of the sequence on the widget that has the focus in `window`. */
+/** Presses the first key of the sequence in the widget that has the focus in `window`. */
 void pressKey(QWidget *window, const QKeySequence &keys);
 /** Types the text into the widget, one key after the other. */
 void typeText(QWidget *widget, const QString &text);
@@ -30,7 +30,7 @@ void toggleItem(QAbstractItemView *view, const QModelIndex &index);
 /** The line editor that is open inside the view; null when there is none. */
 QWidget *itemEditor(QAbstractItemView *view);
 void clickTab(QTabBar *bar, int index);
-/** Opens the list and picks the entry. */
+/** Opens the list and chooses the entry. */
 void chooseEntry(QComboBox *box, int index);
 
 } // namespace UserInput

@@ -1,5 +1,5 @@
-// The smallest host: loads the plug-in, shows its menu entries, and answers its commands with the
-// simulated controller. With --walk it opens each dialog for a moment and ends.
+// The smallest host: it loads the plug-in, shows its menu entries, and answers its commands with
+// the simulated controller. With --walk it opens each dialog for a moment and ends.
 
 #include "BackendVersions.h"
 #include "ModuleInterface.h"
@@ -17,7 +17,7 @@
 
 namespace {
 
-/** Opens each dialog and closes it again, as a user would who only looks. */
+/** Opens each dialog and closes it again without a change. */
 void walk(const QList<_GuiElement *> &elements)
 {
     for (const _GuiElement *element : elements) {
@@ -26,7 +26,7 @@ void walk(const QList<_GuiElement *> &elements)
     }
 }
 
-/** Gives the module the host's objects; it keeps the pointers until it has ended. */
+/** Gives the module the host's objects, which have to outlive it. */
 void introduce(ModuleInterface *module, IOManager *io, QWidget *window, BackendVersions *versions)
 {
     module->set_param(QStringLiteral("CommandManager"), QVariant::fromValue<IOManager *>(io));
@@ -35,7 +35,7 @@ void introduce(ModuleInterface *module, IOManager *io, QWidget *window, BackendV
     module->set_param(QStringLiteral("ObserverMode"), false);
 }
 
-/** Puts the module's entries into the menu it names. */
+/** Inserts the module's actions into the menu that the module names. */
 void showMenu(QMainWindow *window, const QList<_GuiElement *> &elements, QTextStream &out)
 {
     QMenu *menu = window->menuBar()->addMenu(elements.first()->menu_name);
@@ -62,7 +62,7 @@ int main(int argc, char *argv[])
     QApplication application(argc, argv);
     QTextStream out(stdout);
 
-    // The host's side: a controller and the versions it reports. Both outlive the module.
+    // The host's side: a controller and its versions. Both outlive the module.
     Scenario scenario;
     QString error;
     if (!ScenarioFile::load(QStringLiteral(SCENARIO_FILE), &scenario, &error)) {
@@ -76,7 +76,7 @@ int main(int argc, char *argv[])
     versions.atcModel() = scenario.state.model;
     QMainWindow window;
 
-    // The module's side: load it, hand over the host objects, then ask for the menu entries.
+    // The module's side: load the plug-in, pass the host objects, then call for the menu entries.
     QPluginLoader loader(QStringLiteral(PLUGIN_FILE));
     auto *module = qobject_cast<ModuleInterface *>(loader.instance());
     if (!module) {
@@ -91,7 +91,7 @@ int main(int argc, char *argv[])
     const int status = run(elements);
     out << io.transcript().size() << " commands answered\n";
 
-    // Shut-down, in this order, while the host objects still exist.
+    // The shutdown, in this order, while the host objects still exist.
     module->about_to_exit_module();
     module->exit_module();
     loader.unload();
