@@ -5,7 +5,7 @@ namespace {
 
 using Access = CommandAccess;
 
-/** What a library target has when the controller takes over its geometry. */
+/** The number of markers of a body that was calibrated from a library target. */
 constexpr int libraryMarkers = 5;
 
 CommandOutcome startSearch(CommandContext &c)
@@ -65,7 +65,7 @@ CommandOutcome switchBodies(CommandContext &c)
     return CommandOutcome::done();
 }
 
-/** A target that a body holds is a custom one exactly when that body was calibrated again. */
+/** Marks a target that a body holds as custom exactly when the body was calibrated again. */
 CommandOutcome checkCustomCalibration(CommandContext &c)
 {
     for (TargetState &target : c.state.targets) {

@@ -22,7 +22,7 @@ CommandOutcome typeDescription(CommandContext &c)
     return CommandOutcome::quoted(c.state.bodyTypes.value(c.argument(0)).description);
 }
 
-/** Answers a member of the body; text or flag. */
+/** Answers a member of the body, which is a text or a flag. */
 template <typename T, T BodyState::*member>
 CommandOutcome read(CommandContext &c)
 {

@@ -5,7 +5,7 @@
 
 namespace {
 
-/** Runs a command on a body whose type has the filter; refuses it for any other. */
+/** Carries a command out on a body whose type has the filter; refuses it for other types. */
 template <CommandOutcome (*command)(const CommandContext &, BodyState &)>
 CommandOutcome onFilteredBody(CommandContext &c)
 {
@@ -17,7 +17,7 @@ CommandOutcome onFilteredBody(CommandContext &c)
     return command(c, *body);
 }
 
-/** A member of the body's filter as an answer. */
+/** Answers a member of the body's filter. */
 template <auto member>
 CommandOutcome read(const CommandContext &, BodyState &body)
 {
@@ -83,7 +83,7 @@ CommandOutcome setReal(const CommandContext &c, BodyState &body)
 {
     if (!isCustom(body))
         return onlyCustom();
-    // Values travel with six decimals, so a limit itself may arrive rounded.
+    // Commands have six decimals, so that even a limit may arrive rounded.
     constexpr double rounding = 1e-6;
     bool ok = false;
     const double value = c.real(2, &ok);

@@ -2,7 +2,7 @@
 
 #include <QString>
 
-/** The body types as commands spell them. */
+/** The body types in the words that commands use. */
 namespace BodyTypeWords {
 
 inline const QString standardWord = QStringLiteral("standard");

@@ -9,11 +9,11 @@
 
 /** What a command's handler did: an answer, an acceptance or a refusal with its reason. */
 struct CommandOutcome {
-    bool ok = false;   ///< carried out
+    bool ok = false;   ///< true when the command was carried out
     QByteArray answer; ///< UTF-8; empty for a set
     QString reason;    ///< why it was refused; empty otherwise
 
-    static CommandOutcome text(const QString &answer);   ///< the answer as it is
+    static CommandOutcome text(const QString &answer);   ///< the answer unchanged
     static CommandOutcome quoted(const QString &answer); ///< the answer in double quotes
     /** `answer`, or "none" when it is empty. */
     static CommandOutcome textOrNone(const QString &answer);
@@ -21,12 +21,12 @@ struct CommandOutcome {
     static CommandOutcome real(double value);             ///< six digits after the point
     static CommandOutcome flag(bool value);               ///< "yes" or "no"
     static CommandOutcome done();                         ///< accepted, no answer
-    static CommandOutcome refused(const QString &reason); ///< in English, for people
+    static CommandOutcome refused(const QString &reason); ///< with a reason in English, for people
 };
 
 /**
- * One command on its way through its handler: the state it works on and the words that stood in the
- * place of the pattern's placeholders, in their order.
+ * A command while its handler carries it out: the state to work on, and the words in the places of
+ * the pattern's placeholders, in their order.
  */
 class CommandContext {
 public:
@@ -35,13 +35,14 @@ public:
                    const VersionInfo &protocolVersion);
 
     ControllerState &state;      ///< what the command reads and changes
-    const QStringList arguments; ///< what the placeholders took, in order
-    const VersionInfo protocol;  ///< the controller's
-    bool stateChanged = false;   ///< set by queries that move the state, such as a search's
+    const QStringList arguments; ///< the words in the places of the placeholders, in order
+    const VersionInfo protocol;  ///< the controller's protocol
+    /// set by queries that change the state, such as those of a search
+    bool stateChanged = false;
 
     /** Argument `index`; empty when there is none. */
     QString argument(int index) const { return arguments.value(index); }
-    /** The one-based number of an argument such as "b03"; 0 when it is none. */
+    /** The one-based number of an argument such as "b03"; 0 when the argument has another form. */
     int numbered(int index) const;
     /** Body argument[first+1] of type argument[first]; null when it does not exist. */
     BodyState *body(int first = 0) const;

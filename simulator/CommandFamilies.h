@@ -4,7 +4,7 @@
 
 #include <QVector>
 
-// The table's parts, one source file each.
+// The parts of the command table, each in a source file of its own.
 QVector<CommandEntry> bodyCommands();
 QVector<CommandEntry> bodyFilterCommands();
 QVector<CommandEntry> bodyTypeCommands();

@@ -5,13 +5,13 @@
 
 namespace {
 
-/** A placeholder for a numbered item reads as a small letter and "NN". */
+/** True for a placeholder of a numbered item, which is a small letter and "NN". */
 bool isNumberPlaceholder(const QByteArray &word)
 {
     return word.size() == 3 && word.endsWith("NN");
 }
 
-/** The prefix and a number from 0 on, of two digits at least and without needless zeros. */
+/** True for the prefix and a number of at least two digits without needless zeros. */
 bool isNumbered(const QByteArray &word, char prefix)
 {
     constexpr int shortest = 3;
@@ -36,7 +36,7 @@ QString joined(const QList<QByteArray> &words, int from, int count)
                       : QString::fromUtf8(words.mid(from, count).join(' '));
 }
 
-/** None of the words is empty, as words between two blanks in a row are. */
+/** True when no word is empty; two blanks in a row give an empty word. */
 bool areWords(const QList<QByteArray> &words, int from, int count)
 {
     for (int i = from; i < from + count; ++i) {
@@ -46,7 +46,7 @@ bool areWords(const QList<QByteArray> &words, int from, int count)
     return count > 0;
 }
 
-/** Where the second word ends; the size of a line of fewer words. */
+/** Position after the second word; the size of a line that has fewer words. */
 int endOfBeginning(const QByteArray &line)
 {
     const int first = line.indexOf(' ');

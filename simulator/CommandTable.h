@@ -17,27 +17,28 @@ struct CommandEntry {
 
     CommandAccess access; ///< how the line reaches the controller
     /**
-     * The line: words as they are, and placeholders. TYPE, NAME and VALUE stand for one word, bNN,
-     * tNN, gNN, mNN and dNN for that letter and a number of two digits at least, SENSOR for one or
-     * more words, TEXT for the rest of the line.
+     * The line, as words and placeholders. TYPE, NAME and VALUE each mean one word. bNN, tNN, gNN,
+     * mNN and dNN mean that letter and a number of at least two digits. SENSOR means one or more
+     * words, TEXT the rest of the line.
      */
     const char *pattern;
-    int major; ///< first protocol that knows the command
-    int minor; ///< and its minor number
-    /** Refused while the configuration is locked. */
+    int major; ///< major number of the first protocol that has the command
+    int minor; ///< minor number of that protocol
+    /** True when a locked configuration refuses the command. */
     bool changesConfiguration;
     const char *meaning; ///< in English, for people
     const char *usedBy;  ///< classes of the module, separated by ", "
     Handler handler;     ///< never null
 };
 
-/** Every command there is. Built once; only read afterwards. */
+/** All commands of the controller. Built once and not changed afterwards. */
 class CommandTable {
 public:
-    /** What a line turns out to be. */
+    /** The entry that matches a line. */
     struct Match {
-        const CommandEntry *entry = nullptr; ///< null when the line is unknown
-        QStringList arguments;               ///< what the placeholders took, in order
+        const CommandEntry *entry = nullptr; ///< null when no entry matches the line
+        /// the words in the places of the placeholders, in order
+        QStringList arguments;
     };
 
     /** The one table of the process. */
@@ -45,7 +46,7 @@ public:
 
     /** All entries, family by family. */
     const QVector<CommandEntry> &entries() const { return m_entries; }
-    /** The entry that a line belongs to. Blanks in front of the first word do not count. */
+    /** The entry that matches a line. Blanks before the first word are ignored. */
     Match find(CommandAccess access, const QByteArray &line) const;
 
 private:

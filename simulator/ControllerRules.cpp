@@ -9,7 +9,7 @@ using namespace BodyTypeWords;
 
 namespace {
 
-/** Runs `change` on each text in the state that names a body of the type by its number. */
+/** Calls `change` for each text in the state that names a body of the type by its number. */
 template <typename Change>
 void forEachMention(ControllerState &state, const QString &type, Change change)
 {
@@ -27,7 +27,7 @@ void forEachMention(ControllerState &state, const QString &type, Change change)
     }
 }
 
-/** The preset that a new body has, with its values. */
+/** Gives a new body its preset with the values of the preset. */
 void setInitialFilter(const ControllerState &state, BodyState *body)
 {
     const FilterPresetState *initial = ControllerRules::preset(state, BodyState().filterPreset);
@@ -71,7 +71,7 @@ bool isTypeAvailable(const ControllerState &state, const VersionInfo &protocol, 
         return false;
     if (type.startsWith(toolWord))
         return state.measurementToolAvailable;
-    // Newer controllers always come with hands and are not asked.
+    // Newer controllers always offer hands, and their state does not decide it.
     if (type == QLatin1String("fingertracking"))
         return state.fingertrackingAvailable || protocol >= VersionInfo(1, 22, -1);
     return true;
@@ -110,7 +110,7 @@ int targetIndex(const ControllerState &state, const QString &idOrShortName)
 
 bool targetFits(const QString &targetType, const QString &bodyType)
 {
-    // One rigid target serves as a standard body or as the reference of a measurement tool.
+    // A rigid target can serve as a standard body or as the reference of a measurement tool.
     return !targetType.isEmpty()
            && (targetType == bodyType || (isRigidTarget(targetType) && isRigidTarget(bodyType)));
 }

@@ -20,7 +20,7 @@ bool matchesPattern(const FaultRule &rule, const QByteArray &line)
     return text == pattern;
 }
 
-/** The same number from 0 up to 1 for the same seed and call, on every machine. */
+/** A number from 0 up to 1 that depends only on seed and call, on every machine. */
 double randomNumber(quint32 seed, int call)
 {
     quint64 z = (quint64(seed) << 32) + quint64(call) * Q_UINT64_C(0x9E3779B97F4A7C15);
@@ -31,7 +31,7 @@ double randomNumber(quint32 seed, int call)
     return double(z >> 11) / twoToThe53;
 }
 
-/** Whether the call that was counted last triggers the rule. */
+/** True when the call that was counted last triggers the rule. */
 bool isTriggered(const FaultRule &rule, qint64 virtualMs)
 {
     switch (rule.trigger) {

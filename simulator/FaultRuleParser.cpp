@@ -59,7 +59,7 @@ QString effectList()
     return names.join(QStringLiteral(", "));
 }
 
-/** Reads one rule from left to right; the first thing that is wrong ends it. */
+/** Reads one rule from left to right, and stops at the first mistake. */
 class RuleReader {
 public:
     RuleReader(const QString &text, FaultRule *rule)
@@ -122,7 +122,7 @@ private:
         return true;
     }
 
-    /** A whole number of at least `minimum` as the next word. */
+    /** Reads a whole number of at least `minimum` as the next word. */
     bool readNumber(qint64 minimum, const QString &what, qint64 *number)
     {
         bool ok = false;
@@ -209,7 +209,9 @@ private:
         return true;
     }
 
-    /** Text in double quotes up to the end of the rule; \" and \\ stand for the sign itself. */
+    /**
+     * Reads text in double quotes up to the end of the rule; \" and \\ mean the character itself.
+     */
     bool readText()
     {
         if (!word().startsWith(QLatin1Char('"')))
@@ -237,7 +239,9 @@ private:
         return m_at >= m_tokens.size() || fail(QStringLiteral("the end of the rule"));
     }
 
-    /** "get" with an effect on writes, or the other way round, would never fire. */
+    /**
+     * Refuses "get" with an effect on writes and the reverse, since such a rule would never fire.
+     */
     bool checkKind()
     {
         using Operation = TranscriptEntry::Operation;

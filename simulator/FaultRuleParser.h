@@ -7,13 +7,16 @@
 /** Reads the text form of a fault rule. */
 namespace FaultRuleParser {
 
-/** False with the column and what was expected there in *error when `text` is no rule. */
+/**
+ * Reads `text` into *rule. False, with the column and the expectation in *error, when it is not a
+ * rule.
+ */
 bool parse(const QString &text, FaultRule *rule, QString *error);
 
-/** How an effect is written, without its argument. */
+/** The effect as rules spell it, without its argument. */
 QString effectName(FaultRule::Effect effect);
 
-/** The rule can disturb operations of this kind. */
+/** True when the rule can disturb operations of this kind. */
 bool concerns(const FaultRule &rule, TranscriptEntry::Operation operation);
 
 } // namespace FaultRuleParser

@@ -58,7 +58,7 @@ CommandOutcome bodyOfSensor(CommandContext &c)
             ControllerRules::bodyWith(c.state, &BodyState::sensor, c.argument(0)));
 }
 
-/** Sensors of one model share its description, so vendor and model are enough to ask for it. */
+/** Sensors of one model share its description, so that the query needs only vendor and model. */
 CommandOutcome modelDescription(CommandContext &c)
 {
     const QString key = c.argument(0);

@@ -8,15 +8,17 @@
 
 namespace {
 
-/** An object or array that the reader is inside of. */
+/** An object or array that contains the present position. */
 struct Level {
     bool isObject = false;
     QSet<QString> keys;
-    QString key;   ///< of an object: the last key read
-    int index = 0; ///< of an array: the element being read
+    QString key;   ///< in an object: the key read last
+    int index = 0; ///< in an array: the element that is being read
 };
 
-/** The string whose opening quote is at *position, which is left at the closing one. */
+/**
+ * Reads the string whose opening quote is at *position, and moves *position to the closing quote.
+ */
 QString readString(const QByteArray &json, int *position)
 {
     const int begin = *position;
@@ -24,7 +26,7 @@ QString readString(const QByteArray &json, int *position)
     while (end < json.size() && json.at(end) != '"')
         end += json.at(end) == '\\' ? 2 : 1;
     *position = end;
-    // Two spellings of one key, such as "a" and "\u0061", are the same key.
+    // Two spellings of one key, such as "a" and "\u0061", count as the same key.
     const QByteArray array = '[' + json.mid(begin, end - begin + 1) + ']';
     return QJsonDocument::fromJson(array).array().at(0).toString();
 }

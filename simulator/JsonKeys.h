@@ -4,16 +4,16 @@
 #include <QJsonValue>
 #include <QString>
 
-/** What Qt's JSON classes do not say of keys and values. */
+/** Facts about keys and values that Qt's JSON classes do not give. */
 namespace JsonKeys {
 
 /**
- * Path of the first key that an object of the text has twice, such as "state.bodyTypes"; empty when
- * there is none. The text has to be valid JSON.
+ * Path of the first key that occurs twice in an object of the text, such as "state.bodyTypes";
+ * empty when there is none. The text has to be valid JSON.
  */
 QString firstDuplicate(const QByteArray &json);
 
-/** A value as a file spells it, in one line; of an undefined one, "null". */
+/** A value as a file spells it, on one line; "null" for an undefined value. */
 QString spelled(const QJsonValue &value);
 
 } // namespace JsonKeys

@@ -8,7 +8,7 @@
 
 namespace {
 
-/** Walks through a state and keeps the first conflict. */
+/** Walks through a state and stores the first conflict. */
 class ConflictFinder {
 public:
     explicit ConflictFinder(const ControllerState &state) : m_state(state) {}

@@ -5,7 +5,7 @@
 #include <QString>
 
 /**
- * Whether the parts of a scenario fit together: everything named exists, nothing is given away
- * twice. Empty when they do, else "key.path[3]: expected ..., found ...".
+ * Checks that the parts of a scenario fit together: everything that is named exists, and nothing is
+ * assigned twice. Empty when they do, otherwise "key.path[3]: expected ..., found ...".
  */
 QString scenarioConflict(const Scenario &scenario);

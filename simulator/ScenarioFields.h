@@ -4,7 +4,7 @@
 #include "ScenarioFile.h"
 #include "ScenarioRules.h"
 
-// What a scenario holds, key by key. Reading and writing both follow these lists; `Archive` is the
+// The keys of a scenario. Reading and writing both follow these lists; `Archive` is the
 // ScenarioReader or the ScenarioWriter.
 
 template <typename Archive>

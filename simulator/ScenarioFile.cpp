@@ -17,7 +17,7 @@
 
 namespace {
 
-/** Where the parser gave up; it counts the sign that it stumbled over as read. */
+/** The place of a syntax error; the parser counts the wrong character as read. */
 QString placeOf(const QByteArray &json, int offset)
 {
     const QByteArray before = json.left(qBound(0, offset - 1, json.size()));

@@ -7,32 +7,36 @@
 #include <QString>
 #include <QStringList>
 
-/** What a scenario describes: a controller and the faults it starts with. */
+/** The contents of a scenario: a controller and its faults at the start. */
 struct Scenario {
     QString name;          ///< one line
     QString description;   ///< for people
-    ControllerState state; ///< of the controller at the start
+    ControllerState state; ///< the controller's state at the start
     QStringList faults;    ///< rules for the FaultEngine
 };
 
-/** Reads and writes scenarios as JSON. Wrong input gives an error with key path and expectation. */
+/**
+ * Reads and writes scenarios as JSON. For wrong input the error has the key path and what was
+ * expected.
+ */
 namespace ScenarioFile {
 
 /** False with *error ("file: key path: what was expected") when the file cannot be used. */
 bool load(const QString &path, Scenario *scenario, QString *error);
 /**
- * As load(), from bytes; `name` is what errors call the file. The JSON object has the keys name,
+ * Like load(), for bytes; errors use `name` for the file. The JSON object has the keys name,
  * description, faults and state; state has the names of ControllerState's members. A missing key
- * leaves the member at its default; what a body does not say of its filter comes from its preset.
+ * leaves the member at its default. The filter values that a body does not give come from its
+ * preset.
  */
 bool parse(const QByteArray &json, const QString &name, Scenario *scenario, QString *error);
-/** The whole state as JSON; parse() of it under the key state gives the same state back. */
+/** The whole state as JSON. parse() with it under the key state gives the same state. */
 QJsonObject toJson(const ControllerState &state);
-/** The scenario in full, every default written out; parse() of it gives the same scenario. */
+/** The complete scenario, with every default. parse() gives the same scenario. */
 QByteArray toBytes(const Scenario &scenario);
-/** Writes toBytes() atomically; the same scenario gives the same bytes. */
+/** Writes toBytes() atomically. The same scenario gives the same bytes. */
 bool save(const QString &path, const Scenario &scenario, QString *error);
-/** One readable line for every value that differs, "path: old -> new". */
+/** One readable line for each value that differs, "path: old -> new". */
 QStringList differences(const ControllerState &before, const ControllerState &after);
 
 } // namespace ScenarioFile

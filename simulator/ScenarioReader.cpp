@@ -7,7 +7,7 @@
 
 namespace {
 
-/** A value as the file spells it, cut to a readable length. */
+/** A value as the file spells it, shortened to a readable length. */
 QString shown(const QJsonValue &value)
 {
     constexpr int longest = 60;
@@ -24,7 +24,7 @@ ScenarioReader::ScenarioReader(const QJsonObject &object, const QString &path, Q
 
 void ScenarioReader::prepare(BodyState &body)
 {
-    // What a body does not say of its filter comes from its preset.
+    // NaN marks filter values that the body does not give; they come from its preset.
     body.filterStrength = std::numeric_limits<double>::quiet_NaN();
     body.filterPrediction = std::numeric_limits<double>::quiet_NaN();
 }

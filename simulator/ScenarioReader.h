@@ -13,13 +13,13 @@
 #include <array>
 
 /**
- * Reads one JSON object, strictly: keys nobody asked for and values of another type or out of range
- * are errors. Missing keys leave the value as it is. The first error is kept in *error as
- * "key.path[3]: expected ..., found ...", paths counted from 0.
+ * Reads one JSON object strictly: unknown keys and values of another type or out of range are
+ * errors. A missing key leaves the value unchanged. The first error is stored in *error as
+ * "key.path[3]: expected ..., found ...", with indexes from 0.
  */
 class ScenarioReader {
 public:
-    /** `path` stands in front of the keys in errors; *error is empty at first. */
+    /** `path` is written before the keys in errors. *error is empty at first. */
     ScenarioReader(const QJsonObject &object, const QString &path, QString *error);
 
     /** Takes a value over if the object has the key and its value fits. @{ */
@@ -72,7 +72,7 @@ public:
 
     /** @} */
 
-    /** Reports a key that no field asked for. */
+    /** Reports a key that no field has read. */
     void finish();
 
 private:

@@ -2,32 +2,32 @@
 
 #include <QString>
 
-/** What single values of a scenario may be. */
+/** The allowed values in a scenario. */
 namespace ScenarioRules {
 
-/** Both ends are allowed. */
+/** A range that includes both ends. */
 struct NumberRange {
     double minimum; ///< in the unit of the value
     double maximum; ///< not below the minimum
 };
 
-/** Which texts a value may be. */
+/** The texts that a value may have. */
 struct TextRule {
-    bool (*accepts)(const QString &text); ///< judges one text
+    bool (*accepts)(const QString &text); ///< true when the text is allowed
     const char *expected;                 ///< completes "expected ..."
 };
 
-/** Anything. */
+/** Allows any text. */
 TextRule anyText();
-/** One line without double quotes that fits into an answer. */
+/** Allows one line without double quotes that fits into an answer. */
 TextRule unquotedText();
-/** One or more characters without blanks and quotes. */
+/** Allows one or more characters without blanks and quotes. */
 TextRule word();
-/** A word or an empty text. */
+/** Allows a word or an empty text. */
 TextRule wordOrNothing();
-/** Vendor, model and 'device id', separated by blanks. */
+/** Allows vendor, model and 'device id', separated by blanks. */
 TextRule sensorName();
-/** Two or three numbers separated by dots. */
+/** Allows two or three numbers separated by dots. */
 TextRule version();
 
 } // namespace ScenarioRules

@@ -14,7 +14,7 @@
 /** Writes every field of a described value into a JSON object. */
 class ScenarioWriter {
 public:
-    /** The item as an object with all its fields. */
+    /** The item as a JSON object with all its fields. */
     template <typename Item>
     static QJsonObject toObject(Item item)
     {

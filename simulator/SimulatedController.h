@@ -8,24 +8,24 @@
 #include <QObject>
 #include <QStringList>
 
-/** How a command reaches the controller. */
+/** The kind of a command. */
 enum class CommandAccess { Get, Set, Action };
 
-/** What the controller did with a command line. */
+/** The result of a command line. */
 struct CommandReply {
     bool ok = false;      ///< the command was understood and carried out
-    bool unknown = false; ///< no entry of the command table matches the line
+    bool unknown = false; ///< true when no entry of the command table matches the line
     QByteArray answer;    ///< text of the answer; "morvek2 ok" for a successful action, and
                           ///< "morvek2 err" with the reason for a refused one
     QString reason;       ///< why it was refused; empty otherwise
 };
 
 /**
- * A tracking controller one can believe: holds a ControllerState and answers every command from it.
+ * A simulated tracking controller, which holds a ControllerState and answers every command from it.
  *
- * A write is seen by the next read and has the side effects a controller has. Time is virtual: a
- * search advances with each query of its state, nothing waits. Lives on one thread; owned by
- * whoever creates it (the workbench or a test).
+ * The next read returns what was written, and a write has the side effects that a controller has.
+ * Time is virtual: a search advances with each query of its state, and no operation waits. The
+ * object is used on one thread and owned by its creator (the workbench or a test).
  */
 class SimulatedController : public QObject {
     Q_OBJECT
@@ -35,22 +35,22 @@ public:
     explicit SimulatedController(const ControllerState &state, QObject *parent = nullptr);
     ~SimulatedController() override;
 
-    /** Carries out one line, without a line break. */
+    /** Carries out one line, which has no line break. */
     CommandReply execute(CommandAccess access, const QByteArray &line);
 
-    /** The state now; the reference shows every later change. */
+    /** The present state; the reference shows every later change. */
     const ControllerState &state() const { return m_state; }
-    /** Changes the state behind every client's back and emits stateChanged(). */
+    /** Replaces the state without a command, and emits stateChanged(). */
     void setState(const ControllerState &state);
 
     /** Lines that matched no entry of the command table, oldest first. */
     QStringList unknownCommands() const { return m_unknownCommands; }
 
 signals:
-    void stateChanged(); ///< by a command or by setState()
+    void stateChanged(); ///< emitted after a change by a command or by setState()
 
 private:
-    /** The protocol that the state names, read from its text only when that changed. */
+    /** The protocol that the state names; parsed again only when its text has changed. */
     const VersionInfo &protocolVersion();
 
     ControllerState m_state;

@@ -20,7 +20,7 @@ using Effect = FaultRule::Effect;
 constexpr int longestAnswerBytes = 199;
 constexpr int overlongAnswerBytes = 3999;
 
-/** The line as printf makes it, in whatever locale the process runs. */
+/** The line that printf makes, in the locale of the process. */
 HOSTINTERFACE_PRINTF(1, 0) QByteArray formatted(const char *format, va_list arguments)
 {
     va_list again;
@@ -33,14 +33,14 @@ HOSTINTERFACE_PRINTF(1, 0) QByteArray formatted(const char *format, va_list argu
     return line;
 }
 
-// A va_list lives in the function that has the dots, so no other function can do this.
+// A macro, because a va_list cannot leave the function that has the variable arguments.
 #define LINE_OF(format)                                                                            \
     va_list arguments;                                                                             \
     va_start(arguments, format);                                                                   \
     const QByteArray line = formatted(format, arguments);                                          \
     va_end(arguments)
 
-/** At most as many bytes as fit, without half a character at the end. */
+/** The answer, cut to the bytes that fit without splitting a character. */
 QByteArray cut(const QByteArray &answer)
 {
     int size = qMin(answer.size(), longestAnswerBytes);
@@ -49,7 +49,7 @@ QByteArray cut(const QByteArray &answer)
     return answer.left(size);
 }
 
-/** The line with its last number halved; unchanged when its last word is none. */
+/** The line with half of its last number; unchanged when the last word is not a number. */
 QByteArray halved(const QByteArray &line)
 {
     static const QRegularExpression lastNumber(
@@ -75,7 +75,7 @@ bool contains(const QVector<FaultRule> &rules, Effect effect)
     return false;
 }
 
-/** Replaces *answer when the rule's effect is on answers. */
+/** Replaces *answer when the effect of the rule concerns answers. */
 bool disturb(const FaultRule &rule, Operation operation, QByteArray *answer)
 {
     const bool isText = operation == Operation::GetString || operation == Operation::Command;
@@ -110,7 +110,7 @@ CommandAccess accessOf(Operation operation)
     return operation == Operation::Set ? CommandAccess::Set : CommandAccess::Get;
 }
 
-/** What the controller says, if the rules let it be asked at all. */
+/** The controller's reply, or a refusal when a rule keeps the line from the controller. */
 CommandReply askController(SimulatedController *controller, const TranscriptEntry &entry,
                            const QVector<FaultRule> &rules)
 {
@@ -220,7 +220,7 @@ void SimulatedIOManager::send_message(const char *channel, const char *sender, i
     record(&entry);
     emit messageSent(QString::fromUtf8(name), QString::fromUtf8(bytes(sender)), kind,
                      QString::fromUtf8(bytes(text)));
-    // A receiver may withdraw itself or others while it takes the message.
+    // A copy, because a receiver may withdraw itself or others while it handles the message.
     const auto receivers = m_receivers;
     for (const auto &one : receivers) {
         if (one.first == name && m_receivers.contains(one))

@@ -9,7 +9,7 @@
 
 #include <functional>
 
-// A host's own interface header may not say how compilers check formats.
+// A host's own interface header may not define how compilers check formats.
 #ifndef HOSTINTERFACE_PRINTF
 #define HOSTINTERFACE_PRINTF(formatIndex, firstArgument)
 #endif
@@ -18,26 +18,26 @@ class FaultEngine;
 class SimulatedController;
 
 /**
- * The substitute host's IOManager over a SimulatedController: formats the line as a host does,
+ * The substitute host's IOManager for a SimulatedController. It formats the line as a host does,
  * applies faults, converts the answer, records a transcript and delivers channel messages.
  *
- * Owned by the workbench or a test; refers to the controller, which outlives it. Answers are cut to
- * the 199 bytes plus NUL that callers must have room for, unless a fault says otherwise.
+ * Owned by the workbench or a test. The controller outlives it. Answers are cut to the 199 bytes
+ * plus NUL for which callers must have room, unless a fault produces more.
  */
 class SimulatedIOManager : public QObject, public IOManager {
     Q_OBJECT
 
 public:
-    /** What an operation returns. */
+    /** The return value of an operation. */
     enum Result {
         Ok = 0,
-        Failed,       ///< the link is dead or a fault let the operation fail
+        Failed,       ///< the link is dead or a fault made the operation fail
         Refused,      ///< the controller refused a query or a set
         Unknown,      ///< the controller does not know the command
-        NotConverted, ///< the answer is not of the type asked for
+        NotConverted, ///< the answer does not have the required type
     };
 
-    /** The controller answers; not null, and not owned. */
+    /** The controller must not be null; it is not owned. */
     explicit SimulatedIOManager(SimulatedController *controller, QObject *parent = nullptr);
     ~SimulatedIOManager() override;
 
@@ -54,40 +54,48 @@ public:
     /** The rules that disturb commands; owned by this object, never null. */
     FaultEngine *faults() const { return m_faults; }
 
-    /** What was asked so far, oldest first; without what the limit let go. */
+    /** The operations so far, oldest first, without those that the limit has dropped. */
     const QVector<TranscriptEntry> &transcript() const { return m_transcript; }
-    void clearTranscript(); ///< operationCount() and the virtual time go on
+    void clearTranscript(); ///< keeps operationCount() and the virtual time
     /**
-     * The transcript never has more than `limit` entries, 8 at least; the oldest go, an eighth at
-     * once so that an operation costs the same however many there are. 0, the default: no limit.
+     * Limits the transcript to `limit` entries, at least 8. When the limit is reached, the oldest
+     * eighth is dropped at once, so that the cost of an operation does not grow. 0, the default,
+     * means no limit.
      */
     void setTranscriptLimit(int limit);
-    int transcriptLimit() const { return m_transcriptLimit; } ///< 0: none
-    /** Operations since the beginning, those that are not in the transcript any more included. */
+    int transcriptLimit() const { return m_transcriptLimit; } ///< 0 when there is no limit
+    /**
+     * Number of operations since the beginning, including those that are no longer in the
+     * transcript.
+     */
     qint64 operationCount() const { return m_gone + m_transcript.size(); }
 
-    /** Virtual time in ms, starting at 0; moved by advance() and by delay faults. */
+    /** Virtual time in ms, beginning with 0; advance() and delay faults increase it. */
     qint64 virtualTime() const { return m_virtualMs; }
-    void advance(qint64 ms) { m_virtualMs += ms; } ///< moves virtual time by 0 ms or more
+    /// increases the virtual time by `ms`, at least 0
+    void advance(qint64 ms) { m_virtualMs += ms; }
 
     /**
-     * From now on the responder gives each operation its answer and result, and neither the
-     * controller nor a fault has part in it; an empty function gives the controller back its say.
+     * Lets `responder` give each operation its answer and result, without the controller and the
+     * faults. An empty function restores the controller.
      */
     void setResponder(std::function<void(TranscriptEntry *)> responder);
 
-    /** Names the dialog that is open, for the transcript. */
+    /** Sets the function that names the open dialog for the transcript. */
     void setDialogProbe(std::function<QString()> probe);
-    /** Real duration is recorded only when asked for, so that transcripts compare byte for byte. */
+    /**
+     * Switches the recording of real durations. It is off by default, so that transcripts are
+     * identical byte for byte.
+     */
     void setMeasuring(bool on) { m_measuring = on; }
 
     /** Number of receivers registered on a channel. */
     int receiverCount(const char *channel) const;
 
 signals:
-    /** An operation was carried out or a message sent. */
+    /** An operation was carried out or a message was sent. */
     void recorded(const TranscriptEntry &entry);
-    /** A message was sent on any channel, whether or not somebody listens. */
+    /** A message was sent on a channel, with or without a receiver. */
     void messageSent(const QString &channel, const QString &sender, int kind, const QString &text);
 
 private:

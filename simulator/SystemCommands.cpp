@@ -139,7 +139,7 @@ void findTargets(ControllerState &state, int count)
     }
 }
 
-/** Nothing waits here: each query of the step is one tick of the search. */
+/** Each query of the step is one tick of the search, because the simulated time is virtual. */
 CommandOutcome stepActive(CommandContext &c)
 {
     SearchState &search = c.state.search;

@@ -10,7 +10,7 @@ CommandOutcome noSuchTarget()
     return CommandOutcome::refused(QStringLiteral("there is no such target"));
 }
 
-/** The target that argument 0 numbers; null when there is none. */
+/** The target with the number in argument 0; null when there is none. */
 const TargetState *target(const CommandContext &c)
 {
     const int index = c.numbered(0) - 1;
