@@ -10,15 +10,15 @@ class QWidget;
 class WorkbenchSession;
 
 /**
- * Picks at random something that can be done now, as the words of a script's line: with what is
- * shown, or what another client, the host or a bad link does meanwhile. The same seed and the same
- * windows give the same lines.
+ * Chooses at random an action that is possible now, as the words of a script's line. The action
+ * uses a widget that is shown, or does what another client, the host or a bad link could do
+ * meanwhile. The same seed and the same windows give the same lines.
  */
 class ActionChooser {
 public:
     ActionChooser(WorkbenchSession *session, quint32 seed);
 
-    /** The next lines: the chosen one, and before it what it needs of the oracle. */
+    /** The next lines: the chosen action, preceded by the switch of the oracle that it needs. */
     QVector<QStringList> choose();
 
 private:
@@ -29,7 +29,7 @@ private:
     QStringList onTable(const QAbstractItemView *view);
     QStringList onNumber(const QWidget *box);
     QStringList openSomething();
-    /** What happens outside of the dialogs. */
+    /** An action that happens outside the dialogs. */
     QStringList elsewhere();
     QStringList bySecondClient();
     QStringList byHost();
@@ -40,5 +40,5 @@ private:
 
     WorkbenchSession *m_session;
     QRandomGenerator m_random;
-    bool m_comparing = false; ///< the lines so far switched the oracle on
+    bool m_comparing = false; ///< true when the lines so far have switched the oracle on
 };

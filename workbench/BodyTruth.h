@@ -4,7 +4,7 @@
 
 #include <QString>
 
-/** What a table of bodies must show, derived from the controller's state alone. */
+/** What a table of bodies must show, derived only from the controller's state. */
 namespace BodyTruth {
 
 /**
@@ -12,12 +12,13 @@ namespace BodyTruth {
  *
  * @param column title of the column
  * @param text   "checked"/"unchecked" for a check box; otherwise the text of the cell
- * @return false when nothing can be said about this column, or a controller so old does not tell
+ * @return false when the column has no expected text, or when the controller is too old to answer
+ * its query
  */
 bool cell(const ControllerState &state, const QString &bodyType, int index, const QString &column,
           QString *text);
 
-/** Whole milliseconds, cut off as decimal digits are: 0.029 s are 29 ms. */
+/** Whole milliseconds, truncated as decimal digits are: 0.029 s are 29 ms. */
 int wholeMilliseconds(double seconds);
 
 } // namespace BodyTruth

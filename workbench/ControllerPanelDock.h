@@ -11,8 +11,8 @@ class QListWidgetItem;
 class WorkbenchSession;
 
 /**
- * Shows the simulated controller: versions, lock, measurement, and its library targets, each with a
- * check box that puts it into the tracking volume. Follows the controller's state.
+ * Shows the simulated controller: versions, lock, measurement, and its library targets. Each target
+ * has a check box that puts it into the tracking volume. The dock follows the controller's state.
  */
 class ControllerPanelDock : public QDockWidget {
     Q_OBJECT

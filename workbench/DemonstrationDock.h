@@ -12,12 +12,14 @@ class QPushButton;
 class ScriptRunner;
 class TimerHold;
 
-/** Tells what to try in a demonstration, and plays and checks it on demand. */
+/** Shows what to try in a demonstration, and plays and checks it when a button is pressed. */
 class DemonstrationDock : public QDockWidget {
     Q_OBJECT
 
 public:
-    /** @param context what the script acts on; its timers are held only while it plays */
+    /**
+     * @param context the objects that the script uses; their timers are held only while it plays
+     */
     DemonstrationDock(const Script &script, const ScriptContext &context,
                       QWidget *parent = nullptr);
     ~DemonstrationDock() override;

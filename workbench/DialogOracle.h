@@ -6,8 +6,8 @@ struct ControllerState;
 class QWidget;
 
 /**
- * Compares what a dialog shows with what the controller holds. Knows the dialogs by the object
- * names of their widgets and the titles of their columns only.
+ * Compares what a dialog shows with the controller's state. It finds widgets only by their object
+ * names and the titles of their columns.
  */
 namespace DialogOracle {
 

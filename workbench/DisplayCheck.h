@@ -1,9 +1,12 @@
 #pragma once
 
-/** Tells before any window exists whether there is a display, since the toolkit would abort. */
+/**
+ * Finds out before any window exists whether there is a display, because Qt would abort without
+ * one.
+ */
 namespace DisplayCheck {
 
-/** A platform was chosen, or a display server answers. */
+/** True when a platform was chosen or a display server answers. */
 bool isReachable();
 
 } // namespace DisplayCheck

@@ -8,8 +8,8 @@
 class QTranslator;
 
 /**
- * The language and the colours that a script wants the module to be shown in. What was put on is
- * taken off again with the object.
+ * The language and the colours in which a script shows the module. The destructor restores the
+ * previous ones.
  */
 class Dress {
 public:
@@ -21,7 +21,7 @@ public:
     /** Shows everything in dark colours. */
     void darken();
     /**
-     * Installs the translation beside the plug-in, and the toolkit's own where it is installed.
+     * Installs the translation beside the plug-in, and Qt's own translation where it is installed.
      *
      * @param language for example "de"
      * @return false with *error naming the file that cannot be read

@@ -7,25 +7,25 @@
 
 class PlayStage;
 
-/** Random driving, as the program offers it. */
+/** Random driving, as the program's option offers it. */
 namespace Exploration {
 
-/** What a search for trouble is asked for. */
+/** The parameters of an exploration. */
 struct Request {
     quint32 firstSeed = 1;
     quint32 lastSeed = 1;
     int steps = 300;
     QString scenario;
-    QString plugin;     ///< empty: the built one
-    int timeoutS = 120; ///< for one line
+    QString plugin;     ///< empty: the built plug-in
+    int timeoutS = 120; ///< limit for one line, in seconds
 };
 
-/** "7" or "1-20"; false with *problem when it is neither. */
+/** Reads "7" or "1-20"; false with *problem for any other text. */
 bool readSeeds(const QString &text, Request *request, QString *problem);
 
 /**
- * Drives in this process; answers an exit status. The lines of the seed that is driven are in
- * `file`, its number in the first line of the standard output that follows.
+ * Drives the dialogs in this process and returns an exit status. Before each seed its number is
+ * written to the standard output, and its lines are written to `file`.
  *
  * @param watch is called with each line before it is carried out
  */
@@ -33,8 +33,8 @@ int drive(const Request &request, PlayStage *stage, const QString &file,
           const std::function<void(const QString &)> &watch);
 
 /**
- * Has a second process drive, which may crash or hang. A failure is shrunk to the fewest lines that
- * still lead to it, and printed as a script with its seed.
+ * Drives the dialogs in a second process, which may crash or hang. A failure is reduced to the
+ * fewest lines that still lead to it, and printed as a script with its seed.
  */
 int search(const Request &request);
 

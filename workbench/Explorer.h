@@ -7,8 +7,8 @@
 #include <QVector>
 
 /**
- * Drives the dialogs at random with the lines of scripts. What it does is written to a file before
- * it is done, so that the script is there even after a crash.
+ * Drives the dialogs at random with lines of scripts. It writes each line to a file before it
+ * carries the line out, so that the script exists even after a crash.
  */
 class Explorer : public LineRunner {
     Q_OBJECT
@@ -16,8 +16,8 @@ class Explorer : public LineRunner {
 public:
     /**
      * @param scenario name for the script's first line
-     * @param steps how many actions; at least 1
-     * @param file is written again with each line
+     * @param steps number of actions; at least 1
+     * @param file is written again before each line
      */
     Explorer(const ScriptContext &context, quint32 seed, const QString &scenario, int steps,
              const QString &file);

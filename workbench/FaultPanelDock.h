@@ -9,7 +9,10 @@ class QLineEdit;
 class QTableWidget;
 class QTableWidgetItem;
 
-/** Lists the fault rules with how often each fired; adds, switches and removes them. */
+/**
+ * Lists the fault rules with the number of times that each has fired; adds, switches and removes
+ * rules.
+ */
 class FaultPanelDock : public QDockWidget {
     Q_OBJECT
 

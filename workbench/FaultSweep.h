@@ -12,34 +12,34 @@
 class JUnitReport;
 class PlayStage;
 
-/** Which operations a sweep disturbs, and how. */
+/** Which operations a sweep disturbs, and with which faults. */
 struct SweepPlan {
-    int every = 1;              ///< every how many operations
+    int every = 1;              ///< disturbs every Nth operation
     int from = 1;               ///< first operation
-    int to = 0;                 ///< last operation; 0: the script's last one
-    bool inTurns = false;       ///< one fault for each operation, one after another
-    QVector<SweepFault> faults; ///< empty: all
+    int to = 0;                 ///< last operation; 0: the last one of the script
+    bool inTurns = false;       ///< true: one fault for each operation, in turn
+    QVector<SweepFault> faults; ///< empty: all faults
 };
 
 /**
- * Plays a script once undisturbed, then once for every operation and every fault, and checks each
- * time what must hold however a controller fails.
+ * Plays a script once undisturbed, then once for every operation and every fault, and checks after
+ * each run the rules that hold for every failure of a controller.
  */
 class FaultSweep {
 public:
     FaultSweep(const Script &script, PlayStage *stage, const SweepPlan &plan);
 
-    /** Is called with the way to repeat a run before it begins. */
+    /** `watch` is called before each run with the command that repeats it. */
     void setWatch(const std::function<void(const QString &)> &watch) { m_watch = watch; }
-    /** Is called with each violation when it is found. */
+    /** `found` is called with each violation when it is found. */
     void setFound(const std::function<void(const QString &)> &found) { m_found = found; }
-    /** False with *error when the script does not succeed undisturbed. */
+    /** False with *error when the undisturbed run does not succeed. */
     bool run(QString *error);
-    /** Each with the command that repeats it. */
+    /** The violations, each with the command that repeats it. */
     const QStringList &violations() const { return m_violations; }
-    /** One line: what was played, and what was found. */
+    /** One line: what was played, and how many violations were found. */
     QString summary() const;
-    /** One case for each fault. */
+    /** Adds one case for each fault. */
     void report(JUnitReport *report) const;
 
 private:
@@ -57,5 +57,5 @@ private:
     int m_operations = 0;
     int m_runs = 0;
     QStringList m_violations;
-    QVector<QStringList> m_byFault; ///< violations of each fault of the plan
+    QVector<QStringList> m_byFault; ///< the violations of each fault of the plan
 };

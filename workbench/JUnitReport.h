@@ -4,7 +4,7 @@
 #include <QString>
 #include <QVector>
 
-/** The outcome of a run as build servers read it: one suite with a case for each step. */
+/** The result of a run in the format of build servers: one suite with a case for each step. */
 class JUnitReport {
 public:
     explicit JUnitReport(const QString &suite) : m_suite(suite) {}
@@ -14,7 +14,7 @@ public:
     {
         m_cases.append({name, message, false});
     }
-    /** A step that was not reached. */
+    /** Adds a step that was not reached. */
     void addSkipped(const QString &name) { m_cases.append({name, QString(), true}); }
 
     QByteArray toXml() const;
@@ -24,7 +24,7 @@ public:
 private:
     struct Case {
         QString name;
-        QString failure; ///< empty: none
+        QString failure; ///< empty: the step succeeded
         bool skipped;
     };
 

@@ -6,17 +6,17 @@
 struct ScriptContext;
 struct TranscriptEntry;
 
-/** What must hold after each line of a script, whatever the line was. */
+/** The rules that hold after each line of a script. */
 namespace LineChecks {
 
 /**
- * What the script asked for with "oracle on" and "sound on" and does not hold; "expected ...,
- * found ...", or an empty text.
+ * The first violation of the rules that the script switched on with "oracle on" and "sound on", as
+ * "expected ..., found ..."; empty when there is none.
  */
 QString afterLine(const ScriptContext &context);
 /**
- * What is wrong with how an operation was asked: a command that no controller knows, a line with
- * control characters or with no number where one belongs. Empty when it is well-formed.
+ * The mistake in the line of an operation: a command that no controller knows, a control character,
+ * or a text in the place of a number. Empty when the line is well-formed.
  */
 QString malformation(const TranscriptEntry &entry);
 

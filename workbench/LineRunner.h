@@ -9,11 +9,11 @@
 #include <QTimer>
 
 /**
- * Carries out lines one by one from the event loop, whichever event loop that is: a line that opens
- * a modal dialog is followed by the next one while the dialog runs. Where the lines come from and
- * what a failed one means is up to who derives from it.
+ * Carries out lines one by one from the event loop. It works in any event loop: when a line opens a
+ * modal dialog, the next line follows while the dialog runs. Subclasses provide the lines and
+ * decide what a failed line means.
  *
- * Owned by main() or a test; must outlive the event loops it runs in.
+ * Owned by main() or a test. It must outlive the event loops in which it runs.
  */
 class LineRunner : public QObject {
     Q_OBJECT
@@ -24,7 +24,7 @@ public:
     /** Carries out the first line when control returns to the event loop. */
     void start();
     bool isFinished() const { return m_finished; }
-    /** Why it ended early; empty when every line succeeded. */
+    /** The reason for an early end; empty when every line succeeded. */
     QString failure() const { return m_failure; }
 
 signals:
@@ -33,22 +33,27 @@ signals:
     void finished(bool success);
 
 protected:
-    /** All work of the last line is done. Answers what is wrong with its outcome. */
+    /**
+     * Called when all work of the last line is done. Returns what is wrong with its outcome, or an
+     * empty text.
+     */
     virtual QString checkOutcome() { return QString(); }
-    /** True when something else had to be done first; its outcome is waited for. */
+    /** True when another action had to be done first; the runner waits for its outcome. */
     virtual bool clearTheWay() { return false; }
-    /** The next line; false at the end. */
+    /** Provides the next line; false at the end. */
     virtual bool takeLine(Script::Line *line) = 0;
-    /** What is wrong after the last line. */
+    /** Returns what is wrong after the last line, or an empty text. */
     virtual QString checkEnd() { return QString(); }
-    /** A line said "expected ..., found ..."; the answer ends the run unless it is empty. */
+    /**
+     * Called with "expected ..., found ..." after a line; a result that is not empty ends the run.
+     */
     virtual QString judge(const Script::Line &line, const QString &problem) = 0;
-    /** How a line is named in messages. */
+    /** The name of a line in messages. */
     virtual QString placeOf(const Script::Line &line) const = 0;
 
     const ScriptContext &context() const { return m_context; }
     ScriptContext &context() { return m_context; }
-    /** The longest time in ns for which the last line kept the event loop from its turn. */
+    /** The longest time in ns for which the last line blocked the event loop. */
     qint64 heldNs() const { return m_heldNs; }
 
 private:
@@ -59,8 +64,8 @@ private:
 
     ScriptContext m_context;
     QTimer m_turn;
-    int m_roundsLeft = 0;  ///< until the next line
-    QElapsedTimer m_clock; ///< runs since the event loop last had control
+    int m_roundsLeft = 0;  ///< rounds of the event loop until the next line
+    QElapsedTimer m_clock; ///< measures since the event loop last had control
     qint64 m_heldNs = 0;
     bool m_finished = false;
     QString m_failure;

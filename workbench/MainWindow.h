@@ -24,7 +24,7 @@ public:
     ~MainWindow() override;
 
     MessageLogDock *messageLog() const { return m_messageLog; }
-    /** The window with the controller's panels; has no parent so that no dialog blocks it. */
+    /** The window with the controller's panels. It has no parent, so that no dialog blocks it. */
     ToolWindow *toolWindow() const { return m_toolWindow.get(); }
 
 protected:

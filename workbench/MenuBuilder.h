@@ -15,11 +15,11 @@ class MenuBuilder {
 public:
     explicit MenuBuilder(QMenuBar *menuBar);
 
-    /** Inserts the entries; the menus come before those that the host adds itself. */
+    /** Inserts the entries; their menus come before those that the host itself adds. */
     void build(const QList<_GuiElement *> &elements, QMenu *before);
-    /** Removes what build() inserted; the actions stay with their owner. */
+    /** Removes what build() inserted; does not delete the actions, which belong to their owner. */
     void clear();
-    /** Entries that may not be used during a measurement follow `running`. */
+    /** Disables the entries that must not be used during a measurement while `running` is true. */
     void setMeasurementRunning(bool running);
 
 private:

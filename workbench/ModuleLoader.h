@@ -10,10 +10,10 @@ class IOManager;
 class QWidget;
 
 /**
- * Loads the module as a host does and takes it through its calling order.
+ * Loads the module as a host does, and calls its functions in the host's order.
  *
  * Owned by the session; the module's host objects outlive it. The destructor shuts the module down
- * if nobody did before.
+ * if shutDown() was not called.
  */
 class ModuleLoader {
 public:
@@ -22,18 +22,20 @@ public:
     ModuleLoader(const ModuleLoader &) = delete;
     ModuleLoader &operator=(const ModuleLoader &) = delete;
 
-    /** The built or installed plug-in, seen from the folder of the program. */
+    /** The built or installed plug-in, relative to the folder of the program. */
     static QString defaultFile();
 
     /**
-     * Loads the file, checks that it is this host's module, sets its parameters and asks for the
-     * menu entries.
+     * Loads the file, checks that it is this host's module, sets its parameters and gets its menu
+     * entries.
      *
-     * @return false with *error naming the file and what is wrong with it; nothing is loaded then
+     * @return false with *error naming the file and the mistake; nothing is loaded then
      */
     bool load(const QString &file, IOManager *io, BackendVersions *versions, QWidget *parent,
               QString *error);
-    /** Tells the module to withdraw and to exit, then unloads it. Does nothing when none is loaded.
+    /**
+     * Calls the module's two exit functions, then unloads it. Does nothing when no module is
+     * loaded.
      */
     void shutDown();
 
@@ -43,7 +45,7 @@ public:
     const QList<_GuiElement *> &elements() const { return m_elements; }
 
 private:
-    /** What is wrong with the plug-in's metadata; empty when it is the module's. */
+    /** What is wrong with the plug-in's metadata; empty when they are the module's. */
     QString metadataProblem() const;
 
     QPluginLoader m_loader;

@@ -6,7 +6,7 @@ class QCheckBox;
 class QPlainTextEdit;
 class WorkbenchSession;
 
-/** Lists where the open dialog shows something else than the controller holds. */
+/** Lists the differences between the open dialog and the controller's state. */
 class OracleDock : public QDockWidget {
     Q_OBJECT
 

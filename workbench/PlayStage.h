@@ -12,8 +12,9 @@ class QEventLoop;
 class LineRunner;
 
 /**
- * Where a script is played many times: each time the controller, the module, the message log and
- * the home folder are as at the beginning. The session and the window outlive it.
+ * The surroundings in which a script is played many times: each time the controller, the module,
+ * the message log and the home folder are in their initial state. The session and the window
+ * outlive it.
  */
 class PlayStage {
 public:
@@ -27,7 +28,7 @@ public:
 
     /** Sets everything up again; `rule` is in force before the module is loaded. */
     bool reset(const QString &rule, QString *error);
-    /** Runs to the end and closes what the runner left open. */
+    /** Plays to the end and closes the windows that the runner left open. */
     void play(LineRunner *runner);
     ScriptContext context() const;
     WorkbenchSession *session() const { return m_session; }

@@ -6,14 +6,16 @@
 class SimulatedIOManager;
 struct TranscriptEntry;
 
-/** Writes every operation to a file as it happens, flushed line by line. Owned by the program. */
+/** Writes every operation to a file at once, and flushes each line. Owned by the program. */
 class Recorder : public QObject {
     Q_OBJECT
 
 public:
     explicit Recorder(SimulatedIOManager *io, QObject *parent = nullptr);
 
-    /** Starts recording, with what was asked so far; false with *error naming the file. */
+    /**
+     * Starts recording, beginning with the operations so far; false with *error naming the file.
+     */
     bool start(const QString &file, QString *error);
 
 private:

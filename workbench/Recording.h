@@ -6,21 +6,23 @@
 #include <QString>
 #include <QVector>
 
-/** Transcripts as files: one JSON object a line, so that what was written before a crash is whole.
+/**
+ * Transcripts as files with one JSON object on each line, so that all lines written before a crash
+ * are complete.
  */
 namespace Recording {
 
-/** Operations that are shown before a difference. */
+/** Number of operations shown before a difference. */
 constexpr int contextLines = 3;
 
-/** One line without line break. Answers that are no valid text are kept byte for byte. */
+/** One line without line break. Answers that are not valid text are kept byte for byte. */
 QByteArray toLine(const TranscriptEntry &entry);
-/** False with *problem "expected ..., found ..." when the line is no recorded operation. */
+/** False with *problem "expected ..., found ..." when the line is not a recorded operation. */
 bool fromLine(const QByteArray &line, TranscriptEntry *entry, QString *problem);
 /** False with *error naming file and line. */
 bool load(const QString &file, QVector<TranscriptEntry> *entries, QString *error);
 /**
- * Compares what was asked and answered; times and durations do not count.
+ * Compares lines and answers; ignores times and durations.
  *
  * @return readable lines around the first difference; empty when there is none
  */

@@ -8,25 +8,26 @@
 class SimulatedIOManager;
 
 /**
- * Answers the module from a recording instead of the controller, as long as it asks the same in the
- * same order. From the first difference on every operation fails. Owned by the program or a test.
+ * Answers the module from a recording instead of the controller, as long as the module sends the
+ * same operations in the same order. Every operation after the first difference fails. Owned by the
+ * program or a test.
  */
 class Replayer : public QObject {
     Q_OBJECT
 
 public:
-    /** Operations other than messages of `recording` are replayed. */
+    /** Replays the operations of `recording` other than messages. */
     Replayer(SimulatedIOManager *io, const QVector<TranscriptEntry> &recording,
              QObject *parent = nullptr);
     ~Replayer() override;
 
-    /** What was recorded and what was asked instead; empty while they agree. */
+    /** The recorded operation and the one that came in its place; empty while they are equal. */
     QString difference() const { return m_difference; }
-    /** Recorded operations that nobody asked for yet. */
+    /** Number of recorded operations that have not come yet. */
     int remaining() const { return m_recording.size() - m_next; }
 
 signals:
-    /** Sent once, during the operation that differs. */
+    /** Emitted once, during the operation that differs. */
     void differed();
 
 private:

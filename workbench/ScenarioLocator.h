@@ -6,13 +6,16 @@
 /** Finds the files shipped beside the workbench: scenarios, demonstrations and the tour. */
 namespace ScenarioLocator {
 
-/** Folder of the shipped scenarios: the source tree's, or the installed one. */
+/** Folder of the shipped scenarios: that of the source tree, or the installed one. */
 QString folder();
-/** The file itself when it exists, else the shipped scenario of that name (may not exist). */
+/**
+ * The file itself when it exists, otherwise the shipped scenario with that name, which may not
+ * exist.
+ */
 QString scenarioFile(const QString &nameOrFile);
-/** As scenarioFile(), for demonstrations. */
+/** Like scenarioFile(), for demonstrations. */
 QString demoFile(const QString &nameOrFile);
-/** The scripts of the tour in the order in which they are played; the first one always exists. */
+/** The scripts of the tour in the order in which they are played. The first one always exists. */
 QStringList tourFiles();
 /** Names of the shipped scenarios, sorted. */
 QStringList scenarioNames();

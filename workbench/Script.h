@@ -6,28 +6,28 @@
 #include <QVector>
 
 /**
- * A list of actions and expectations, one a line. Words are separated by blanks; a word with blanks
- * is written in double quotes, in which \" and \\ and \n are the usual escapes. A line that begins
- * with # is a comment; empty lines are ignored.
+ * A list of actions and expectations, one on each line. Words are separated by blanks; a word with
+ * blanks is written in double quotes, in which \" and \\ and \n are the usual escapes. A line that
+ * begins with # is a comment; empty lines are ignored.
  *
  * Lines before the first action may name the scenario ("scenario NAME"), say in sentences what a
  * person should try ("tell TEXT"), give each operation a duration that a person feels ("latency
  * MS"), make the preferences' folder unwritable ("home unwritable"), and show the module in another
- * language ("language de") or in dark colours ("palette dark"). Actions before a line "begin" set
- * the stage: they are carried out before a person takes over.
+ * language ("language de") or in dark colours ("palette dark"). Actions before a line "begin"
+ * prepare the demonstration: they are carried out before a person takes over.
  */
 struct Script {
     struct Line {
-        int number = 0; ///< from 1
+        int number = 0; ///< one-based
         QStringList words;
     };
 
     QString name;        ///< file name as given
-    QString scenario;    ///< empty: the default one
+    QString scenario;    ///< empty: the default scenario
     QStringList telling; ///< what a person should try
-    int latencyMs = 0;   ///< only where a person watches
+    int latencyMs = 0;   ///< used only when a person watches
     bool unwritableHome = false;
-    QString language; ///< of the module's texts, for example "de"; empty: English
+    QString language; ///< language of the module's texts, for example "de"; empty: English
     bool isDark = false;
     QVector<Line> setup;
     QVector<Line> lines;
@@ -37,6 +37,6 @@ struct Script {
     static bool load(const QString &file, Script *script, QString *error);
     /** Splits one line into words; false when a quote is not closed. */
     static bool split(const QString &line, QStringList *words);
-    /** The words as a line that split() takes apart again. */
+    /** The words as a line that split() can take apart again. */
     static QString joined(const QStringList &words);
 };

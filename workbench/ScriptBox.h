@@ -5,14 +5,14 @@
 
 class QMessageBox;
 
-/** How scripts name a message box and its buttons. */
+/** How scripts refer to a message box and its buttons. */
 namespace ScriptBox {
 
 /** The text with the informative text on a line of its own. */
 QString textOf(const QMessageBox *box);
-/** Title or text is exactly this, or the whole of it matches the regular expression. */
+/** True when title or text equals the pattern, or matches it completely as a regular expression. */
 bool matches(const QString &text, const QString &pattern);
-/** The words of a line are an answer to this box. */
+/** True when the words of a line are an answer to this box. */
 bool matches(const QMessageBox *box, const QStringList &words);
 
 } // namespace ScriptBox

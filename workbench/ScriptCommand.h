@@ -8,24 +8,27 @@
 
 #include <functional>
 
-/** One thing a line of a script can say. */
+/** One action or expectation of the script language. */
 struct ScriptCommand {
     QString word; ///< first word; expectations have two, "expect text"
     int minimum;  ///< number of arguments
     int maximum;
     QString usage; ///< names of the arguments, for messages and documentation
-    /** Carries it out; answers "expected ..., found ...", or an empty text when all is well. */
+    /** Carries the command out; returns "expected ..., found ...", or an empty text on success. */
     std::function<QString(ScriptContext &, const QStringList &)> run;
 };
 
-/** Everything the script language knows. */
+/** All commands of the script language. */
 namespace ScriptCommands {
 
-/** What a user or a second client does. */
+/** The actions of a user or a second client. */
 const QVector<ScriptCommand> &actions();
-/** What must be so. */
+/** The expectations. */
 const QVector<ScriptCommand> &expectations();
-/** The command the words begin with, and how many words name it; null when there is none. */
+/**
+ * The command with which the words begin, and the number of words in its name; null when there is
+ * none.
+ */
 const ScriptCommand *find(const QStringList &words, int *nameLength);
 
 } // namespace ScriptCommands

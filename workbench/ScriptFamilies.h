@@ -5,9 +5,9 @@
 namespace ScriptCommands {
 
 // The actions' parts, one source file each.
-/** What a user does with keys and mouse. */
+/** The actions of a user with keys and mouse. */
 QVector<ScriptCommand> inputActions();
-/** What happens to the controller and its link, and what the script itself is asked for. */
+/** The actions on the controller and its link, and those for the script itself. */
 QVector<ScriptCommand> controllerActions();
 
 } // namespace ScriptCommands

@@ -6,9 +6,9 @@
 #include <QVector>
 
 /**
- * Runs a script line by line and stops at the first failed one.
+ * Runs a script line by line and stops at the first line that fails.
  *
- * Owned by main() or a test; must outlive the event loops it runs in.
+ * Owned by main() or a test. It must outlive the event loops in which it runs.
  */
 class ScriptRunner : public LineRunner {
     Q_OBJECT
@@ -17,11 +17,11 @@ public:
     ScriptRunner(const Script &script, const ScriptContext &context, QObject *parent = nullptr);
 
     /**
-     * For each line that asked the controller for anything: number of operations, and the longest
-     * time in which the dialogs could not react.
+     * For each line that sent operations: their number, and the longest time in which the dialogs
+     * could not react.
      */
     QStringList actionCosts() const { return m_costs; }
-    /** How many lines were begun. */
+    /** Number of lines that were begun. */
     int linesBegun() const { return m_next; }
 
 protected:
@@ -36,6 +36,6 @@ private:
 
     Script m_script;
     int m_next = 0;
-    qint64 m_operationsBefore = 0; ///< when the last line began
+    qint64 m_operationsBefore = 0; ///< number of operations when the last line began
     QStringList m_costs;
 };

@@ -6,18 +6,20 @@
 
 class QProcess;
 
-/** Takes lines out of a script for as long as it fails in the same way. */
+/** Removes lines from a script as long as it still fails in the same way. */
 class ScriptShrinker {
 public:
-    /** @param arguments of the program that plays a script, besides the script itself */
+    /** @param arguments arguments of the program that plays a script, without the script itself */
     explicit ScriptShrinker(const QStringList &arguments) : m_arguments(arguments) {}
 
-    /** The shortest script that was found; the first line, which names the scenario, stays. */
+    /** The shortest script that was found. The first line, which names the scenario, is kept. */
     QByteArray shrunk(const QByteArray &script, const QString &failure) const;
 
-    /** What a finished process says of its failure, a crash included; empty for success. */
+    /** The failure that a finished process reports, or its crash; empty for success. */
     static QString failureOf(QProcess *process);
-    /** The failure without its place and its numbers, by which two are the same. */
+    /**
+     * The failure without its place and its numbers; two failures with the same kind are the same.
+     */
     static QString kindOf(const QString &failure);
 
 private:

@@ -8,21 +8,21 @@
 #include <thread>
 
 /**
- * Ends the program with status 1 when something keeps a script from going on.
+ * Ends the program with status 1 when a script does not go on.
  *
- * Watches from a thread of its own, so that it also notices a module that never gives the event
- * loop its turn back. What was recorded until then is in its file already.
+ * It watches in a thread of its own, so that it also notices a module that never returns to the
+ * event loop. The operations recorded until then are already in their file.
  */
 class ScriptWatchdog {
 public:
-    /** @param limitSeconds how long a watched step may take; at least 1 */
+    /** @param limitSeconds longest duration of a watched step; at least 1 */
     explicit ScriptWatchdog(int limitSeconds);
     /** Stops watching. */
     ~ScriptWatchdog();
     ScriptWatchdog(const ScriptWatchdog &) = delete;
     ScriptWatchdog &operator=(const ScriptWatchdog &) = delete;
 
-    /** From now on `step` has the whole limit; its name is shown when that was too short. */
+    /** Begins the whole limit for `step`, whose name is shown when the limit is exceeded. */
     void watch(const QString &step);
 
 private:
@@ -34,5 +34,5 @@ private:
     std::string m_step;
     unsigned m_steps = 0;
     bool m_ended = false;
-    std::thread m_thread; ///< last, so that it finds all the others
+    std::thread m_thread; ///< declared last, so that all other members exist when it starts
 };

@@ -11,8 +11,8 @@ class QVBoxLayout;
 class WorkbenchSession;
 
 /**
- * Changes the controller as another program connected to it would: behind the module's back, at any
- * time. Every action says in one line what it did.
+ * Changes the controller as another connected program would, at any time and without the module.
+ * Every action shows one line about what it did.
  */
 class SecondClientPanel : public QWidget {
     Q_OBJECT
@@ -29,7 +29,7 @@ private:
     void changeCount();
     void switchConfiguration();
     void restart();
-    /** The chosen body's number, or 0 with a line that says that there is none. */
+    /** The number of the chosen body; 0, and a line that says so, when there is none. */
     int chosenBody();
 
     WorkbenchSession *m_session;

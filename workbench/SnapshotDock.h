@@ -18,7 +18,10 @@ public:
 
     /** Writes the controller's present state; the dock shows the result. */
     bool saveTo(const QString &file);
-    /** Takes the state from a file; an unusable file changes nothing and is explained. */
+    /**
+     * Reads the state from a file. A file that cannot be used changes nothing, and the dock says
+     * why.
+     */
     bool loadFrom(const QString &file);
 
 private:

@@ -6,24 +6,28 @@
 #include <QVector>
 
 /**
- * States of the controller that somebody wanted to keep, in the order they were taken, with a place
- * in it to step back and forward. A new snapshot drops those after the present place.
+ * Stored states of the controller in the order in which they were taken, with a position that can
+ * step back and forward. A new snapshot removes those after the position.
  */
 class SnapshotHistory {
 public:
-    /** Keeps the state and makes it the present one; does nothing when it equals the present one.
+    /**
+     * Stores the state and makes it the present one; does nothing when it equals the present one.
      */
     bool take(const ControllerState &state);
     bool canStepBack() const { return m_current > 0; }
     bool canStepForward() const { return m_current + 1 < m_states.size(); }
-    /** The state before the present one, which becomes the present one. Only if canStepBack(). */
+    /**
+     * Makes the state before the present one the present one, and returns it. Requires
+     * canStepBack().
+     */
     const ControllerState &stepBack();
     const ControllerState &stepForward();
 
     int size() const { return m_states.size(); }
     /** Index of the present snapshot; -1 when there is none. */
     int current() const { return m_current; }
-    /** Readable lines: what differs between the present snapshot and `state`. */
+    /** Readable lines with the differences between the present snapshot and `state`. */
     QStringList changesSince(const ControllerState &state) const;
 
 private:

@@ -7,7 +7,7 @@ class QSlider;
 class QTableWidget;
 class StallMeter;
 
-/** Shows the longest stall of each dialog, and sets the time that each operation takes. */
+/** Shows the longest stall of each dialog, and sets the duration of each operation. */
 class StallDock : public QDockWidget {
     Q_OBJECT
 

@@ -10,9 +10,12 @@
  */
 namespace StatePath {
 
-/** The value as text: "true"/"false", shortest number, text as it is; lists and objects as JSON. */
+/**
+ * The value as text: "true"/"false", the shortest form of a number, an unchanged text; lists and
+ * objects as JSON.
+ */
 bool read(const ControllerState &state, const QString &path, QString *value, QString *problem);
-/** Replaces a text, number or truth value; the kind must stay the same. */
+/** Replaces a text, number or truth value by one of the same kind. */
 bool write(ControllerState *state, const QString &path, const QString &value, QString *problem);
 
 } // namespace StatePath

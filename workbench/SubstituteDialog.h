@@ -6,28 +6,29 @@ class QLabel;
 class QPushButton;
 
 /**
- * The window of a substitute module: what was asked, a button that carries it out, a button that
- * closes. Not modal; deletes itself when closed.
+ * The window of a substitute module: it shows the request, and has a button that carries it out and
+ * a button that closes the window. Not modal; deletes itself when closed.
  */
 class SubstituteDialog : public QDialog {
     Q_OBJECT
 
 public:
     /**
-     * @param module    name of the substituted module; the object name is "substitute_" and this
-     * @param request   the text of the request, shown as it came
-     * @param effect    what applying does, or why nothing can be applied
-     * @param applicable whether there is something to apply
+     * @param module     name of the substituted module; the object name is "substitute_" and this
+     *   name
+     * @param request    the text of the request, shown as it came
+     * @param effect     what the button does, or why it can do nothing
+     * @param applicable true when the button can do something
      */
     SubstituteDialog(const QString &module, const QString &request, const QString &effect,
                      bool applicable, QWidget *parent = nullptr);
 
-    /** Shows what applying did. */
+    /** Shows the result of the button. */
     void setResult(const QString &text);
 
 signals:
     void applied();
-    /** The dialog was closed by the user. */
+    /** The user has closed the dialog. */
     void closed();
 
 private:

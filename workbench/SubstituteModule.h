@@ -10,32 +10,32 @@ class SimulatedIOManager;
 class SubstituteDialog;
 
 /**
- * Stands in for another module of the frontend: takes requests on its channel, shows them in a
- * small dialog, applies a believable result to the simulated controller and answers "reopen" when
- * closed.
+ * A substitute for another module of the frontend. It receives requests on its channel, shows them
+ * in a small dialog, gives the simulated controller a plausible result and sends "reopen" when the
+ * dialog is closed.
  *
- * Owned by the session, registered on its channel from construction to destruction.
+ * Owned by the session; registered on its channel from construction to destruction.
  */
 class SubstituteModule : public QObject, public MessageReceiver {
     Q_OBJECT
 
 public:
-    /** What the module does with a body. */
+    /** The work of the module on a body. */
     enum class Work { Calibrate, CalibrateHybrid, Adjust };
 
     SubstituteModule(Work work, SimulatedController *controller, SimulatedIOManager *io,
                      QObject *parent = nullptr);
     ~SubstituteModule() override;
 
-    /** Tells all modules that this one is present, where such an announcement exists. */
+    /** Sends the message that the module is present, if such a message exists. */
     void announce();
     QByteArray channel() const;
 
     int transmit_message(int kind, const char *sender, const char *text) override;
 
-    /** The open dialog; null when no request is being worked on. */
+    /** The open dialog; null when there is no request. */
     SubstituteDialog *dialog() const;
-    /** Closes the dialog without an answer to anybody; for shutting down. */
+    /** Closes the dialog without sending "reopen"; used at the shutdown. */
     void dismiss();
 
 private:

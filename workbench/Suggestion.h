@@ -3,10 +3,12 @@
 #include <QString>
 #include <QStringList>
 
-/** Helps with words that were mistyped. */
+/** Suggestions for misspelled words. */
 namespace Suggestion {
 
-/** `; did you mean "X"?` with the candidate that is nearest to the word; empty when none is near.
+/**
+ * `; did you mean "X"?` with the candidate that is most similar to the word; empty when none is
+ * similar.
  */
 QString forWord(const QString &word, const QStringList &candidates);
 

@@ -5,13 +5,13 @@
 #include <QStringList>
 #include <QVector>
 
-/** What must hold however a controller fails. */
+/** The rules that hold for every failure of a controller. */
 namespace SweepChecks {
 
 /**
  * Compares a disturbed run with the undisturbed one, line by line.
  *
- * @param transcript everything that was asked in the disturbed run, the inspection included
+ * @param transcript all operations of the disturbed run, including the inspection
  * @param disturbed number of the operation at which the disturbance begins, from 1
  * @return "line N: expected ..., found ..." for each violation
  */

@@ -11,7 +11,7 @@ struct SweepFault {
     QString name;
     QString rule; ///< fault rule with %1 for the number of the operation
 
-    /** False when the fault cannot disturb such an operation. */
+    /** False when the fault cannot disturb this kind of operation. */
     bool concerns(const TranscriptEntry &entry) const;
 };
 
@@ -19,7 +19,7 @@ namespace SweepFaults {
 
 const QVector<SweepFault> &all();
 QStringList names();
-/** The named faults, separated by commas; "all" for every one. False with *problem. */
+/** Reads the names of faults, separated by commas; "all" means every fault. False with *problem. */
 bool parse(const QString &list, QVector<SweepFault> *faults, QString *problem);
 
 } // namespace SweepFaults

@@ -8,21 +8,21 @@
 
 class QMessageBox;
 
-/** What one line of a script led to. */
+/** The effects of one line of a script. */
 struct SweepStep {
     Script::Line line;
     QVector<TranscriptEntry> operations; ///< without messages
     QStringList log;                     ///< lines of the message log
-    int boxes = 0;                       ///< boxes that were answered because no line did
-    QString window;                      ///< class of the window that the line acts on
+    int boxes = 0;                       ///< boxes that no line of the script answered
+    QString window;                      ///< class of the window that the line uses
 };
 
 /**
- * Plays a script while the controller is disturbed, as an operator who goes on as well as possible:
- * what cannot be done is left out, and an unexpected box is answered with its safe button. Then the
- * disturbance ends, and each dialog must show the controller again.
+ * Plays a script while the controller is disturbed, as an operator would who goes on as well as
+ * possible: lines that cannot be done are skipped, and an unexpected box is answered with its safe
+ * button. Then the disturbance ends, and each dialog must show the controller's state again.
  *
- * Undisturbed it plays the same, but every line must succeed.
+ * An undisturbed run plays the same lines, but every line must succeed.
  */
 class SweepRun : public LineRunner {
     Q_OBJECT
@@ -33,19 +33,19 @@ public:
              qint64 firstOperation);
 
     /**
-     * A line that enters something is left out while another window is in front than in that run:
-     * no operator presses OK in a window he did not expect.
+     * Skips a line that enters something when the window in front is not the one of the
+     * `undisturbed` run, because no operator presses OK in an unexpected window.
      */
     void follow(const QVector<SweepStep> &undisturbed) { m_undisturbed = undisturbed; }
     /**
-     * What the module asks for only when it is loaded stays as it was answered, so that a dialog
-     * may differ from the controller when that was disturbed.
+     * Allows a dialog to differ from the controller, because the module queries some values only
+     * when it is loaded, and those queries were disturbed.
      */
     void allowDifferences() { m_allowsDifferences = true; }
 
     /** Steps of the script; the first one is the loading of the module and has no words. */
     const QVector<SweepStep> &steps() const { return m_steps; }
-    /** What was wrong with the boxes, and with the dialogs when the disturbance was over. */
+    /** What was wrong with the boxes, and with the dialogs after the disturbance. */
     const QStringList &violations() const { return m_violations; }
     /** Number of operations in the steps. */
     int operationCount() const;
@@ -65,10 +65,10 @@ private:
     void endStep();
     bool dismissBox(QMessageBox *box);
     bool closeWindows();
-    /** A search keeps the dialog open until it is stopped. */
+    /** Stops a running search, which would keep the dialog open. */
     void stopSearchFirst();
     void endDisturbance();
-    /** The next line of the inspection, which depends on the pages there are. */
+    /** Provides the next line of the inspection, which depends on the existing pages. */
     bool takeInspection(Script::Line *line);
 
     Script m_script;

@@ -14,7 +14,7 @@ class SimulatedIOManager;
 class TranscriptFilter;
 class TranscriptModel;
 
-/** Lists every operation the module asked for; filterable while typing, exportable as text. */
+/** Lists every operation of the module. The list can be filtered by typing and exported as text. */
 class TranscriptDock : public QDockWidget {
     Q_OBJECT
 
@@ -23,16 +23,19 @@ public:
 
     ~TranscriptDock() override;
 
-    /** Names the file that has the rows which the limit drops here; empty: there is none. */
+    /**
+     * Sets the name of the file that keeps the rows which the limit drops here; empty: there is
+     * none.
+     */
     void setRecordingFile(const QString &file);
-    /** Writes what the IOManager recorded so far; the result is shown in the dock too. */
+    /** Writes all operations that the IOManager has recorded; the dock shows the result, too. */
     bool exportTo(const QString &file);
 
 private:
     void buildLayout();
     void connectWidgets();
     void chooseExportFile();
-    /** Shows what was recorded since the last time. */
+    /** Shows the operations recorded since the last call. */
     void takePending();
     void showCount();
 

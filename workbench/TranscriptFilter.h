@@ -8,10 +8,10 @@
 class TranscriptModel;
 
 /**
- * Shows the rows of a transcript that hold every typed word, in any column, in any case.
+ * Shows the rows of a transcript that contain every typed word, in any column and in any case.
  *
- * It keeps the numbers of the accepted rows, so that a new row costs the same however many there
- * are. Long transcripts are looked through from the event loop, in parts, so that typing goes on.
+ * It keeps the numbers of the accepted rows, so that the cost of a new row does not grow. The event
+ * loop searches long transcripts in parts, so that the user can go on typing.
  */
 class TranscriptFilter : public QAbstractTableModel {
     Q_OBJECT
@@ -20,11 +20,11 @@ public:
     /** @param source the transcript; outlives the filter */
     explicit TranscriptFilter(TranscriptModel *source, QObject *parent = nullptr);
 
-    /** Blank-separated words; an empty text shows everything. */
+    /** Sets the words, separated by blanks; an empty text shows every row. */
     void setWords(const QString &text);
-    /** Rows are left that were not looked at yet. */
+    /** True while some rows have not been compared yet. */
     bool isBusy() const { return m_seen < m_end; }
-    /** How many rows were compared with words so far: what filtering costs. */
+    /** Number of rows compared with the words so far, which is the cost of filtering. */
     qint64 comparedRows() const { return m_compared; }
 
     int rowCount(const QModelIndex &parent = QModelIndex()) const override;
@@ -34,29 +34,29 @@ public:
                         int role = Qt::DisplayRole) const override;
 
 signals:
-    /** The last row was looked at. */
+    /** The last row has been compared. */
     void finished();
 
 private:
     void restart();
-    /** Looks at the next part of the rows that were not looked at yet. */
+    /** Compares the next part of the remaining rows. */
     void lookOn();
     void takeInserted();
-    /** Before and after the source drops its first `count` rows. */
+    /** Called before and after the source drops its first `count` rows. */
     void beginRemoval(int count);
     void endRemoval();
     bool accepts(int sourceRow) const;
     void insert(const QVector<qint64> &rows);
 
-    // Rows are counted from the first one ever, so that dropped rows leave the numbers as they are.
+    // Row numbers count from the first row ever, so that dropped rows do not change them.
     TranscriptModel *m_source;
     QStringList m_words;
-    QVector<qint64> m_rows; ///< accepted rows; unused without words, which accepts all
+    QVector<qint64> m_rows; ///< accepted rows; unused without words, when all rows are accepted
     qint64 m_first = 0;     ///< number of the source's row 0
-    qint64 m_seen = 0;      ///< rows before this one were looked at
+    qint64 m_seen = 0;      ///< the rows before this one have been compared
     qint64 m_end = 0;       ///< number after the source's last row
-    qint64 m_newFirst = 0;  ///< what m_first will be when the removal is done
-    int m_leaving = 0;      ///< accepted rows that the removal takes along
+    qint64 m_newFirst = 0;  ///< value of m_first after the removal
+    int m_leaving = 0;      ///< number of accepted rows that the removal drops
     mutable qint64 m_compared = 0;
     QTimer m_next;
 };

@@ -14,15 +14,15 @@ public:
 
     explicit TranscriptModel(QObject *parent = nullptr);
 
-    /** Rows beyond the limit are dropped, oldest first; 0: no limit. */
+    /** Sets the limit, beyond which the oldest rows are dropped; 0: no limit. */
     void setLimit(int limit) { m_limit = limit; }
     void append(const QVector<TranscriptEntry> &entries);
     void append(const TranscriptEntry &entry) { append(QVector<TranscriptEntry>{entry}); }
     void clear();
     const TranscriptEntry &entry(int row) const { return m_entries.at(row); }
-    /** Rows that the limit dropped since the model was cleared. */
+    /** Number of rows that the limit has dropped since the model was cleared. */
     qint64 droppedCount() const { return m_dropped; }
-    /** All texts of a row, one a line: what a filter looks at. */
+    /** All texts of a row, each on a line, for the filter. */
     QString rowText(int row) const;
 
     int rowCount(const QModelIndex &parent = QModelIndex()) const override;

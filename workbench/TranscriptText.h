@@ -11,11 +11,11 @@ namespace TranscriptText {
 
 /** One line without line break: virtual time, operation, command, answer, result, dialog. */
 QString line(const TranscriptEntry &entry);
-/** All entries, one line each, UTF-8. */
+/** All entries in UTF-8, each on a line. */
 QByteArray document(const QVector<TranscriptEntry> &entries);
 /** Writes the document atomically; false with *error naming the file. */
 bool save(const QString &file, const QVector<TranscriptEntry> &entries, QString *error);
-/** The answer as text a person can read, with what is no valid text escaped. */
+/** The answer as readable text; bytes that are not valid text are escaped. */
 QString printable(const QByteArray &bytes);
 
 } // namespace TranscriptText

@@ -4,21 +4,21 @@
 
 class QWidget;
 
-/** Finds what a user can see and reach, by object name. */
+/** Finds widgets that a user can see and reach, by object name. */
 namespace WidgetFinder {
 
-/** The window a user is confined to: the modal one; null when there is none. */
+/** The modal window, which is the only one that takes input; null when there is none. */
 QWidget *modalWindow();
-/** Title, or class name, and the text of a message box: how a window is named in messages. */
+/** The name of a window in messages: its title or class name, and the text of a message box. */
 QString describe(const QWidget *window);
-/** A window whose input is held back by a modal one. */
+/** True when a modal window blocks the input of the widget. */
 bool isBlocked(const QWidget *widget);
 /**
- * The visible widget of that object name, in the modal window before others; null with *problem
+ * The visible widget with that object name, preferably in the modal window; null with *problem
  * "expected ..., found ..." when there is none.
  */
 QWidget *visible(const QString &objectName, QString *problem);
-/** As visible(), but the widget must take input: not blocked, and enabled. */
+/** Like visible(), but the widget must be enabled and not blocked. */
 QWidget *usable(const QString &objectName, QString *problem);
 
 } // namespace WidgetFinder

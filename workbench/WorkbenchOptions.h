@@ -5,12 +5,13 @@
 #include <QString>
 #include <QStringList>
 
-/** What the command line asks of the workbench. */
+/** The workbench's command line. */
 struct WorkbenchOptions {
     QString scenario = QStringLiteral("studio"); ///< name of a shipped scenario, or a file
-    bool scenarioGiven = false;                  ///< a demonstration's own scenario gives way
-    QString pluginFile;                          ///< empty: the built or installed plug-in
-    QString tourDir;                             ///< folder for the tour's pictures and transcript
+    /// false lets a demonstration's own scenario replace it
+    bool scenarioGiven = false;
+    QString pluginFile; ///< empty: the built or installed plug-in
+    QString tourDir;    ///< folder for the tour's pictures and transcript
     QString tourScript; ///< the part of the tour to play; set by the program, not by an option
     QStringList faults; ///< rules, added after those of the scenario
     QString scriptFile;
@@ -18,27 +19,27 @@ struct WorkbenchOptions {
     bool headless = false;
     QString sweepFile; ///< script to play with every fault at every operation
     SweepPlan sweepPlan;
-    QString explore;           ///< seed, or first and last seed with a dash, of random driving
-    int steps = 300;           ///< actions for each seed
-    QString exploreInto;       ///< file for the lines of the seed that is driven in this process
+    QString explore;           ///< one seed, or the first and the last one with a dash
+    int steps = 300;           ///< number of actions for each seed
+    QString exploreInto;       ///< file for the lines of the seed that this process drives
     QString scenarioCheckFile; ///< scenario to check and print
-    QString junitFile;         ///< results for build servers
+    QString junitFile;         ///< file for the results, for build servers
     QString recordFile;
     QString replayFile;
     QStringList transcriptDiff;   ///< two files, or empty
-    int latencyMs = 0;            ///< 0 to 500, per command
-    int timeoutS = 120;           ///< 1 to 3600, per line of a script
+    int latencyMs = 0;            ///< duration of each operation, 0 to 500
+    int timeoutS = 120;           ///< limit for each line of a script, 1 to 3600
     int transcriptLimit = 200000; ///< 100 to 10,000,000 operations
     bool help = false;
     bool version = false;
 
-    /** Runs a script that reports success or failure instead of waiting for a person. */
+    /** True when a script runs that reports success or failure and waits for no person. */
     bool isScripted() const
     {
         return headless || !tourDir.isEmpty() || !scriptFile.isEmpty() || !sweepFile.isEmpty()
                || !explore.isEmpty();
     }
-    /** Reads or writes files only. */
+    /** True when the program only reads or writes files. */
     bool needsNoWindow() const { return !transcriptDiff.isEmpty() || !scenarioCheckFile.isEmpty(); }
 
     /**
@@ -47,6 +48,6 @@ struct WorkbenchOptions {
      * @return false with *error naming the option and what was expected
      */
     static bool parse(const QStringList &arguments, WorkbenchOptions *options, QString *error);
-    /** All options with one line of meaning each. */
+    /** All options, each with one line of explanation. */
     static QString helpText();
 };

@@ -21,8 +21,8 @@ class TimerHold;
 class WorkbenchSession;
 
 /**
- * The program behind main(): sets up the session and the windows that the options ask for, runs
- * them and ends with an exit status. Lives on main()'s stack, after the application object.
+ * The program behind main(): it sets up the session and the windows for the options, runs them and
+ * returns an exit status. It is on main()'s stack, after the application object.
  */
 class WorkbenchProgram {
 public:
@@ -31,11 +31,11 @@ public:
 
     /** 0 when done, 1 when an expectation failed, 2 when the input cannot be used. */
     int run();
-    /** What is wrong with the script or the scenario, whether or not there is a display. */
+    /** What is wrong with the script or the scenario; can be called without a display. */
     QString inputProblem();
 
 private:
-    /** Each answers false with *error when the input cannot be used. */
+    /** Each of these returns false, with *error, when the input cannot be used. */
     bool loadScript(QString *error);
     bool prepareHome(QString *error);
     bool loadScenario(Scenario *scenario, QString *error) const;
@@ -60,7 +60,7 @@ private:
 
     WorkbenchOptions m_options;
     Script m_script;
-    std::unique_ptr<Dress> m_dress; ///< outlives the windows that wear it
+    std::unique_ptr<Dress> m_dress; ///< outlives the windows that use it
     QStringList m_rules;            ///< fault rules of the scenario and of the command line
     std::unique_ptr<QTemporaryDir> m_home;
     std::unique_ptr<WorkbenchSession> m_session;
@@ -69,5 +69,5 @@ private:
     std::unique_ptr<MainWindow> m_window;
     std::unique_ptr<TimerHold> m_timers;
     std::unique_ptr<ScriptRunner> m_runner;
-    std::unique_ptr<ScriptWatchdog> m_watchdog; ///< only while nobody watches
+    std::unique_ptr<ScriptWatchdog> m_watchdog; ///< exists only while no person watches
 };

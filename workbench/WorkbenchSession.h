@@ -15,8 +15,8 @@
 class SubstituteModule;
 
 /**
- * What a host holds besides its windows: the simulated controller, its IOManager, the versions, the
- * loaded module and the substitutes of the other modules. Owned by main() or a test.
+ * The parts of a host besides its windows: the simulated controller, its IOManager, the versions,
+ * the loaded module and the substitutes of the other modules. Owned by main() or a test.
  */
 class WorkbenchSession : public QObject {
     Q_OBJECT
@@ -29,7 +29,7 @@ public:
     bool addFault(const QString &rule, QString *error);
 
     /**
-     * Loads the module and lets the other modules announce themselves.
+     * Loads the module, and lets the other modules announce themselves.
      *
      * @param moduleParent parent of the module's dialogs; outlives the module
      */
@@ -44,11 +44,12 @@ public:
     const ControllerState &state() const { return m_controller.state(); }
     QString scenarioName() const { return m_scenarioName; }
 
-    /** Changes the controller behind the module's back. */
+    /** Changes the controller's state without a command of the module. */
     void edit(const std::function<void(ControllerState &)> &change);
-    /** Tells the modules that another configuration became active. */
+    /** Sends the message that another configuration has become active. */
     void announceConfiguration();
-    /** The controller comes back speaking another protocol version. False when it does not parse.
+    /**
+     * Restarts the controller with another protocol version. False when the text is not a version.
      */
     bool restartWithProtocol(const QString &protocol);
 
@@ -58,7 +59,7 @@ public:
 signals:
     void measurementRunningChanged(bool running);
     void moduleLoaded();
-    /** The module's entries and dialogs are about to go. */
+    /** The module's entries and dialogs are about to be deleted. */
     void moduleUnloading();
 
 private:

@@ -3,9 +3,9 @@
 #include <QtGlobal>
 
 /**
- * Measures what the workbench does for itself while it lives: filling its panels, comparing,
- * recording. The module is not to blame for that time. Lives on the stack; inner ones do not count
- * twice. The interface's thread only.
+ * Measures the time that the workbench uses itself, such as for filling its panels, comparing and
+ * recording, because that time does not count as the module's. The object is on the stack; nested
+ * objects do not count twice. For the GUI thread only.
  */
 class WorkbenchTime {
 public:
@@ -14,7 +14,7 @@ public:
     WorkbenchTime(const WorkbenchTime &) = delete;
     WorkbenchTime &operator=(const WorkbenchTime &) = delete;
 
-    /** All that was measured so far, in ns. */
+    /** All time measured so far, in ns. */
     static qint64 spentNs();
 
 private:
