@@ -17,29 +17,29 @@ namespace {
 
 constexpr int messageKind = 1;
 
-/** Room for an answer, far above the 200 bytes that the host promises to stay within. */
+/** A buffer for an answer, far larger than the 200 bytes that the host promises not to exceed. */
 using AnswerBuffer = std::array<char, 8192>;
 
 /**
- * The part of an answer buffer that is zeroed, more than the host promises to use: an answer ends
- * even without a NUL.
+ * The zeroed part of an answer buffer. It is larger than what the host promises to use, so that an
+ * answer ends even without a NUL.
  */
 constexpr int zeroedBytes = 256;
 
-/** A sign that would break a line of the message log or of a label. */
+/** True for a character that would break a line of the message log or of a label. */
 bool isControl(QChar sign)
 {
     return sign.category() == QChar::Other_Control || sign.category() == QChar::Separator_Line
            || sign.category() == QChar::Separator_Paragraph;
 }
 
-/** Most signs of most answers, which need no look into the tables of Unicode. */
+/** True for most characters of most answers; they need no lookup in the tables of Unicode. */
 bool isPrintableAscii(QChar sign)
 {
     return sign >= QLatin1Char(' ') && sign <= QLatin1Char('~');
 }
 
-/** Makes the buffer one that ends, whatever is written into it. */
+/** Makes sure that the buffer ends with a NUL, whatever the host writes into it. */
 void terminate(AnswerBuffer *buffer)
 {
     std::memset(buffer->data(), 0, zeroedBytes);
@@ -57,7 +57,7 @@ QString decode(AnswerBuffer &buffer)
     return answer;
 }
 
-/** True when it converts texts and whole numbers only, which read the same in every locale. */
+/** True when the format has only texts and whole numbers, which look the same in every locale. */
 bool isLocaleFree(const char *format)
 {
     for (format = std::strchr(format, '%'); format; format = std::strchr(format, '%')) {
@@ -70,7 +70,9 @@ bool isLocaleFree(const char *format)
     return true;
 }
 
-/** A line break would end the line, and after an unpaired quote the rest would mean another thing.
+/**
+ * False for a line with a line break, which would end the line, or with an unpaired quote, after
+ * which the rest would have another meaning.
  */
 bool maySend(const char *line)
 {
@@ -118,7 +120,7 @@ private:
 
 } // namespace
 
-// A va_list lives in the function that has the dots, so no other function can do this.
+// A macro, because a va_list cannot leave the function that has the variable arguments.
 #define LINE_OF(format)                                                                            \
     va_list arguments;                                                                             \
     va_start(arguments, format);                                                                   \
@@ -127,8 +129,8 @@ private:
     const char *const line = commandLine.data()
 
 /**
- * One query or write. Keeps what it needs of the link, since a host may delete the link's owner
- * meanwhile, and lets the observer know when it is over.
+ * One query or write. It keeps what it needs of the link, because a host may delete the link's
+ * owner meanwhile, and reports its end to the observer.
  */
 class ControllerLink::Operation {
 public:
@@ -144,7 +146,7 @@ public:
     Operation(const Operation &) = delete;
     Operation &operator=(const Operation &) = delete;
 
-    /** Carries out `call` for a line that may be sent; true when the host reports no failure. */
+    /** Calls `call` for a line that may be sent; true when the host reports no failure. */
     template <typename Call>
     bool succeeds(const char *line, const Call &call) const
     {
@@ -159,7 +161,7 @@ public:
     }
 
 private:
-    const HostCall m_call; ///< ends last, after the observer has heard of it
+    const HostCall m_call; ///< destroyed last, after the observer was notified
     const std::shared_ptr<const Host> m_host;
     const QPointer<LinkObserver> m_observer;
 };
@@ -269,7 +271,7 @@ bool ControllerLink::command(const char *format, ...) const
     if (!done)
         return false;
     buffer.back() = '\0';
-    // Bytes, not text: decoding would forgive a byte order mark.
+    // The bytes are compared, because decoding them as text would accept a byte order mark.
     return operation.accepted(std::strcmp(buffer.data(), "morvek2 ok") == 0);
 }
 

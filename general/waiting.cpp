@@ -13,7 +13,9 @@
 namespace {
 
 constexpr qint64 patienceMs = 300;
-/** Nobody reads a count that changes faster, and drawing it takes longer than many a query. */
+/**
+ * A person cannot read a count that changes faster, and drawing it takes longer than many queries.
+ */
 constexpr qint64 betweenCountsMs = 250;
 
 std::function<qint64()> &clockInUse()
@@ -32,7 +34,7 @@ qint64 nowMs()
     return clockInUse() ? clockInUse()() : sinceFirstUse.elapsed();
 }
 
-/** All that are alive, in the order in which they began; they end in the opposite order. */
+/** All existing objects in the order in which they began; they end in the opposite order. */
 QVector<Waiting *> &underWay()
 {
     static QVector<Waiting *> waitings;
@@ -118,7 +120,7 @@ QString Waiting::shownText() const
 
 void Waiting::operationDone()
 {
-    // The operator answers a question or works in another dialog: that is no waiting.
+    // An operator who answers a question or works in another dialog does not wait.
     if (QApplication::activeModalWidget() != m_modalWindow)
         restart();
     else if ((!m_isShown || m_isTextNew) && nowMs() - m_startMs >= patienceMs)

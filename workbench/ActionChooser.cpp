@@ -29,7 +29,7 @@ const QStringList effects = {"fail",          "empty",         "garbled",       
                              "over-long",     "refuse",        "lock",           "wrong-type",
                              "report-failed", "answer \"-7\"", "answer \"none\""};
 
-/** Widgets of the dialog that a script can name and that take input, in an order that stays. */
+/** The dialog's widgets that a script can name and that take input, in a stable order. */
 QVector<QWidget *> usableWidgets(const QWidget *dialog)
 {
     QVector<QWidget *> usable;
@@ -49,7 +49,7 @@ QVector<QWidget *> usableWidgets(const QWidget *dialog)
     return usable;
 }
 
-/** What a dialog other than the body administration shows may wait for its OK. */
+/** True for dialogs other than the body administration, whose edits may wait for their OK. */
 bool keepsEdits(const QWidget *dialog)
 {
     return dialog && !dialog->inherits("BodyAdministrationDlg") && !dialog->inherits("QMessageBox");
@@ -254,7 +254,7 @@ QStringList ActionChooser::byLink()
         return {"link", "dead"};
     case 1:
     case 2:
-        // Nothing stays disturbed for ever, so that there is something to compare again.
+        // Disturbances end from time to time, so that the dialogs can be compared again.
         return {"no-faults"};
     default:
         return {"fault", QStringLiteral("* at %1 %2").arg(1 + below(farthest)).arg(pick(effects))};

@@ -104,7 +104,7 @@ bool deviceId(const ControllerState &state, const QString &type, int index, QStr
     return type == QLatin1String("standard");
 }
 
-/** Standard bodies carry a sensor, Joywands are devices; both have a model that people know. */
+/** Standard bodies carry a sensor, and Joywands are devices; both have a readable model name. */
 bool model(const ControllerState &state, const QString &type, int index, QString *text)
 {
     if (type == QLatin1String("standard")) {
@@ -139,7 +139,7 @@ bool toolReference(const ControllerState &state, const QString &type, int index,
     return !reference.isEmpty();
 }
 
-/** A column, and the protocol version from which a controller answers what it shows. */
+/** A column, and the protocol version from which the controller answers the column's query. */
 struct Column {
     const char *title;
     VersionInfo since;
@@ -178,6 +178,6 @@ bool BodyTruth::cell(const ControllerState &state, const QString &bodyType, int 
 
 int BodyTruth::wholeMilliseconds(double seconds)
 {
-    // What binary rounding takes off is far below a microsecond.
+    // The correction for binary rounding is far below a microsecond.
     return int(seconds * 1000.0 + (seconds < 0 ? -1e-6 : 1e-6));
 }

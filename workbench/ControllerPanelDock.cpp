@@ -46,8 +46,7 @@ ControllerPanelDock::ControllerPanelDock(WorkbenchSession *session, QWidget *par
     connect(m_session, &WorkbenchSession::measurementRunningChanged, m_measurement,
             &QCheckBox::setChecked);
     connect(m_targets, &QListWidget::itemChanged, this, &ControllerPanelDock::targetChanged);
-    // One refresh for all that happens until the event loop has its turn, however many queries of
-    // a search that is.
+    // One refresh serves all changes until the event loop runs, even the many queries of a search.
     m_refreshTimer.setSingleShot(true);
     connect(&m_refreshTimer, &QTimer::timeout, this, &ControllerPanelDock::refresh);
     connect(m_session->controller(), &SimulatedController::stateChanged, this, [this] {
@@ -94,7 +93,7 @@ void ControllerPanelDock::refreshTargets()
         QListWidgetItem *item = m_targets->item(i);
         const Qt::CheckState check = targets.at(i).inVolume ? Qt::Checked : Qt::Unchecked;
         const QString text = targetText(i);
-        // A full library is long; only differing items may cost anything.
+        // A full library is long, so that only differing items are changed.
         if (item->text() != text)
             item->setText(text);
         if (item->data(Qt::CheckStateRole).isNull() || item->checkState() != check)

@@ -49,7 +49,7 @@ void DemonstrationDock::play()
         m_timers->watch(element->content);
     m_context.timers = m_timers.get();
     m_runner = std::make_unique<ScriptRunner>(m_script, m_context);
-    // The last line may still be waiting for its dialog, so the outcome is shown a round later.
+    // The last line may still wait for its dialog, so that the outcome is shown one round later.
     connect(m_runner.get(), &ScriptRunner::finished, this, &DemonstrationDock::showOutcome,
             Qt::QueuedConnection);
     m_runner->start();

@@ -40,7 +40,7 @@ const QPair<const char *, const char *> countBoxes[] = {
 
 const char *const axisNames[] = {"x", "-x", "y", "-y", "z", "-z"};
 
-/** The visible widget of that object name below the dialog; null when there is none. */
+/** The visible widget with that object name below the dialog; null when there is none. */
 const QWidget *shown(const QWidget *dialog, const char *name)
 {
     const QWidgetList all = QApplication::allWidgets();
@@ -143,8 +143,8 @@ void compareTargets(QStringList *lines, const ControllerState &state, const QWid
                 target ? target->longName : QStringLiteral("(no such target)"));
         const QString used = model->index(row, 3).data().toString();
         const bool mayBeCustom = target && target->custom && used == QLatin1String("custom");
-        // Older controllers do not tell which target a body has, so nobody knows which one it
-        // frees.
+        // Older controllers do not answer which target a body has, so that the target which it
+        // frees is unknown.
         const bool mayBeFreed = isOlderThan(state, 11) && used == QLatin1String("yes");
         if (target && !mayBeCustom && !mayBeFreed) {
             compare(lines, place + QStringLiteral(" Used"), used,
@@ -172,13 +172,13 @@ void compareSingleMarkers(QStringList *lines, const ControllerState &state, cons
     if (const QWidget *box = shown(dialog, "checkBox_autoReStart"))
         compare(lines, box->objectName(), WidgetText::of(box),
                 WidgetText::ofCheck(state.autoRestart));
-    // Older controllers do not tell the axis.
+    // Older controllers do not answer the axis.
     const QWidget *axis = shown(dialog, "comboBox_5dofAxis");
     if (axis && !isOlderThan(state, 12) && !axisName(state).isEmpty())
         compare(lines, axis->objectName(), WidgetText::of(axis), axisName(state));
 }
 
-/** The body that "standard b08" names; null when there is none. */
+/** The body with a name such as "standard b08"; null when there is none. */
 const BodyState *bodyNamed(const ControllerState &state, const QString &name)
 {
     const auto type = state.bodyTypes.constFind(name.section(QLatin1Char(' '), 0, 0));
@@ -214,8 +214,8 @@ void compareFilter(QStringList *lines, const ControllerState &state, const QWidg
     }
     const auto *presets = qobject_cast<const QComboBox *>(shown(dialog, "comboBox_preset"));
     for (const FilterPresetState &preset : state.filterPresets) {
-        // Older controllers do not tell which presets a body with a sensor can have; two are
-        // offered.
+        // Older controllers do not answer which presets a body with a sensor can have; the dialog
+        // then offers two.
         const bool mayBeMissing = presets && isOlderThan(state, 21) && presets->currentIndex() < 0
                                   && presets->findData(preset.id) < 0;
         if (presets && !mayBeMissing && preset.id == body->filterPreset)

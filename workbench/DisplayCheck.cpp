@@ -11,7 +11,7 @@
 
 namespace {
 
-/** Whether a display server listens on the socket of that local display number. */
+/** True when a display server accepts a connection to the socket of that local display number. */
 bool answers(const QByteArray &number)
 {
     const QByteArray path = "/tmp/.X11-unix/X" + number;
@@ -43,6 +43,6 @@ bool DisplayCheck::isReachable()
     const int colon = display.lastIndexOf(':');
     if (colon < 0)
         return false;
-    // A display of another machine can only be tried.
+    // A display of another machine cannot be checked here and counts as reachable.
     return colon > 0 || answers(display.mid(1).split('.').first());
 }

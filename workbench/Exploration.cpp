@@ -22,7 +22,7 @@ QByteArray contents(const QString &file)
     return input.open(QIODevice::ReadOnly) ? input.readAll() : QByteArray();
 }
 
-/** The seed that the process drove last. */
+/** The seed that the process has driven last. */
 quint32 lastSeed(const QByteArray &output)
 {
     quint32 seed = 0;

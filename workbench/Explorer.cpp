@@ -59,7 +59,7 @@ QString Explorer::save() const
 
 QString Explorer::judge(const Script::Line &line, const QString &)
 {
-    // It could not be done, so that it is no part of what is to be repeated.
+    // The line could not be carried out, so that a repetition must not contain it.
     const auto gone = std::find_if(m_done.begin(), m_done.end(), [&line](const Script::Line &one) {
         return one.number == line.number;
     });

@@ -7,7 +7,7 @@
 
 namespace {
 
-/** XML has no place for most control characters. */
+/** Replaces control characters, most of which XML does not allow. */
 QString printable(QString text)
 {
     for (QChar &character : text) {

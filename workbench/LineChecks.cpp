@@ -18,7 +18,7 @@ CommandAccess accessOf(const TranscriptEntry &entry)
                                                               : CommandAccess::Action;
 }
 
-/** Whether something like "nan" is in the place of a value; a name may be anything. */
+/** True when a text such as "nan" is in the place of a number; a name may be any text. */
 bool holdsNoNumber(const TranscriptEntry &entry)
 {
     const CommandTable::Match match = CommandTable::instance().find(accessOf(entry), entry.line);
@@ -45,7 +45,10 @@ QString differences(const ScriptContext &context)
                              .arg(lines.join(QStringLiteral("; ")));
 }
 
-/** What is wrong with the operations of the last line or with the controller's state. */
+/**
+ * What is wrong with the operations of the last line or with the controller's state; empty when
+ * nothing is.
+ */
 QString unsoundness(const ScriptContext &context)
 {
     const SimulatedIOManager *io = context.session->io();

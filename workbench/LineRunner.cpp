@@ -5,8 +5,8 @@
 
 namespace {
 
-// Queued calls of one line's work are delivered before a timer fires, those that they cause in turn
-// one round later.
+// Queued calls of a line's work are delivered before a timer fires; the calls that those queue
+// follow one round later.
 constexpr int settlingRounds = 3;
 
 } // namespace
@@ -14,8 +14,8 @@ constexpr int settlingRounds = 3;
 LineRunner::LineRunner(const ScriptContext &context, QObject *parent)
     : QObject(parent), m_context(context)
 {
-    // Fires after what is queued. QTimer::singleShot(0) queues its call among that instead, and a
-    // longer time is spent asleep.
+    // The timer fires after the queued calls. QTimer::singleShot(0) would queue its call among
+    // them, and a longer interval would waste time.
     m_turn.setInterval(0);
     connect(&m_turn, &QTimer::timeout, this, &LineRunner::takeTurn);
 }
@@ -61,8 +61,8 @@ void LineRunner::runNext()
     m_context.operationsAtLine = m_context.session->io()->operationCount();
     int nameLength = 0;
     const ScriptCommand *command = ScriptCommands::find(line.words, &nameLength);
-    // A line that opens a dialog returns only when it closes; the next one is waiting for it
-    // already.
+    // A line that opens a dialog returns only when the dialog closes. The next line is therefore
+    // scheduled before.
     awaitSettling();
     m_heldNs = 0;
     emit lineStarted(placeOf(line));

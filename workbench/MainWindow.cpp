@@ -26,7 +26,7 @@ MainWindow::MainWindow(WorkbenchSession *session, QWidget *parent)
     setObjectName(QStringLiteral("mainWindow"));
     setWindowTitle(tr("Tracking workbench"));
     setWindowIcon(style()->standardIcon(QStyle::SP_ComputerIcon));
-    // Modal dialogs of the module then block this window only, and the panels stay usable.
+    // The module's modal dialogs then block only this window, and the panels can be used.
     BEGIN_MODAL_GROUP(this);
     m_summary->setObjectName(QStringLiteral("label_summary"));
     m_summary->setAlignment(Qt::AlignCenter);

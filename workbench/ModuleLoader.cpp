@@ -60,7 +60,7 @@ bool ModuleLoader::load(const QString &file, IOManager *io, BackendVersions *ver
         *error = QStringLiteral("%1: the plug-in file does not exist").arg(file);
         return false;
     }
-    // A relative path would be looked for in the toolkit's own folders of plug-ins.
+    // Qt would search for a relative path in its own folders of plug-ins.
     m_loader.setFileName(QFileInfo(file).absoluteFilePath());
     const QString problem = metadataProblem();
     if (!problem.isEmpty()) {

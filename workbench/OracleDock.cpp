@@ -33,7 +33,7 @@ OracleDock::OracleDock(WorkbenchSession *session, QWidget *parent)
     connect(session->io(), &SimulatedIOManager::recorded, this, [this] {
         if (!m_always->isChecked() || m_isDue)
             return;
-        // The dialog shows the outcome only when its own work is done.
+        // The dialog shows the outcome of an operation only when its own work is done.
         m_isDue = true;
         QTimer::singleShot(0, this, &OracleDock::compare);
     });

@@ -21,7 +21,7 @@ PlayStage::PlayStage(WorkbenchSession *session, MainWindow *window, const QStrin
       m_rules(rules),
       m_initial(session->state())
 {
-    // Nobody looks at the panels meanwhile, and painting them takes most of the time.
+    // The panels are not watched during the plays, and painting them takes most of the time.
     window->toolWindow()->hide();
 }
 
@@ -38,7 +38,7 @@ bool PlayStage::reset(const QString &rule, QString *error)
     m_window->messageLog()->clear();
     m_session->setMeasurementRunning(false);
     m_session->controller()->setState(m_initial);
-    // Preferences of the last time are none of this one's; the home folder is a temporary one.
+    // Each play begins without preferences; the home folder is a temporary one.
     for (const QString &entry :
          QDir::home().entryList(QDir::Dirs | QDir::Files | QDir::Hidden | QDir::NoDotAndDotDot)) {
         QDir(QDir::home().filePath(entry)).removeRecursively();

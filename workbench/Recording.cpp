@@ -14,9 +14,9 @@ const auto answerKey = QStringLiteral("answer");
 const auto resultKey = QStringLiteral("result");
 const auto timeKey = QStringLiteral("timeMs");
 const auto dialogKey = QStringLiteral("dialog");
-/** No recording is longer; a double holds every whole number up to it. */
+/** A limit that no recording reaches; a double can represent every whole number up to it. */
 constexpr double longestMs = 1e15;
-/** Added to the key of a text that is kept in base 64. */
+/** Added to the key of a text that is stored in base 64. */
 const auto encodedSuffix = QStringLiteral("Base64");
 
 void insertBytes(QJsonObject *object, const QString &key, const QByteArray &bytes)

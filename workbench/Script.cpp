@@ -11,7 +11,7 @@
 
 namespace {
 
-/** Takes a word of the head; false when the words are none of it. */
+/** Reads a line of the script's head; false when the line does not belong to the head. */
 bool takeHead(Script *script, const QStringList &words)
 {
     if (words.size() != 2)
@@ -33,7 +33,7 @@ bool takeHead(Script *script, const QStringList &words)
     return true;
 }
 
-/** What is wrong with the words of a line; empty when a command takes them. */
+/** What is wrong with the words of a line; empty when they are a command. */
 QString problemOf(const QStringList &words)
 {
     int nameLength = 0;
@@ -145,7 +145,7 @@ bool Script::load(const QString &file, Script *script, QString *error)
     }
     if (!parse(input.readAll(), file, script, error))
         return false;
-    // A scenario of the script's own lies beside it.
+    // A script may have its own scenario beside it.
     const QString beside = QFileInfo(file).absoluteDir().filePath(script->scenario);
     if (!script->scenario.isEmpty() && QFileInfo(beside).isFile())
         script->scenario = beside;

@@ -22,7 +22,7 @@ QString tick(ScriptContext &context, const QStringList &arguments)
     const int count = arguments.isEmpty() ? 1 : arguments.first().toInt(&isNumber);
     if (!isNumber || count < 1)
         return QStringLiteral("expected a number of ticks, found \"%1\"").arg(arguments.first());
-    // A box that a timer brought up, and that a later line answered, ends the wait.
+    // A box that a timer opened, and that a later line has answered, ends the wait.
     const int linesBefore = context.linesStarted;
     for (int i = 0; i < count && context.linesStarted == linesBefore; ++i) {
         context.session->io()->advance(pollMs);
@@ -51,7 +51,7 @@ QString switchFault(ScriptContext &context, const QString &number, bool on)
     return QString();
 }
 
-/** "on" and "off" in the words of the command; an expectation for any other text. */
+/** Reads the command's word for on or off; returns an expectation for any other text. */
 QString readSwitch(const QString &text, const QString &on, const QString &off, bool *value)
 {
     *value = text == on;
@@ -116,7 +116,7 @@ QString swapBodies(ScriptContext &context, const QStringList &arguments)
     return QString();
 }
 
-/** "TYPE BODY" as they stand; a body number of 0, with *problem, when there is no such body. */
+/** The body number of the arguments "TYPE BODY"; 0, with *problem, when the body does not exist. */
 int bodyNumber(ScriptContext &context, const QStringList &arguments, QString *problem)
 {
     const int count = context.session->state().bodyTypes.value(arguments.at(0)).bodies.size();
@@ -218,7 +218,7 @@ QString setMark(ScriptContext &context, const QStringList &)
     return QString();
 }
 
-/** Lets the layouts follow what the tables were filled with, without acting on anything else. */
+/** Lets the layouts adapt to filled tables, without handling any other event. */
 void settleLayouts(QWidget *window)
 {
     for (QAbstractItemView *table : window->findChildren<QAbstractItemView *>())
@@ -247,7 +247,7 @@ QString takePicture(ScriptContext &context, const QStringList &arguments)
                    : QStringLiteral("expected to write %1, found it impossible").arg(file);
 }
 
-/** What disturbs the operations. */
+/** The actions that disturb operations. */
 QVector<ScriptCommand> linkActions()
 {
     return {
@@ -270,7 +270,7 @@ QVector<ScriptCommand> linkActions()
     };
 }
 
-/** What the second client, the host and the script itself do. */
+/** The actions of the second client and the host, and those for the script itself. */
 QVector<ScriptCommand> otherActions()
 {
     return {

@@ -23,7 +23,7 @@ QString compare(const QString &what, const QString &expected, const QString &fou
                    : QStringLiteral("expected %1 \"%2\", found \"%3\"").arg(what, expected, found);
 }
 
-/** The text of a widget, or of the first of its labels that shows one. */
+/** The text of a widget, or of the first of its labels that has a text. */
 QString shownIn(const QWidget *widget)
 {
     const QString own = WidgetText::of(widget);
@@ -80,7 +80,7 @@ QString expectState(ScriptContext &context, const QStringList &arguments)
     return compare(arguments.at(0), arguments.at(1), value);
 }
 
-/** What was sent since the mark; with `onlyWrites` without queries and messages. */
+/** The lines sent since the mark; with `onlyWrites` without queries and messages. */
 QStringList commandsSinceMark(const ScriptContext &context, bool onlyWrites)
 {
     QStringList lines;
@@ -95,7 +95,9 @@ QStringList commandsSinceMark(const ScriptContext &context, bool onlyWrites)
     return lines;
 }
 
-/** What is wrong when operations since the mark are not in the transcript any more. */
+/**
+ * An explanation when operations since the mark are no longer in the transcript; otherwise empty.
+ */
 QString missingSinceMark(const ScriptContext &context)
 {
     const SimulatedIOManager *io = context.session->io();

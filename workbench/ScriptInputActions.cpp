@@ -23,7 +23,10 @@
 
 namespace {
 
-/** A widget of the wanted class that takes input; null with *problem. */
+/**
+ * The widget with that name, which must have the class and take input; null, with *problem,
+ * otherwise.
+ */
 template <typename Widget>
 Widget *usable(const QString &name, QString *problem)
 {
@@ -127,7 +130,7 @@ QString choose(ScriptContext &, const QStringList &arguments)
     return QString();
 }
 
-/** The value a spin box shows, as a number, whichever kind it is. */
+/** The value of a spin box of any kind, as a number. */
 double valueOf(const QAbstractSpinBox *box)
 {
     return box->property("value").toDouble();
@@ -139,7 +142,7 @@ QString spin(ScriptContext &, const QStringList &arguments)
     QPointer<QAbstractSpinBox> box = usable<QAbstractSpinBox>(arguments.at(0), &problem);
     if (!box)
         return problem;
-    constexpr double tolerance = 1e-9; // decimal steps do not add up exactly
+    constexpr double tolerance = 1e-9; // sums of decimal steps are not exact
     bool isNumber = false;
     const double wanted = arguments.at(1).toDouble(&isNumber);
     if (!isNumber)
@@ -147,8 +150,8 @@ QString spin(ScriptContext &, const QStringList &arguments)
     box->setFocus();
     const bool upwards = valueOf(box) < wanted;
     double before = 0.0;
-    // Ends at or beyond the value, and where it stops moving: at a limit, or where a refusal puts
-    // it back.
+    // The loop ends when the value is reached or passed, or when it does not change: at a limit, or
+    // when a refusal restores it.
     do {
         before = valueOf(box);
         if (upwards ? before >= wanted - tolerance : before <= wanted + tolerance)
@@ -187,7 +190,7 @@ QString doubleClickCell(ScriptContext &, const QStringList &arguments)
     return problem;
 }
 
-/** Selects a row by its first visible cell that takes no action when clicked. */
+/** Selects a row by its first visible cell that does nothing when it is clicked. */
 QString selectRow(ScriptContext &, const QStringList &arguments)
 {
     QString problem;
@@ -275,7 +278,7 @@ QString answerBox(ScriptContext &, const QStringList &arguments)
             .arg(arguments.at(2), buttons.join(QStringLiteral(", ")));
 }
 
-/** Reads a size into *size; answers what is wrong with it. */
+/** Reads a size into *size; returns what is wrong with the arguments. */
 QString readSize(const QStringList &arguments, QSize *size)
 {
     bool isWidth = false;
@@ -302,7 +305,7 @@ QString resizeWindow(ScriptContext &context, const QStringList &arguments)
     return problem;
 }
 
-/** The size with which a window opens on a screen that has this room for it. */
+/** Gives a window the size with which it opens on a screen that has this room for it. */
 QString fitWindow(ScriptContext &context, const QStringList &arguments)
 {
     QSize room;

@@ -18,7 +18,10 @@ int columnOf(const QAbstractItemModel *model, const QString &column)
     return isNumber ? number : -1;
 }
 
-/** The row of that number, from 1, or the first with a cell of that text; -1 when there is none. */
+/**
+ * The row with that number, from 1, or the first row that has a cell with that text; -1 when there
+ * is none.
+ */
 int rowOf(const QAbstractItemModel *model, const QString &row)
 {
     bool isNumber = false;

@@ -10,7 +10,7 @@ namespace {
 
 constexpr int mostTries = 300;
 
-/** The line of a sanitizer's report, or of the workbench's complaint, that says what it is. */
+/** The line that names the failure in the report of a sanitizer or of the workbench. */
 QString tellingLine(const QString &errors)
 {
     const QStringList lines = errors.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
@@ -71,7 +71,7 @@ QByteArray ScriptShrinker::shrunk(const QByteArray &script, const QString &failu
     QList<QByteArray> lines = script.trimmed().split('\n');
     if (!fails(lines, kind))
         return "# the same lines in a process of their own do not fail\n" + script;
-    // Ever smaller parts are left out, as long as what remains fails in the same way.
+    // Smaller and smaller parts are removed, as long as the rest fails in the same way.
     for (int part = qMax(1, (lines.size() - 1) / 2); part >= 1; part /= 2) {
         for (int at = lines.size() - part; at >= 1; at -= part) {
             QList<QByteArray> fewer = lines.mid(0, at) + lines.mid(at + part);

@@ -36,13 +36,13 @@ void ScriptWatchdog::guard()
         const unsigned seen = m_steps;
         const bool moved = m_changed.wait_for(lock, std::chrono::seconds(m_limitSeconds),
                                               [&] { return m_ended || m_steps != seen; });
-        // Before the first step there is nothing to wait for.
+        // There is nothing to wait for before the first step.
         if (moved || seen == 0)
             continue;
         std::fprintf(stderr, "workbench: %s: expected an end within %d s, found it still busy\n",
                      m_step.c_str(), m_limitSeconds);
         std::fflush(nullptr);
-        // The thread that hangs cannot be asked to clean up.
+        // The hanging thread cannot clean up.
         std::_Exit(EXIT_FAILURE);
     }
 }

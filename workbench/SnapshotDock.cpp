@@ -87,7 +87,7 @@ void SnapshotDock::compare()
 
 void SnapshotDock::stepBack()
 {
-    // What was not kept yet would be lost for stepping forward again.
+    // Without a snapshot of the present state it would be lost for stepping forward again.
     m_history.take(m_session->state());
     if (m_history.canStepBack())
         m_session->controller()->setState(m_history.stepBack());

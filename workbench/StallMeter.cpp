@@ -38,7 +38,7 @@ void StallMeter::count(const TranscriptEntry &entry)
 {
     if (entry.operation == TranscriptEntry::Operation::Message)
         return;
-    // The caller waits for its answer on this thread, as it does for a slow controller.
+    // The caller waits for its answer on this thread, as it does with a slow controller.
     if (m_latencyMs > 0)
         QThread::msleep(ulong(m_latencyMs));
     if (m_current.operations == 0) {
@@ -54,7 +54,7 @@ void StallMeter::beat()
     const qint64 ownMs = (ownNs - m_ownNs) / 1000000;
     m_ownNs = ownNs;
     m_current.heldMs = qMax<qint64>(0, m_sinceBeat.restart() - beatMs - ownMs);
-    // Without an operation nothing says that a dialog was at work.
+    // Without an operation there is no sign that a dialog was working.
     if (m_current.operations > 0 && m_current.heldMs > m_worst.value(m_current.dialog).heldMs) {
         m_worst[m_current.dialog] = m_current;
         emit worstChanged();

@@ -30,7 +30,7 @@ int indexOf(const QString &step)
 QJsonValue child(const QJsonValue &value, const QString &step)
 {
     const int index = indexOf(step);
-    // at() of an index beyond the end answers undefined.
+    // at() with an index beyond the end returns undefined.
     return index >= 0 ? value.toArray().at(index) : value.toObject().value(step);
 }
 
@@ -52,7 +52,7 @@ QString textOf(const QJsonValue &value)
     }
 }
 
-/** The new value in the kind of the old one; undefined when the text does not read as that kind. */
+/** The new value with the type of the old one; undefined when the text does not fit that type. */
 QJsonValue sameKind(const QJsonValue &old, const QString &text)
 {
     if (old.isString())

@@ -30,7 +30,7 @@ WorkTexts textsOf(SubstituteModule::Work work)
     return {"BodyAdjustmentModule", "OpenBodyAdjustmentDialog", "bodyadjustment available"};
 }
 
-/** Carries out the work; answers why not, or an empty text. */
+/** Carries out the work; returns the reason when it cannot, otherwise an empty text. */
 QString workOn(SubstituteModule::Work work, ControllerState &state, const ModuleRequest &request)
 {
     BodyState *body = request.isValid()

@@ -6,7 +6,7 @@
 
 namespace {
 
-/** How many letters must be put in, taken out or replaced to make one word of the other. */
+/** How many letters have to be inserted, removed or replaced to turn one word into the other. */
 int distance(const QString &left, const QString &right)
 {
     QVector<int> row(right.size() + 1);

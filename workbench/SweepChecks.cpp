@@ -7,11 +7,14 @@ namespace {
 
 using Operation = TranscriptEntry::Operation;
 
-/** How many times the operations of the undisturbed run a disturbed one may take. */
+/** How many times as many operations as the undisturbed run a disturbed run may have. */
 constexpr int mostTimes = 3;
 constexpr int operationsOfAnyLine = 200;
 
-/** Looking for targets in the volume changes nothing; the module asks for it again and again. */
+/**
+ * True for sets and actions except the check for custom calibrations, which changes nothing and
+ * which the module repeats.
+ */
 bool isWrite(const TranscriptEntry &entry)
 {
     return !entry.isGet() && entry.line != "morvek2 targetlib check_custom_calibration";
@@ -33,7 +36,7 @@ QStringList writesOf(const SweepStep &step)
     return lines;
 }
 
-/** What kinds of writes a step has: commands without their values. */
+/** The kinds of a step's writes: commands without their values. */
 QStringList shapesOf(const SweepStep &step)
 {
     QStringList shapes;
@@ -49,7 +52,10 @@ QStringList shapesOf(const SweepStep &step)
     return shapes;
 }
 
-/** The first of the writes that is not among the allowed ones, which each allow one; or nothing. */
+/**
+ * The first write that is not among the allowed ones, each of which allows one write; empty when
+ * there is none.
+ */
 QString unasked(const QStringList &writes, QStringList allowed)
 {
     for (const QString &write : writes) {
@@ -60,8 +66,8 @@ QString unasked(const QStringList &writes, QStringList allowed)
 }
 
 /**
- * The dialogs ask for these in passing as well: without an answer they take what is usual, and
- * nothing is said about it. Nor do they look at how the end of a search was answered.
+ * True for queries whose failure the dialogs do not report, because they use a default instead. The
+ * dialogs do not check the answer to the end of a search either.
  */
 bool isAskedInPassing(const TranscriptEntry &entry)
 {
@@ -88,7 +94,7 @@ bool isAskedInPassing(const TranscriptEntry &entry)
     return entry.isGet() && match.entry && patterns.contains(match.entry->pattern);
 }
 
-/** How many operations failed that the message log must tell of. */
+/** Number of failed operations that need a line in the message log. */
 int failuresOf(const SweepStep &step)
 {
     int count = 0;
@@ -97,7 +103,7 @@ int failuresOf(const SweepStep &step)
     return count;
 }
 
-/** How many log lines the disturbed step has that the undisturbed one has not. */
+/** Number of log lines that only the disturbed step has. */
 int newLogLines(const SweepStep &undisturbed, const SweepStep &step)
 {
     QStringList known = undisturbed.log;
@@ -107,7 +113,7 @@ int newLogLines(const SweepStep &undisturbed, const SweepStep &step)
     return count;
 }
 
-/** What the operation of that number, from 1, was answered; messages are not counted. */
+/** The answer to the operation with that number, from 1, not counting messages. */
 QString answerAt(const QVector<TranscriptEntry> &transcript, int operation)
 {
     for (const TranscriptEntry &entry : transcript) {
@@ -117,7 +123,7 @@ QString answerAt(const QVector<TranscriptEntry> &transcript, int operation)
     return QString();
 }
 
-/** Which step the operation belongs to; its number is then that within the step, from 1. */
+/** The step of the operation. *operation becomes the operation's number within the step, from 1. */
 int stepOf(const QVector<SweepStep> &steps, int *operation)
 {
     int step = 0;
@@ -126,12 +132,12 @@ int stepOf(const QVector<SweepStep> &steps, int *operation)
     return step;
 }
 
-/** What a line may write; its own writes, and those of the answer to a box that it may not open. */
+/** The writes that a line may have: its own, and those of the answer to a box that may not open. */
 SweepStep allowedIn(const QVector<SweepStep> &undisturbedSteps, int index, bool isNameUnread)
 {
     SweepStep allowed = undisturbedSteps.at(index);
     const SweepStep following = undisturbedSteps.value(index + 1);
-    // A body without a name is overwritten without the question that names it.
+    // A body without a name is overwritten without a question, because the question names the body.
     if (isNameUnread && following.line.words.value(0) == QLatin1String("answer"))
         allowed.operations += following.operations;
     return allowed;
@@ -143,7 +149,7 @@ bool isNameOfBody(const TranscriptEntry &entry)
     return entry.isGet() && match.entry && QByteArray(match.entry->pattern) == "body desc TYPE bNN";
 }
 
-/** A name that the controller gives, or its last word, is asked about as it came. */
+/** True when a query repeats the answer, which is a name, or the last word of the answer. */
 bool repeats(const QString &question, const QString &answer)
 {
     const QString word = question.section(QLatin1Char(' '), -1);
@@ -177,7 +183,7 @@ QStringList SweepChecks::violations(const QVector<SweepStep> &undisturbedSteps,
     int next = 0;
     for (int i = 0; i < steps.size(); ++i) {
         const SweepStep &step = steps.at(i);
-        // The disturbed run leaves out what says how an undisturbed one looks.
+        // The disturbed run skips expectations, which describe an undisturbed run.
         while (undisturbedSteps.at(next).line.number != step.line.number)
             ++next;
         const SweepStep &undisturbed = undisturbedSteps.at(next);
@@ -185,7 +191,8 @@ QStringList SweepChecks::violations(const QVector<SweepStep> &undisturbedSteps,
             continue;
         const QString place = QStringLiteral("line %1: ").arg(step.line.number);
         const SweepStep allowed = allowedIn(undisturbedSteps, next, isNameUnread);
-        // Later lines act on what the disturbance left, so only their kind of writes is known.
+        // Later lines start from what the disturbance left behind, so that only the kinds of their
+        // writes are known.
         const QString write = next == disturbedStep ? unasked(writesOf(step), writesOf(allowed))
                                                     : unasked(shapesOf(step), shapesOf(allowed));
         if (!write.isEmpty())
@@ -198,7 +205,7 @@ QStringList SweepChecks::violations(const QVector<SweepStep> &undisturbedSteps,
                              + QStringLiteral("expected about %1 operations, found %2")
                                        .arg(undisturbed.operations.size())
                                        .arg(step.operations.size());
-        // A box that the undisturbed line does not open is about the failure.
+        // A box that does not open in the undisturbed run reports the failure.
         if (failuresOf(step) > failuresOf(undisturbed) && newLogLines(undisturbed, step) == 0
             && step.boxes == 0)
             found << place

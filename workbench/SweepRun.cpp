@@ -20,7 +20,7 @@ namespace {
 constexpr int mostBoxesOfAStep = 8;
 constexpr int mostWindows = 12;
 
-/** Lines that say what an undisturbed run looks like. */
+/** True for lines that only check or record an undisturbed run. */
 bool isStatement(const Script::Line &line)
 {
     static const QStringList words = {QStringLiteral("expect"), QStringLiteral("oracle"),
@@ -29,7 +29,7 @@ bool isStatement(const Script::Line &line)
     return words.contains(line.words.first());
 }
 
-/** Lines that enter something into whatever window is in front. */
+/** True for lines that enter something into the window in front. */
 bool isInput(const Script::Line &line)
 {
     static const QStringList words = {
@@ -47,7 +47,7 @@ QString windowInFront()
     return modal ? QString::fromLatin1(modal->metaObject()->className()) : QString();
 }
 
-/** The button that ends a running search; null when there is none to press. */
+/** The button that ends a running search; null when it is not shown or disabled. */
 QAbstractButton *stopButton(const QWidget *window)
 {
     const QList<QAbstractButton *> buttons =
@@ -169,11 +169,11 @@ bool SweepRun::closeWindows()
         dismissBox(box);
     } else {
         UserInput::pressKey(modal, Qt::Key_Escape);
-        // The key may have ended an edit, or a combo box's list, instead of the dialog.
+        // The key may have ended an edit, or closed the list of a combo box, and not the dialog.
         if (modal == WidgetFinder::modalWindow())
             modal->close();
         QAbstractButton *stop = stopButton(modal);
-        // Its answer is a box, which is answered only from the event loop.
+        // Stopping opens a box, which can be answered only from the event loop.
         if (stop && modal == WidgetFinder::modalWindow())
             QTimer::singleShot(0, stop, [stop] { UserInput::click(stop); });
     }
@@ -251,7 +251,7 @@ bool SweepRun::takeLine(Script::Line *line)
         beginStep(*line);
         return true;
     }
-    // A line without effect: the way is cleared before the next one.
+    // A line without an effect, so that open windows are closed before the next line.
     m_phase = Phase::Closing;
     line->words = QStringList{QStringLiteral("mark")};
     return true;

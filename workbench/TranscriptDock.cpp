@@ -55,7 +55,7 @@ TranscriptDock::TranscriptDock(SimulatedIOManager *io, QWidget *parent)
 
 TranscriptDock::~TranscriptDock()
 {
-    // The view's last scrolling, when its rows go, is nothing to follow any more.
+    // The view's last scrolling, when its rows are removed, must not be followed.
     m_view->verticalScrollBar()->disconnect(this);
 }
 
@@ -96,11 +96,11 @@ void TranscriptDock::connectWidgets()
     connect(m_export, &QPushButton::clicked, this, &TranscriptDock::chooseExportFile);
     connect(m_io, &SimulatedIOManager::recorded, this, [this](const TranscriptEntry &entry) {
         m_pending << entry;
-        // A view of many rows takes long to lay out; it may be a moment behind then.
+        // The layout of many rows takes long, so that the view may lag behind.
         if (!m_pendingTimer.isActive())
             m_pendingTimer.start(m_model->rowCount() / rowsPerMs);
     });
-    // The view lays out new rows later, so the end is followed when it moves.
+    // The view lays out new rows later, so that the scroll bar is followed when its end moves.
     QScrollBar *bar = m_view->verticalScrollBar();
     connect(bar, &QScrollBar::rangeChanged, this, [this, bar](int, int maximum) {
         if (m_followsEnd)

@@ -7,7 +7,7 @@
 
 namespace {
 
-/** A part is done within a few milliseconds. */
+/** A part of this size takes a few milliseconds. */
 constexpr int rowsOfAPart = 1000;
 
 } // namespace

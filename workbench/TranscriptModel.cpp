@@ -10,7 +10,7 @@ void TranscriptModel::append(const QVector<TranscriptEntry> &entries)
 {
     const int surplus = TranscriptEntry::surplus(m_entries.size() + entries.size(), m_limit);
     const int oldRows = qMin(surplus, m_entries.size());
-    // What would be dropped at once is not inserted first.
+    // Rows that the limit would drop at once are not inserted.
     const int skipped = surplus - oldRows;
     dropOldest(oldRows);
     m_dropped += skipped;

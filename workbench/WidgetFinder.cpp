@@ -31,7 +31,7 @@ QStringList visibleNames()
         if (widget->isVisible() && !widget->objectName().isEmpty())
             names << widget->objectName();
     }
-    // The order of the widgets is by chance.
+    // The order of the widgets is not defined.
     names.sort();
     return names;
 }

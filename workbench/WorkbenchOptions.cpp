@@ -18,7 +18,7 @@ struct OptionEntry {
     QStringList values; ///< names of the values, for messages and the help
     QString meaning;
     std::function<QString(WorkbenchOptions &, const QStringList &)>
-            apply; ///< answers an expectation
+            apply; ///< returns an expectation when the values are wrong
 };
 
 OptionEntry text(const QString &name, const QString &value, const QString &meaning,
@@ -47,7 +47,7 @@ QString applyScenario(WorkbenchOptions &options, const QStringList &values)
                                     : QString();
 }
 
-/** An option with a whole number within limits. */
+/** An option that takes a whole number within limits. */
 OptionEntry number(const QString &name, const QString &value, const QString &meaning,
                    int WorkbenchOptions::*member, int minimum, int maximum, const QString &unit)
 {
@@ -87,7 +87,7 @@ QString applyFaults(WorkbenchOptions &options, const QStringList &values)
     return problem.section(QStringLiteral("expected "), 1).section(QStringLiteral(", found"), 0, 0);
 }
 
-/** What is simulated and driven, and how. */
+/** The options for what is simulated and driven, and how. */
 QVector<OptionEntry> playEntries()
 {
     using O = WorkbenchOptions;
@@ -116,7 +116,7 @@ QVector<OptionEntry> playEntries()
     };
 }
 
-/** The search for trouble. */
+/** The options for sweeps and explorations. */
 QVector<OptionEntry> trialEntries()
 {
     using O = WorkbenchOptions;
@@ -136,7 +136,7 @@ QVector<OptionEntry> trialEntries()
     };
 }
 
-/** What is read and written, and what the program says of itself. */
+/** The options for files that are read and written, and for help and version. */
 QVector<OptionEntry> fileEntries()
 {
     using O = WorkbenchOptions;
@@ -185,7 +185,7 @@ QString longName(const QString &argument)
     return argument == QLatin1String("transcript-diff") ? argument : QString();
 }
 
-/** What the options ask for together that cannot be done; empty when they fit. */
+/** A contradiction between options; empty when there is none. */
 QString conflict(const WorkbenchOptions &options)
 {
     const QStringList given = {options.tourDir, options.scriptFile, options.demo, options.sweepFile,

@@ -153,7 +153,7 @@ bool WorkbenchProgram::startRecording(QString *error)
         if (!Recording::load(m_options.replayFile, &recording, error))
             return false;
         m_replayer = std::make_unique<Replayer>(m_session->io(), recording);
-        // After the first difference module and recording match no more: the replay ends.
+        // After the first difference module and recording no longer agree, so that the replay ends.
         QObject::connect(
                 m_replayer.get(), &Replayer::differed, qApp,
                 [] { QApplication::exit(ProgramStatus::failed); }, Qt::QueuedConnection);
@@ -188,7 +188,7 @@ bool WorkbenchProgram::loadScript(QString *error)
 
 bool WorkbenchProgram::prepareHome(QString *error)
 {
-    // The preferences of whoever runs a script neither decide its outcome nor get changed by it.
+    // The user's preferences must neither affect a script nor be changed by it.
     if (!m_options.isScripted() && m_options.demo.isEmpty())
         return true;
     m_home = std::make_unique<QTemporaryDir>();
@@ -197,7 +197,7 @@ bool WorkbenchProgram::prepareHome(QString *error)
         *error = QStringLiteral("no temporary home folder: %1").arg(m_home->errorString());
         return false;
     }
-    // A file in the place of a folder holds off everybody, the superuser included.
+    // A file in the place of a folder prevents writing even for the superuser.
     QFile obstacle(m_home->filePath(QStringLiteral(".QOR")));
     if (m_script.unwritableHome && !obstacle.open(QIODevice::WriteOnly)) {
         *error = QStringLiteral("%1: %2").arg(obstacle.fileName(), obstacle.errorString());
@@ -257,7 +257,8 @@ bool WorkbenchProgram::openWindows(QString *error)
     StallMeter *stalls = m_window->toolWindow()->stalls();
     stalls->setLatencyMs(m_options.latencyMs);
     stalls->start();
-    // Side by side where the screen is wide enough, so that both can be watched.
+    // The windows are placed side by side where the screen is wide enough, so that both are
+    // visible.
     const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
     ToolWindow *tools = m_window->toolWindow();
     m_window->move(area.topLeft());
@@ -286,7 +287,7 @@ int WorkbenchProgram::runScripted()
     QObject::connect(m_runner.get(), &ScriptRunner::lineStarted, m_runner.get(),
                      [this](const QString &place) { m_watchdog->watch(place); });
     QObject::connect(m_runner.get(), &ScriptRunner::finished, qApp, [](bool success) {
-        // Ends the event loops of open dialogs too.
+        // This also ends the event loops of open dialogs.
         QApplication::exit(success ? ProgramStatus::done : ProgramStatus::failed);
     });
     m_runner->start();
@@ -333,7 +334,7 @@ bool WorkbenchProgram::writeJUnit(QString *error) const
 bool WorkbenchProgram::writeTourResults(QString *error) const
 {
     const QDir dir(m_options.tourDir);
-    // tour-full.script leaves transcript-full.txt.
+    // tour-full.script gives transcript-full.txt.
     const QString part =
             QFileInfo(m_options.tourScript).completeBaseName().section(QStringLiteral("tour"), 1);
     if (!TranscriptText::save(dir.filePath(QStringLiteral("transcript%1.txt").arg(part)),

@@ -11,7 +11,7 @@ WorkbenchSession::WorkbenchSession(const Scenario &scenario, QObject *parent)
       m_io(&m_controller)
 {
     readVersions();
-    // Versions and model follow whatever changes the controller, a loaded snapshot included.
+    // Versions and model follow every change of the controller, such as a loaded snapshot.
     connect(&m_controller, &SimulatedController::stateChanged, this,
             &WorkbenchSession::readVersions);
     for (const auto work :

@@ -29,7 +29,7 @@ QString noDisplay()
 QtMessageHandler defaultHandler = nullptr;
 bool isStarting = true;
 
-/** Ends the program with a sentence where the toolkit, finding no screen, would abort. */
+/** Ends the program with a message where Qt, finding no screen, would abort. */
 [[noreturn]] void giveUpStarting()
 {
     const QByteArray platform = qgetenv("QT_QPA_PLATFORM");
@@ -41,7 +41,7 @@ bool isStarting = true;
     std::_Exit(ProgramStatus::unusable);
 }
 
-/** Leaves out what the offscreen platform says about windows nobody sees. */
+/** Drops the messages of the offscreen platform about windows that are not visible. */
 void quietHandler(QtMsgType type, const QMessageLogContext &context, const QString &text)
 {
     if (type == QtFatalMsg && isStarting)
@@ -54,7 +54,7 @@ void quietHandler(QtMsgType type, const QMessageLogContext &context, const QStri
 std::unique_ptr<QApplication> makeApplication(int &argc, char **argv)
 {
 #if defined(__SANITIZE_ADDRESS__)
-    // The offscreen platform never gives back the screen that it makes here.
+    // The offscreen platform never frees the screen that it makes here.
     const __lsan::ScopedDisabler platformOnly;
 #endif
     auto application = std::make_unique<QApplication>(argc, argv);
@@ -71,7 +71,7 @@ int runTour(WorkbenchOptions options)
         if (status != 0)
             return status;
     }
-    // No menu entry leads to the names of the bodies; the program that embeds that dialog shows it.
+    // No menu entry opens the dialog for the names of the bodies; the program that embeds it does.
     const QDir programs(QCoreApplication::applicationDirPath());
     const QString example = programs.filePath(QStringLiteral("bodynames"));
     if (!QFileInfo(example).isExecutable())
@@ -109,11 +109,11 @@ int main(int argc, char *argv[])
     if (!needsDisplay && !DisplayCheck::isReachable())
         qputenv("QT_QPA_PLATFORM", "offscreen");
     defaultHandler = qInstallMessageHandler(quietHandler);
-    // A platform named on the command line is none of the workbench's options; the environment is.
+    // Qt gets no arguments, so that the environment and not an option chooses the platform.
     int ownArguments = 1;
     if (!DisplayCheck::isReachable()) {
         const QCoreApplication withoutDisplay(ownArguments, argv);
-        // What is wrong with or without a display comes first.
+        // Mistakes that do not depend on a display are reported first.
         const QString mistake = WorkbenchProgram(options).inputProblem();
         return ProgramStatus::complain(!mistake.isEmpty() ? mistake : noDisplay());
     }
