@@ -4,17 +4,19 @@
 
 #include <functional>
 
-/** Processor time that this thread has used so far: what other programs do does not count. */
+/**
+ * Processor time that this thread has used so far, in microseconds; other programs do not count.
+ */
 double processorUs();
 
-/** Processor time of what is measured, in microseconds. */
+/** Processor time of a measured piece, in microseconds. */
 struct Sample {
     double minimum = 0;
     double median = 0;
 };
 
 /**
- * Runs the pieces in turn, `rounds` times each, so that whatever slows the machine down meets all
- * of them alike. A first round is not counted.
+ * Runs the pieces alternately, `rounds` times each, so that a slower machine affects all of them
+ * alike. A first round is not counted.
  */
 QVector<Sample> measureInterleaved(const QVector<std::function<void()>> &pieces, int rounds);

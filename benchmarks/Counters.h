@@ -4,7 +4,9 @@
 #include <QProxyStyle>
 #include <QWidget>
 
-/** Counts the size hints that item views ask for. The application owns it, as its style. */
+/**
+ * Counts the size hints for which item views ask the style. The application owns it, as its style.
+ */
 class CountingStyle : public QProxyStyle {
     Q_OBJECT
 
@@ -15,7 +17,7 @@ public:
     mutable int itemSizeHints = 0;
 };
 
-/** Counts the paint events of a window's widgets, apart from those of its tables' viewports. */
+/** Counts the paint events of a window's widgets, except the viewports of its tables. */
 class PaintCounter : public QObject {
     Q_OBJECT
 

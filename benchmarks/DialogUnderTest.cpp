@@ -87,7 +87,7 @@ void DialogUnderTest::open(const std::function<void()> &work)
     QTimer::singleShot(0, window(), [this, work] {
         settle();
         work();
-        // The exit button would refuse while a search runs.
+        // The exit button refuses to close while a search runs.
         qobject_cast<QDialog *>(window())->accept();
     });
     m_element->menu_entry->trigger();
@@ -151,7 +151,8 @@ QTableWidget *DialogUnderTest::bodies() const
 
 void DialogUnderTest::settle()
 {
-    // What is posted first, then timers that are due, then what these two posted.
+    // The first pass handles posted events and timers that are due, the second one what these have
+    // posted.
     for (int i = 0; i < 2; ++i)
         QCoreApplication::sendPostedEvents();
     QCoreApplication::processEvents();

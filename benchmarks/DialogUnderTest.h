@@ -15,36 +15,39 @@
 class QTableWidget;
 
 /**
- * The body administration as a host has it: the plug-in, a controller with so many standard bodies,
- * and the dialog opened by its menu entry. What is done with it runs inside open().
+ * The body administration in a host: the plug-in, a controller with a number of standard bodies,
+ * and the dialog, opened by its menu entry. The dialog can be used only inside open().
  */
 class DialogUnderTest {
 public:
-    /** `targets` of the library are of standard bodies and seen by the controller. */
+    /**
+     * `targets` is the number of library targets; all are for standard bodies and seen by the
+     * controller.
+     */
     DialogUnderTest(int bodies, int targets);
     ~DialogUnderTest();
 
-    /** Opens the dialog, lets `work` use it, closes it. */
+    /** Opens the dialog, calls `work`, and closes the dialog. */
     void open(const std::function<void()> &work);
 
-    /** The whole page is read and shown again, as after another module's dialog. */
+    /** Reads and shows the whole page again, as after another module's dialog. */
     void refresh();
     /** Types a name into the first row of the body table. */
     void rename(const QString &name);
     /** Clicks the check mark that switches the first body on and off. */
     void toggle();
-    /** Starts a search and answers its timer, which then no longer fires on its own. */
+    /** Starts a search and returns its timer, which is stopped so that only the caller fires it. */
     QObject *startSearch();
-    /** Changes the description of each `every`th body behind the module's back. */
+    /** Changes the description of each `every`th body in the controller, without the module. */
     void changeBodies(int every, const QString &text);
 
     QWidget *window() const { return m_element->content; }
     QTableWidget *bodies() const;
     MemoryLink &link() { return m_link; }
 
-    /** An everyday controller with so many bodies, all calibrated and active. */
+    /** A typical controller with that number of bodies, all calibrated and active. */
     static ControllerState stateWith(int bodies, int targets);
-    /** Lets everything that is queued happen: layouts, paints, posted calls. */
+    /** Handles everything that is queued: layouts, paints and posted calls. */
     static void settle();
 
 private:

@@ -17,7 +17,7 @@ using LineBuffer = std::array<char, 1024>;
 
 } // namespace
 
-// A va_list lives in the function that has the dots, so no other function can do this.
+// A macro, because a va_list cannot leave the function that has the variable arguments.
 #define LINE_OF(format)                                                                            \
     LineBuffer line;                                                                               \
     va_list arguments;                                                                             \
@@ -121,7 +121,7 @@ int MemoryLink::send_command(char *answer, const char *command)
     if (m_isNoting)
         m_lines.append({Operation::Command, command});
     const int result = m_io->send_command(answer, command);
-    // Whether targets have custom calibrations is asked with a command that changes nothing.
+    // The check for custom calibrations is a command, but it changes nothing.
     if (std::strstr(command, "check_custom_calibration") == nullptr)
         forget();
     return result;

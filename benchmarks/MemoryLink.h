@@ -8,13 +8,13 @@
 #include <QVector>
 
 /**
- * An IOManager as fast as one can be: a line that was answered once is answered from memory, in
- * some tenths of a microsecond. A write goes to the simulated controller and forgets what was
- * answered. What is measured over it is the module's own work. Refers to the controller's link.
+ * The fastest possible IOManager: a query that was answered before is answered from memory, in some
+ * tenths of a microsecond. A write goes to the simulated controller and discards the stored
+ * answers. With it a measurement shows the module's own work. Refers to the controller's link.
  */
 class MemoryLink : public IOManager {
 public:
-    /** One operation, as it can be asked again. */
+    /** One operation, in a form that can be repeated. */
     struct Line {
         TranscriptEntry::Operation operation = TranscriptEntry::Operation::GetString;
         QByteArray text;
@@ -32,15 +32,15 @@ public:
     void register_receiver(const char *channel, MessageReceiver *receiver) override;
     void unregister_receiver(const char *channel, MessageReceiver *receiver) override;
 
-    /** The controller was changed: nothing answered before counts any more. */
+    /** Discards all stored answers, because the controller was changed. */
     void forget();
-    /** From now on the lines are noted. */
+    /** Begins to note the lines. */
     void note();
-    /** Answers the lines noted until now; none are noted from now on. */
+    /** Returns the noted lines and ends the noting. */
     QVector<Line> takeLines();
-    /** Asks for those lines again, and does nothing else. Only reads. */
+    /** Repeats those queries and does nothing else. For reads only. */
     void ask(const QVector<Line> &lines);
-    /** Each read takes at least that long; 0 for as fast as it goes. */
+    /** Sets the least duration of a read; 0 for no delay. */
     void setRoundTripUs(int us) { m_roundTripUs = us; }
 
 private:

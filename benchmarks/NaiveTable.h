@@ -5,8 +5,8 @@
 #include <QTableWidget>
 
 /**
- * A table filled cell by cell as a first draft would: with each refresh every question is asked,
- * every cell gets a new item, and at the end the columns are measured.
+ * A table that is filled as in a first draft: each refresh sends every query, gives every cell a
+ * new item, and then measures the columns.
  */
 class NaiveTable {
 public:

@@ -4,13 +4,13 @@
 
 #include <QString>
 
-/** The table that the program prints: one line a row, with what is to be reached. */
+/** The printed table, with one line for each row and the figure to reach. */
 namespace Report {
 
 void head();
-/** Two texts and the figure to reach; empty: none is set. */
+/** Prints two texts and the figure to reach, which may be empty. */
 void row(const QString &what, const QString &minimum, const QString &median, const QString &reach);
-/** The ratios of the minima and of the medians. */
+/** Prints the ratios of the minima and of the medians. */
 void ratio(const QString &what, const Sample &sample, const Sample &unit, const QString &reach = {},
            int decimals = 2);
 void count(const QString &what, int count, const QString &reach);

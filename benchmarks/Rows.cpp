@@ -14,7 +14,7 @@ namespace {
 
 constexpr int roundTripUs = 1000;
 
-/** How many rounds an operation on so many bodies gets: the large ones take long enough. */
+/** Number of rounds for an operation on that many bodies; large numbers need fewer rounds. */
 int roundsFor(int rounds, int bodies)
 {
     return std::max(5, bodies > 100 ? rounds / 5 : rounds);
@@ -25,7 +25,7 @@ QString sized(const char *what, int bodies)
     return QStringLiteral("%1, %2 bodies").arg(QLatin1String(what)).arg(bodies);
 }
 
-/** What an unchanged refresh asks. */
+/** The queries of an unchanged refresh. */
 QVector<MemoryLink::Line> questionsOf(DialogUnderTest *dialog)
 {
     dialog->refresh();
@@ -34,7 +34,7 @@ QVector<MemoryLink::Line> questionsOf(DialogUnderTest *dialog)
     return dialog->link().takeLines();
 }
 
-/** A poll of the search, with what follows. */
+/** Polls the search once and handles the events that follow. */
 void tick(QObject *timer)
 {
     QMetaObject::invokeMethod(timer, "timeout");
@@ -51,7 +51,8 @@ void Rows::refresh(int bodies, int rounds)
         const auto ask = [&] { dialog.link().ask(lines); };
         const QVector<Sample> samples =
                 measureInterleaved({[&] { dialog.refresh(); }, ask}, roundsFor(rounds, bodies));
-        // In a run of its own: so much work drives the others' out of the processor's caches.
+        // The naive table has its own run, because so much work evicts the other pieces from the
+        // processor's caches.
         NaiveTable naive(&dialog.link(), lines, bodies, dialog.bodies()->columnCount());
         const QVector<Sample> naiveSamples =
                 measureInterleaved({[&] { naive.refresh(); }, ask}, roundsFor(rounds, bodies) / 2);
@@ -90,7 +91,8 @@ void Rows::counts(CountingStyle *style, int bodies)
 
 void Rows::rename(int few, int many, int rounds)
 {
-    // Two modal dialogs cannot be worked in turn: one after the other, with the same rounds.
+    // Two modal dialogs cannot be used alternately, so that they run one after the other with equal
+    // rounds.
     const auto renameAmong = [rounds](int bodies) {
         DialogUnderTest dialog(bodies, 0);
         Sample sample;
@@ -115,7 +117,8 @@ void Rows::changed(int bodies, int rounds)
         int number = 0;
         const QVector<Sample> samples = measureInterleaved(
                 {[&] { dialog.changeBodies(10, QStringLiteral("Cap %1").arg(++number)); },
-                 // Fills the memory again, so that the next piece measures no simulator.
+                 // This stores the answers again, so that the next piece does not measure the
+                 // simulator.
                  [&] { dialog.link().ask(lines); }, [&] { dialog.refresh(); },
                  [&] { dialog.link().ask(lines); }},
                 roundsFor(rounds, bodies));
@@ -166,7 +169,8 @@ void Rows::roundTrips(int bodies)
     dialog.open([&] {
         const QVector<MemoryLink::Line> lines = questionsOf(&dialog);
         dialog.link().setRoundTripUs(roundTripUs);
-        // The bare queries take the same turns, since each of them takes a little more than that.
+        // The bare queries run alternately with it, because each query takes a little more than its
+        // delay.
         const QVector<Sample> samples = measureInterleaved(
                 {[&] { dialog.refresh(); }, [&] { dialog.link().ask(lines); }}, 5);
         dialog.link().setRoundTripUs(0);

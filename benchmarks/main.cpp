@@ -1,5 +1,5 @@
-// Prints how long the body administration takes for what an operator does all day, as ratios of one
-// interleaved run: beside each operation runs the bare sequence of the same questions.
+// Prints the durations of typical operations in the body administration, as ratios to the bare
+// sequence of the same queries, which runs alternately with each operation.
 
 #include "Counters.h"
 #include "Report.h"

@@ -1,4 +1,5 @@
-# Checks what a host is named by, and writes the headers that carry identity and version.
+# Checks the host's vendor prefix and interface folder, and writes the headers with identity and
+# version.
 #
 # The identity is a header, not a compile definition: Qt's moc, which writes the plug-in's metadata,
 # runs again when a header has changed, but not when a definition has.
@@ -21,7 +22,7 @@ set(generated_headers "${CMAKE_BINARY_DIR}/generated")
 configure_file(cmake/HostIdentity.h.in "${generated_headers}/HostIdentity.h" @ONLY)
 configure_file(cmake/projectversion.h.in "${generated_headers}/projectversion.h" @ONLY)
 
-# Warnings in another vendor's headers are not this project's to mend.
+# This project cannot correct warnings in another vendor's headers.
 set(host_headers_system "")
 cmake_path(COMPARE "${HOST_INTERFACE_DIR}" EQUAL "${CMAKE_SOURCE_DIR}/hostinterface" own_headers)
 if(NOT own_headers)

@@ -48,7 +48,7 @@ set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "Settings module of an optical tracking sy
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_COMPONENTS_ALL plugin sdk workbench)
 set(CPACK_COMPONENTS_GROUPING IGNORE)
-# Splitting the debug symbols off strips the files, too.
+# Separating the debug symbols also strips the files.
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
@@ -68,7 +68,7 @@ set(CPACK_DEBIAN_WORKBENCH_PACKAGE_NAME trackingsettings-workbench)
 set(CPACK_COMPONENT_WORKBENCH_DESCRIPTION
     "A substitute host with a simulated controller, for trying the plug-in without cameras.")
 set(CPACK_DEBIAN_WORKBENCH_DEBUGINFO_PACKAGE ON)
-# The scenarios are the development package's.
+# The scenarios belong to the development package.
 set(CPACK_DEBIAN_WORKBENCH_PACKAGE_DEPENDS
     "trackingsettings (= ${PROJECT_VERSION}), trackingsettings-dev (= ${PROJECT_VERSION})")
 include(CPack)

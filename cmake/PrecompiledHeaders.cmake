@@ -1,7 +1,7 @@
-# add_precompiled(NAME LIBRARIES HEADER...) compiles headers of those libraries of Qt once, and
-# use_precompiled(TARGET NAME) gives them to a target.
-# Both do nothing unless TRACKING_PRECOMPILED_HEADERS is on: a build without them shows a missing
-# include.
+# add_precompiled(NAME LIBRARIES HEADER...) compiles headers of those Qt libraries once, and
+# use_precompiled(TARGET NAME) makes a target use them. Both do nothing unless
+# TRACKING_PRECOMPILED_HEADERS is on, because only a build without precompiled headers shows a
+# missing include.
 function(add_precompiled name libraries)
     if(TRACKING_PRECOMPILED_HEADERS)
         set(source "${CMAKE_BINARY_DIR}/${name}.cpp")

@@ -1,6 +1,7 @@
 #!/bin/bash
-# Builds module, simulator and workbench with the other compiler, as the next C++ and with Qt 6, every
-# warning an error, and runs the plug-in's tests with each. Arguments: the presets, all three by default.
+# Builds module, simulator and workbench with the other compiler, as the next C++ and with Qt 6,
+# with warnings as errors, and runs the plug-in's tests with each. Arguments: the presets; the
+# default is all three.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/.."
 

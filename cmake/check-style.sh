@@ -1,5 +1,5 @@
 #!/bin/bash
-# Fails when a source file is not laid out as .clang-format says. With --fix it lays them out.
+# Fails when a source file is not formatted as .clang-format says. With --fix it formats the files.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/.."
 

@@ -1,5 +1,5 @@
 #!/bin/bash
-# Installs what a command of this project needs and the machine lacks.
+# Installs the missing packages that a command of this project needs.
 # Usage: install-packages.sh PURPOSE, one of those in packages.txt
 set -euo pipefail
 

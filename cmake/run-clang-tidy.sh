@@ -1,7 +1,7 @@
 #!/bin/bash
-# Runs clang-tidy over the program sources, or over the folders or files given. Of the examples, the
-# small host is built on its own and left out. Only headers that the build generates are made,
-# nothing is compiled. Needs the Debian package clang-tidy.
+# Runs clang-tidy over the program sources, or over the given folders or files. The small host in
+# examples is left out, because it has a build of its own. The script generates headers but compiles
+# nothing. Needs the Debian package clang-tidy.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/.."
 
