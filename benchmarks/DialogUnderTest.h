@@ -36,7 +36,10 @@ public:
     void rename(const QString &name);
     /** Clicks the check mark that switches the first body on and off. */
     void toggle();
-    /** Starts a search and returns its timer, which is stopped so that only the caller fires it. */
+    /**
+     * Starts a search and returns its timer, whose interval is a day, so that only the caller fires
+     * it.
+     */
     QObject *startSearch();
     /** Changes the description of each `every`th body in the controller, without the module. */
     void changeBodies(int every, const QString &text);
