@@ -93,7 +93,7 @@ QList<QWidget *> EveryPlace::visible(QWidget *window, QWidget *page)
 {
     QList<QWidget *> widgets;
     for (QWidget *widget : window->findChildren<QWidget *>()) {
-        // The scroll buttons of a tab bar belong to Qt, in text and explanation.
+        // The scroll buttons of a tab bar, with their texts and explanations, belong to Qt.
         if (widget->isVisible() && widget->window() == window && page->window() == window
             && !qobject_cast<QTabBar *>(widget->parentWidget()))
             widgets << widget;
@@ -105,7 +105,7 @@ QList<QWidget *> EveryPlace::interactive(QWidget *window, QWidget *page)
 {
     QList<QWidget *> widgets;
     for (QWidget *widget : visible(window, page)) {
-        // The editor of a spin box and the corner of a table are parts of these.
+        // The editor of a spin box and the corner button of a table are parts of those widgets.
         const QWidget *parent = widget->parentWidget();
         if (qobject_cast<const QAbstractSpinBox *>(parent)
             || qobject_cast<const QAbstractItemView *>(parent))

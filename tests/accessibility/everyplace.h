@@ -6,24 +6,27 @@
 
 #include <functional>
 
-/** Every dialog of the module and every page of the body administration, to be looked at in turn.
- */
+/** Visits every dialog of the module and every page of the body administration. */
 class EveryPlace : public AdministrationFixture {
 protected:
-    /** Adds the column "place" and a row for each. */
+    /** Adds the column "place" and a row for each place. */
     static void addPlaces();
-    /** One row for each place and language, with the columns "place" and "language". */
+    /** Adds one row for each place and language, with the columns "place" and "language". */
     static void addPlacesAndLanguages();
 
-    /** Opens the place over the controller "full" and hands over its window and, in the body
-     * administration, the page shown; elsewhere the page is the window. */
+    /**
+     * Opens the place with the controller "full" and passes on its window and page. In the body
+     * administration the page is the one shown; elsewhere it is the window.
+     */
     void openPlace(const QString &place,
                    const std::function<void(QWidget *window, QWidget *page)> &look);
 
-    /** The visible widgets that an operator acts on, in `page` and in the window beside pages. */
+    /**
+     * The visible widgets that an operator can use, in `page` and in the window outside the pages.
+     */
     static QList<QWidget *> interactive(QWidget *window, QWidget *page);
-    /** Every visible widget there. */
+    /** Every visible widget in the same places. */
     static QList<QWidget *> visible(QWidget *window, QWidget *page);
-    /** A name for messages: object name, or class and place. */
+    /** A name for messages: the object name, or class and place. */
     static QString described(const QWidget *widget);
 };

@@ -33,7 +33,7 @@ QAccessible::Role roleOf(const QWidget *widget)
     return QAccessible::NoRole;
 }
 
-/** The letter of each access key that is heard in the window, and whose it is. */
+/** The letter of each access key that works in the window, and its widget. */
 QMultiMap<QString, QString> accessKeys(const QList<QWidget *> &widgets)
 {
     QMultiMap<QString, QString> keys;
@@ -55,7 +55,7 @@ QMultiMap<QString, QString> accessKeys(const QList<QWidget *> &widgets)
     return keys;
 }
 
-/** As the window system does it, which may give the widget the focus. */
+/** Turns the wheel as the window system does, which may give the widget the focus. */
 void turnWheel(QWidget *widget, int notch)
 {
     const QPointF point = widget->rect().center();
@@ -69,8 +69,8 @@ void turnWheel(QWidget *widget, int notch)
 } // namespace
 
 /**
- * What each dialog and page says to a screen reader, whether keys alone reach everything, and that
- * the wheel changes nothing in passing.
+ * What each dialog and page says to a screen reader, whether the keyboard reaches everything, and
+ * that the wheel changes nothing without the focus.
  */
 class tst_Accessibility : public EveryPlace {
     Q_OBJECT

@@ -11,10 +11,12 @@
 
 namespace {
 
-const QChar mark(0x00b7); // a middle dot, in no text of the module
+const QChar mark(0x00b7); // a middle dot, which no text of the module contains
 
-/** `text` with accents and two fifths longer, the addition between marks; access keys and markup
- * stay. */
+/**
+ * `text` with accents and two fifths longer, with the addition between marks. Access keys and
+ * markup do not change.
+ */
 QString pseudo(const QString &text)
 {
     static const QString plain = QStringLiteral("aeiouAEIOUnc");
@@ -41,7 +43,7 @@ QString pseudo(const QString &text)
                                        + mark);
 }
 
-/** The texts that a widget shows itself; what the controller said is left out. */
+/** The widget's own texts, without those that come from the controller. */
 QStringList textsOf(QWidget *widget)
 {
     if (const auto *label = qobject_cast<QLabel *>(widget))
@@ -63,15 +65,15 @@ QStringList textsOf(QWidget *widget)
 
 } // namespace
 
-/** Translates every text of the module into nonsense that can be told from the source. */
+/** Translates every text of the module into nonsense that differs from the source. */
 class PseudoTranslator : public QTranslator {
 public:
     bool isEmpty() const override { return false; }
     QString translate(const char *context, const char *source, const char *, int) const override
     {
-        // Qt's own widgets have translations of Qt's.
+        // The texts of Qt's own widgets have Qt's translations.
         const bool ofQt = !context || context[0] == 'Q';
-        // These are no words of a language: the host's menu, a key, and axes.
+        // These are not words of a language: the host's menu, a key, and axes.
         static const QStringList kept{QStringLiteral("&Tracking"), QStringLiteral("F8"),
                                       QStringLiteral("Alt+A"), QStringLiteral("Alt+C")};
         const QString text = QString::fromUtf8(source);
@@ -192,7 +194,7 @@ void tst_PseudoLanguage::statesInCellsAreTranslated()
     });
 }
 
-/** All of a box but what the controller said: the type's and the body's name. */
+/** All texts of a box except those that come from the controller: the names of type and body. */
 void tst_PseudoLanguage::questionsAreTranslated()
 {
     const QString deletion = pseudo(QStringLiteral("Delete geometry of %1 %2?"));

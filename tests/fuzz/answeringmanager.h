@@ -8,9 +8,9 @@
 #include <cstdarg>
 
 /**
- * Answers every operation with the next line of some text, whatever was asked. A line that begins
- * with "!" is a failed operation, and so is everything after the last line. A command line that no
- * host could send ends the process.
+ * Answers every operation with the next line of a text. A line that begins with "!" makes the
+ * operation fail, and so does the end of the text. A command line that no host could send ends the
+ * process.
  */
 class AnsweringManager final : public IOManager {
 public:
@@ -27,7 +27,10 @@ public:
     void unregister_receiver(const char *, MessageReceiver *) override {}
 
 private:
-    /** Checks the line that was asked; false when it fails, else *answer holds its answer. */
+    /**
+     * Checks the line of the operation; false when the operation fails, otherwise *answer gets its
+     * answer.
+     */
     bool next(const char *format, va_list arguments, QByteArray *answer) HOSTINTERFACE_PRINTF(2, 0);
     bool nextFor(const QByteArray &line, QByteArray *answer);
 

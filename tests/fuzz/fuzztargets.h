@@ -3,24 +3,26 @@
 #include <QByteArray>
 
 /**
- * The readers of the project, each given any bytes. A target returns when it has coped with them;
- * what it must not do ends the process: a sanitizer's finding, or expect() with something false.
+ * The readers of the project, each with any bytes as input. A target returns when it has handled
+ * the input. A violation ends the process: a finding of a sanitizer, or expect() with false.
  */
 namespace FuzzTargets {
 
 using Target = void (*)(const QByteArray &input);
 
-/** Answers to the reader of the target library: one a line, a line that begins with ! fails. */
+/**
+ * Answers to the reader of the target library, one on each line; a line that begins with ! fails.
+ */
 void library(const QByteArray &input);
 /** Answers to the reader of bodies. */
 void bodies(const QByteArray &input);
-/** Answers about inertial sensors while one is reset. */
+/** Answers to the queries about inertial sensors during a reset. */
 void sensors(const QByteArray &input);
 /** Answers to the filter dialog. */
 void filters(const QByteArray &input);
 /** The preferences file of the tracking settings. */
 void preferences(const QByteArray &input);
-/** What is entered as a fixed angle. */
+/** The text that is entered as a fixed angle. */
 void angles(const QByteArray &input);
 /** A scenario file. */
 void scenario(const QByteArray &input);
@@ -28,10 +30,10 @@ void scenario(const QByteArray &input);
 void script(const QByteArray &input);
 /** A recorded transcript. */
 void recording(const QByteArray &input);
-/** Fault rules, one a line. */
+/** Fault rules, one on each line. */
 void faultrule(const QByteArray &input);
 
-/** The target of that name; null when there is none. */
+/** The target with that name; null when there is none. */
 Target byName(const QByteArray &name);
 
 /** Ends the process when `isTrue` is false. */

@@ -1,4 +1,4 @@
-// One target under libFuzzer; FUZZ_TARGET is its function.
+// One target for libFuzzer; FUZZ_TARGET is its function.
 
 #include "fuzztargets.h"
 
@@ -10,7 +10,7 @@
 extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    // Lives as long as the process: Qt's own destructors come after it otherwise.
+    // The object is never destroyed, because Qt's own destructors run at the end of the process.
     static auto *application = new QApplication(*argc, *argv);
     Q_UNUSED(application)
     return 0;

@@ -1,4 +1,4 @@
-// Gives every file of a target's corpus to the target: what was found once stays mended.
+// Runs every file of a target's corpus, so that a corrected mistake does not return unnoticed.
 
 #include "fuzztargets.h"
 

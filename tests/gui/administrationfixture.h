@@ -13,7 +13,7 @@
 
 #include <functional>
 
-/** What the tests of the body administration share: its window, its pages, its messages. */
+/** Helpers of the tests of the body administration: its window, its pages, its messages. */
 class AdministrationFixture : public DialogTest {
 protected:
     using Box = QMessageBox;
@@ -52,7 +52,7 @@ protected:
     };
     using Acts = std::function<void(QWidget *window, QTableWidget *bodies)>;
 
-    /** Opens the dialog, lets `drive` work it, and returns when it is closed or hidden. */
+    /** Opens the dialog, calls `drive`, and returns when the dialog is closed or hidden. */
     void open(BodyAdministrationDlg *dialog, const std::function<void(QWidget *)> &drive)
     {
         robot().expectDialog(QStringLiteral("BodyAdministrationDlg"), drive);
@@ -68,7 +68,7 @@ protected:
         dialog.update_and_exec();
     }
 
-    /** As above, with a dialog that a box's `meanwhile` deletes with deletion(). */
+    /** The same, with a dialog that deletion() deletes while a box is open. */
     void openDeletable(TestHost &host, const Acts &drive)
     {
         m_dialog = new BodyAdministrationDlg(&host.io, &host.mainWindow, &host.versions);
@@ -122,7 +122,7 @@ protected:
         return host.state().bodyTypes["standard"].bodies.value(index);
     }
 
-    /** The question with the standard body's name below, as its box shows it. */
+    /** The question and, below it, the name of the standard body, as its box shows them. */
     static QString named(const TestHost &host, int index, const QString &question)
     {
         const QString name = body(host, index).description;
@@ -155,13 +155,13 @@ protected:
         return table->item(row, column)->data(Qt::UserRole + 1).toInt() == 1;
     }
 
-    /** Clicks a cell and lets what it triggers happen. */
+    /** Clicks a cell and handles the events that follow. */
     static void press(QTableWidget *table, int row, int column)
     {
         Drive::clickCell(table, row, column);
         Drive::settle();
     }
-    /** Clicks the check box of a cell and lets what it triggers happen. */
+    /** Clicks the check box of a cell and handles the events that follow. */
     static void toggle(QTableWidget *table, int row, int column)
     {
         Drive::toggleCell(table, row, column);
@@ -178,7 +178,7 @@ protected:
         host.io.send_message("GlobalEvent", sender, 1, text);
     }
 
-    /** Both modules that the dialog hands bodies to are there. */
+    /** Announces both modules to which the dialog sends requests. */
     static void announceModules(TestHost &host)
     {
         announce(host, "bodycalibration available");
@@ -191,7 +191,7 @@ protected:
         Drive::settle();
     }
 
-    /** The lines that change the controller: all that were written but customCheck. */
+    /** The lines that change the controller: all written lines except customCheck. */
     static QStringList changes(const TestHost &host)
     {
         QStringList lines = host.writes();

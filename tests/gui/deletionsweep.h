@@ -14,7 +14,7 @@
 #include <functional>
 #include <memory>
 
-/** Something that a user or another module does, with what comes before it. */
+/** An action of a user or of another module, with its preparation. */
 struct Deed {
     using Act = std::function<void(QWidget *window, TestHost &host)>;
     struct Box {
@@ -22,28 +22,30 @@ struct Deed {
         QString text;
     };
 
-    const char *dialog;      ///< class of the dialog that it is done in
-    Act act = {};            ///< empty when opening the dialog is all there is to do
+    const char *dialog;      ///< class of the dialog in which the action happens
+    Act act = {};            ///< empty when the action is the opening of the dialog
     Act before = {};         ///< done before the operations are counted
-    QVector<Box> boxes = {}; ///< answered with Yes, or OK where there is no question
-    const char *opens = "";  ///< class of the dialog that it opens, left with Escape
-    QStringList faults = {}; ///< while the dialog is made
+    QVector<Box> boxes = {}; ///< answered with Yes, or with OK when the box has no Yes
+    /// class of the dialog that the action opens; it is closed with Escape
+    const char *opens = "";
+    QStringList faults = {}; ///< fault rules in force while the dialog is made
     const char *protocol = "1.24";
-    bool isLeft = true;    ///< the dialog is closed inside the sweep, too
-    bool isCompact = true; ///< a system with two pages only, which open twice as quickly
+    bool isLeft = true;    ///< true when the sweep also covers the closing of the dialog
+    bool isCompact = true; ///< true for a system with only two pages, which opens twice as fast
 };
 
 Q_DECLARE_METATYPE(Deed)
 
 /**
- * Plays a deed once undisturbed and counts its operations, then once for each of them, and each
- * time the host deletes its window, and every dialog with it, inside that operation.
+ * Carries an action out once undisturbed and counts its operations. Then it repeats the action once
+ * for each operation; each time the host deletes the dialog's window, and every dialog with it,
+ * inside that operation.
  */
 class DeletionSweep : public AdministrationFixture {
 protected:
     static constexpr const char *administration = "BodyAdministrationDlg";
 
-    /** A controller with as little as possible, so that many rounds are quick. */
+    /** A controller with few objects, so that many rounds are fast. */
     static ControllerState smallState()
     {
         ControllerState state = studio();
@@ -76,7 +78,7 @@ protected:
         return state;
     }
 
-    /** Every operation of the deed, one after another, is the one that the window goes away in. */
+    /** Deletes the window inside every operation of the action, one operation in each round. */
     void sweep(const Deed &deed)
     {
         const int count = play(deed, -1);
@@ -160,7 +162,8 @@ private:
         const QByteArray name = deed.dialog;
         if (name == "BodyAdministrationDlg") {
             auto *dialog = new BodyAdministrationDlg(&host.io, window, &host.versions);
-            // With a size of its own it does not measure what it shows, which takes the most time.
+            // A window with a given size does not measure its contents, which would take most of
+            // the time.
             dialog->resize(800, 600);
             return [dialog] { dialog->update_and_exec(); };
         }
@@ -205,7 +208,7 @@ private:
         });
     }
 
-    /** The number of operations up to the end, or up to the one that the window goes away in. */
+    /** The number of operations until the end, or until the operation that deletes the window. */
     int play(const Deed &deed, int deletedInside)
     {
         static const ControllerState everything = smallState();
@@ -223,7 +226,8 @@ private:
         const QPointer<QWidget> window = new QWidget;
         const Run run = make(deed, host, window);
         host.io.faults()->clear();
-        // Another user for each time: what this one waits for never comes once the window is gone.
+        // Each round needs a new robot, because the windows that the old one expects never open
+        // after the deletion.
         qApp->removeEventFilter(&robot());
         m_user = std::make_unique<DialogRobot>();
         int operations = 0;

@@ -51,7 +51,8 @@ inline QStringList entries(const QComboBox *box)
     return texts;
 }
 
-/** Base of the filter dialog's tests: a small controller, and a dialog that a user is in front of.
+/**
+ * The base of the filter dialog's tests: a small controller, and a dialog with a simulated user.
  */
 class FilterDialogTest : public DialogTest {
 protected:
@@ -62,8 +63,9 @@ protected:
     using User = std::function<void(FilterWidgets)>;
 
     /**
-     * Three standard bodies: "Cap" with an own preset, "Rig" with an inertial sensor, an
-     * uncalibrated one; two Joywand devices, the second uncalibrated; two presets and two modes.
+     * Three standard bodies: "Cap" with a custom preset, "Rig" with an inertial sensor, and an
+     * uncalibrated one. Two Joywand devices, the second one uncalibrated. Two presets and two
+     * modes.
      */
     static ControllerState smallState(const QString &protocol = QStringLiteral("1.24"))
     {
@@ -120,7 +122,9 @@ protected:
         return state.bodyTypes["standard"].bodies[index];
     }
 
-    /** Opens the dialog; `user` acts in it, then it is left with Escape if it is still open. */
+    /**
+     * Opens the dialog and calls `user`; then closes the dialog with Escape if it is still open.
+     */
     void visit(TestHost &host, FilterDialog &dialog, int type, int index, const User &user)
     {
         bool visited = false;
@@ -145,14 +149,14 @@ protected:
         return [](const FilterWidgets &) {};
     }
 
-    /** Gives the check box the keyboard and presses it. */
+    /** Gives the check box the focus and presses the space key. */
     static void toggle(QCheckBox *box)
     {
         box->setFocus(Qt::TabFocusReason);
         QTest::keyClick(box, Qt::Key_Space);
     }
 
-    /** Gives the box the keyboard and types over what it shows. */
+    /** Gives the box the focus and replaces its text by typing. */
     static void type(QAbstractSpinBox *box, const QString &text)
     {
         box->setFocus(Qt::TabFocusReason);

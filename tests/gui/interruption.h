@@ -7,15 +7,15 @@
 #include <functional>
 
 /**
- * A host that does something of its own inside the operations of its IOManager: runs its event
- * loop, deletes the dialog, delivers a message. Acts after the controller did what it was asked for
- * and before the operation returns; not inside itself.
+ * A host that acts inside the operations of its IOManager: it runs its event loop, deletes the
+ * dialog, or delivers a message. It acts after the controller has carried the operation out and
+ * before the operation returns. Operations inside the action are not interrupted.
  */
 class Interruption : public QObject {
 public:
     using Choice = std::function<bool(const TranscriptEntry &)>;
 
-    /** Calls `act` inside each operation that `where` picks. */
+    /** Calls `act` inside each operation that `where` selects. */
     Interruption(SimulatedIOManager &io, const Choice &where, const std::function<void()> &act)
     {
         connect(&io, &SimulatedIOManager::recorded, this,
@@ -30,7 +30,7 @@ public:
                 });
     }
 
-    /** How often it acted. */
+    /** The number of interruptions. */
     int times() const { return m_times; }
 
     static bool isWrite(const TranscriptEntry &entry)
@@ -38,19 +38,19 @@ public:
         return entry.operation == TranscriptEntry::Operation::Set
                || entry.operation == TranscriptEntry::Operation::Command;
     }
-    /** Picks every operation. */
+    /** Selects every operation. */
     static Choice everywhere()
     {
         return [](const TranscriptEntry &) { return true; };
     }
-    /** Picks the write of that zero-based number. */
+    /** Selects the write with that zero-based number. */
     static Choice atWrite(int number)
     {
         return [number, count = 0](const TranscriptEntry &entry) mutable {
             return isWrite(entry) && count++ == number;
         };
     }
-    /** Picks the first operation of exactly that line. */
+    /** Selects the first operation with exactly that line. */
     static Choice atFirst(const QByteArray &line)
     {
         return [line, done = false](const TranscriptEntry &entry) mutable {

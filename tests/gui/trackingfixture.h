@@ -13,13 +13,13 @@
 
 #include <functional>
 
-/** What the tests of the tracking settings dialog share. */
+/** Helpers of the tests of the tracking settings dialog. */
 class TrackingFixture : public DialogTest {
 protected:
     const QString moduleVersion = QStringLiteral("v3.0.6");
     const QByteArray showAutoRestart = "<AUTO_RESTART_MEA_AFTER_SYNC_LOST HIDE=\"false\"/>";
 
-    /** Puts a preferences file with these elements where the dialog looks for it. */
+    /** Writes a preferences file with these elements into the dialog's folder. */
     static void writePreferences(const QByteArray &children)
     {
         const QString folder = QDir::homePath() + QStringLiteral("/.QOR/MORVEK3/modules/")
@@ -45,7 +45,7 @@ protected:
         QTest::keyClick(dialog, letter, Qt::AltModifier);
     }
 
-    /** Opens the dialog, lets `drive` work it, and returns when it is closed. */
+    /** Opens the dialog, calls `drive`, and returns when the dialog is closed. */
     void open(TrackingDlg *dialog, const std::function<void(QWidget *)> &drive)
     {
         robot().expectDialog(QStringLiteral("TrackingDlg"), drive);

@@ -24,13 +24,13 @@ QStringList ofBody(const QStringList &lines, int row)
     return numbered;
 }
 
-/** What there is to read of a standard body. */
+/** The facts about a standard body that the page reads. */
 struct Slot {
     QString sensor;     ///< empty: none
-    QStringList filter; ///< queries about it; %1 is the body's number
+    QStringList filter; ///< queries of the filter; %1 is the body's number
 };
 
-/** The bodies of the studio as a controller of that protocol tells of them. */
+/** The bodies of the studio as a controller with that protocol answers them. */
 QVector<Slot> studioSlots(const QString &protocol)
 {
     if (minorOf(protocol) < 12)
@@ -68,7 +68,7 @@ QStringList readingOfBody(const QString &protocol, int row, const Slot &slot)
     return ofBody(lines, row);
 }
 
-/** What filling the table asks besides. */
+/** The additional queries for filling the table. */
 QStringList fillingOfTable(const QString &protocol, const QVector<Slot> &bodies)
 {
     QStringList lines;
@@ -81,7 +81,9 @@ QStringList fillingOfTable(const QString &protocol, const QVector<Slot> &bodies)
     return lines;
 }
 
-/** What the buttons ask about a body that becomes current: once, although a click follows. */
+/**
+ * The queries of the buttons for a new current body. They are sent once, although a click follows.
+ */
 QStringList asksForButtons(const QString &sensor, int row)
 {
     if (sensor.isEmpty())
@@ -91,7 +93,7 @@ QStringList asksForButtons(const QString &sensor, int row)
                   row);
 }
 
-/** What the page sends when it is refreshed with these targets listed. */
+/** The lines of a refresh of the page while these targets are listed. */
 QStringList refreshOfPage(const QString &protocol, const QVector<Slot> &bodies, int current,
                           const QStringList &targets)
 {
@@ -105,14 +107,14 @@ QStringList refreshOfPage(const QString &protocol, const QVector<Slot> &bodies, 
            + asksForButtons(bodies.at(current).sensor, current);
 }
 
-/** What the page sends when one body is read again. */
+/** The lines when one body is read again. */
 QStringList refreshOfBody(const QString &protocol, const QVector<Slot> &bodies, int row)
 {
     return readingOfBody(protocol, row, bodies.at(row)) + fillingOfTable(protocol, bodies)
            + asksForButtons(bodies.at(row).sensor, row);
 }
 
-/** What deleting a calibrated body sends before it is read again. */
+/** The lines of deleting a calibrated body, before it is read again. */
 QStringList clearing(const QString &protocol, int row, bool withSensor)
 {
     QStringList lines;
@@ -129,7 +131,10 @@ QStringList clearing(const QString &protocol, int row, bool withSensor)
 
 } // namespace
 
-/** The whole transcript of each action on a standard body, from every version that changes it. */
+/**
+ * The complete transcript of each action on a standard body, for every protocol version that
+ * changes it.
+ */
 class tst_ActionTranscripts : public AdministrationFixture {
     Q_OBJECT
 
@@ -259,7 +264,7 @@ void tst_ActionTranscripts::deleteOrDeselect(bool byButton)
         host.clear();
         robot().expectBox(boxTitle, named(host, row, asked), QMessageBox::Yes);
         if (byButton) {
-            // The button follows the text of the model column.
+            // The button depends on the text of the model column.
             auto *deselect = Drive::find<QPushButton>(page(window), "pushButton_deselect");
             QCOMPARE(deselect->isEnabled(), sensorKnown);
             if (sensorKnown)
@@ -328,7 +333,7 @@ void tst_ActionTranscripts::resets_data()
         };
         add("library name", 1, toLibrary,
             {"morvek2 body calibrate_from_targetlib standard b%1 GL01"}, {});
-        // Older controllers tell of no sensors, so that there is nothing to reset.
+        // Older controllers answer no sensors, so that there is nothing to reset.
         if (minorOf(protocol) < 12)
             continue;
         add("library name and sensor", 4, toLibrary,
@@ -404,7 +409,7 @@ void tst_ActionTranscripts::moves()
         const QStringList asked = asksForButtons(moved.at(other).sensor, other);
         expected += readingOfBody(protocol, row, moved.at(row));
         expected += readingOfBody(protocol, other, moved.at(other)) + filling;
-        // The body takes the selection along, then everything is read again.
+        // The selection moves with the body, and then everything is read again.
         expected += asked + QStringList{"body number_of_bodies standard"};
         for (int i = 0; i < moved.size(); ++i)
             expected += readingOfBody(protocol, i, moved.at(i));

@@ -15,7 +15,7 @@ QImage windowIconImage(const QIcon &icon)
 
 } // namespace
 
-/** What must not go wrong while the controller or another client changes things meanwhile. */
+/** Changes by the controller or another client during an action must not lead to wrong actions. */
 class tst_AdministrationGuards : public AdministrationFixture {
     Q_OBJECT
 
@@ -140,7 +140,7 @@ void tst_AdministrationGuards::unnamedTargetTakesNobodysTarget()
                 body.description.clear();
         }
     }));
-    // Nobody holds a target, and the controller says so with an empty answer.
+    // No body holds a target, and the controller's answer is empty.
     host.fault(QStringLiteral("get body targetlib_name* empty"));
     openAt(host, form, [&](QWidget *shown) {
         press(table(shown, bodyTable), 0, 0);
@@ -228,7 +228,7 @@ void tst_AdministrationGuards::rowGoneBeforeItsAction()
             UserInput::toggleItem(bodies, pressed);
         else
             UserInput::clickItem(bodies, pressed);
-        // What the press set off comes after this.
+        // The action of the press comes after this change.
         host.edit([](ControllerState &state) { state.bodyTypes["standard"].bodies.resize(3); });
         qobject_cast<BodyTypeAdministrationTab *>(page(window))->update_tab();
         QCOMPARE(bodies->rowCount(), 3);

@@ -45,7 +45,7 @@ QIcon redIcon()
 
 } // namespace
 
-/** What makes a table of the body administration readable. */
+/** The readability of the tables of the body administration. */
 class tst_AdministrationTable : public DialogTest {
     Q_OBJECT
 

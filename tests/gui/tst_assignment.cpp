@@ -11,7 +11,7 @@ const QString bends =
 
 } // namespace
 
-/** Assigning a library target to a standard body and taking it away. */
+/** Assigning a library target to a standard body, and freeing it. */
 class tst_Assignment : public AdministrationFixture {
     Q_OBJECT
 
@@ -204,13 +204,13 @@ void tst_Assignment::failedAssignment()
         host.fault(QStringLiteral("command morvek2 body calibrate* ") + effect);
         host.clear();
         select(window);
-        // No warning about bending either: nothing was assigned.
+        // There is no warning about bending either, because the assignment failed.
         QCOMPARE(host.log(), QStringList{"Error: Unable to calibrate body from target library"});
         QCOMPARE(host.writes().size(), 2);
         const bool calibrated = body(host, 7).calibrated;
         QCOMPARE(Drive::cell(bodies, 7, CalibrationColumn),
                  QString(calibrated ? "Target Library" : "not calibrated"));
-        // Nothing else is asked; the used mark follows with the next refresh of the marks.
+        // There is no other query; the used mark changes with the next refresh of the marks.
         QCOMPARE(host.queries().filter(QStringLiteral("targetlib target_status_calibrated t")),
                  QStringList());
         QCOMPARE(Drive::cell(targets(window), 1, 3), QString());

@@ -172,7 +172,7 @@ void tst_BodyActions::resetFailure()
     QFETCH(bool, shown);
     TestHost host;
     open(host, [&](QWidget *, QTableWidget *bodies) {
-        // The cell was live when the table was filled; since then the sensors warm up.
+        // The cell was enabled when the table was filled, and since then the sensors warm up.
         host.edit([&](ControllerState &state) { state.inertialWarmup = warmup; });
         for (const QString &fault : faults)
             host.fault(fault);

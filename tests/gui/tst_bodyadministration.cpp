@@ -312,7 +312,8 @@ void tst_BodyAdministration::sendsNothingWithoutBody()
             for (const char *button : actionButtons)
                 QVERIFY2(!isEnabled(window, button), form);
         }
-        // A page's own button is off as well; that its slot asks nothing is a guard besides.
+        // The page's own button is disabled, too. The check that its slot sends nothing is an
+        // additional guard.
         for (const char *form : {joywandPage, handsPage}) {
             goTo(window, form);
             QVERIFY2(!isEnabled(page(window, form), "pushButton_calibration"), form);
@@ -399,7 +400,7 @@ void tst_BodyAdministration::reopenWhileOpenOnlyRefreshes()
         QCOMPARE(Drive::cell(table(window, "tableWidget_standard"), 0, 3), QStringLiteral("New"));
         QVERIFY(window->isVisible());
     });
-    // Closed by the one Escape: no second run was left on the stack.
+    // One Escape closes the dialog, because no second event loop is on the stack.
     QVERIFY(!dialog.isVisible());
 }
 
@@ -458,7 +459,7 @@ void tst_BodyAdministration::buttonsWaitForTheirModules()
     QCOMPARE(states(), (QVector<bool>{true, false}));
     host.io.send_message("BodyAdministrationModule", "Whoever", 7, "bodyadjustment available");
     QCOMPARE(states(), (QVector<bool>{true, true}));
-    // Once there, a module stays.
+    // A module that was announced once remains available.
     QCOMPARE(states(), (QVector<bool>{true, true}));
 }
 

@@ -3,7 +3,7 @@
 #include <QLineEdit>
 #include <QPointer>
 
-/** When the body administration may be used and closed, and what goes with it. */
+/** When the body administration can be used and closed, and what closing does. */
 class tst_BodyAdministrationClosing : public AdministrationFixture {
     Q_OBJECT
 

@@ -83,7 +83,7 @@ void tst_BodyAdministrationTexts::showsTexts()
     QFETCH(QString, whatsThis);
     TestHost host;
     BodyAdministrationDlg dialog(&host.io, &host.mainWindow, &host.versions);
-    // As the form sets them, before the first page is read.
+    // The texts of the form, before the first page is read.
     QWidget *root = form == "BodyAdministrationDlg" ? &dialog : page(&dialog, form);
     auto *shown = Drive::find<QWidget>(root, widget);
     QCOMPARE(shown->whatsThis(), whatsThis);
@@ -132,7 +132,7 @@ void tst_BodyAdministrationTexts::calibrationHasKey()
         QVERIFY(!button->isDown());
         QApplication::setActiveWindow(window);
         QTest::keyClick(window, Qt::Key_C, Qt::AltModifier);
-        // A key holds a button down for a moment before it acts.
+        // A key holds a button down for a moment before the button acts.
         QVERIFY(button->isDown());
     });
 }

@@ -8,7 +8,7 @@
 
 namespace {
 
-/** Acts when a window is shown, before its layouts follow what was filled into it. */
+/** Acts when a window is shown, before its layouts adapt to the filled contents. */
 class ShowWatch : public QObject {
 public:
     ShowWatch(QWidget *window, const std::function<void()> &act) : m_act(act)
@@ -30,7 +30,7 @@ private:
 
 } // namespace
 
-/** The window of the body administration: its size, what scrolls in it, and its keys. */
+/** The window of the body administration: its size, its scrolling, and its keys. */
 class tst_BodyAdministrationWindow : public AdministrationFixture {
     Q_OBJECT
 
@@ -138,7 +138,7 @@ void tst_BodyAdministrationWindow::fitsASmallScreen()
         QCOMPARE(window->size(), size);
         for (const char *button : {"pushButton_filter", "pushButton_exit"})
             QVERIFY(isInside(window, Drive::find<QWidget>(pages(window)->parentWidget(), button)));
-        // Nothing is squeezed: what has no room can be scrolled to.
+        // Widgets keep their size; those that do not fit can be reached by scrolling.
         auto *area = Drive::find<QScrollArea>(page, "pageArea");
         auto *stop = Drive::find<QWidget>(page, "pushButton_stop");
         area->ensureWidgetVisible(stop);
@@ -214,7 +214,7 @@ void tst_BodyAdministrationWindow::accessKeyOfTheFilterIsHeard()
         robot().expectDialog(QStringLiteral("FilterDialog"), [&](QWidget *) { opened = true; });
         QApplication::setActiveWindow(page->window());
         QTest::keyClick(page->window(), Qt::Key_L, Qt::AltModifier);
-        // A button pressed by its access key is shown pressed for a moment first.
+        // A button that its access key presses is shown pressed for a moment first.
         QTRY_VERIFY(opened);
     });
 }

@@ -10,14 +10,14 @@
 
 namespace {
 
-/** What the operator does to the bodies of a window. */
+/** An action of the operator on the bodies of a window. */
 using Act = std::function<void(QWidget *, QTableWidget *)>;
 
 } // namespace
 
 Q_DECLARE_METATYPE(Act)
 
-/** What questions and cells say about a body, and what its page's buttons follow. */
+/** What questions and cells say about a body, and which state enables the buttons of its page. */
 class tst_BodyAdministrationWords : public AdministrationFixture {
     Q_OBJECT
 
@@ -101,7 +101,7 @@ void tst_BodyAdministrationWords::warningsSayWhichBody_data()
             << "Helmet" << moveDown;
 }
 
-/** The box says type and number as ever; the name stands below. */
+/** The box says type and number, and the body's name below them. */
 void tst_BodyAdministrationWords::warningsSayWhichBody()
 {
     QFETCH(QString, fault);
@@ -132,7 +132,7 @@ void tst_BodyAdministrationWords::continueQuestionsSayWhichBody_data()
     QTest::newRow("no name") << "";
 }
 
-/** The informative text stays what it was; the name has a line of its own above it. */
+/** The informative text does not change; the name has a line of its own above it. */
 void tst_BodyAdministrationWords::continueQuestionsSayWhichBody()
 {
     QFETCH(QString, name);

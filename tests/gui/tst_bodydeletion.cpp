@@ -180,7 +180,7 @@ void tst_BodyDeletion::keysPressDeleteCell()
         QTest::keyClick(bodies, Qt::Key(key));
         Drive::settle();
         QCOMPARE(host.writes().count(QStringLiteral("body number_of_marker standard b06 0")), 1);
-        // A cell that is shown disabled does nothing.
+        // A click on a cell that is shown disabled does nothing.
         bodies->setCurrentCell(7, DeleteColumn);
         host.clear();
         QTest::keyClick(bodies, Qt::Key(key));

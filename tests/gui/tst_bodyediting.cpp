@@ -2,7 +2,9 @@
 
 #include <QLineEdit>
 
-/** The table of bodies: what editing it sends to the controller and what is shown afterwards. */
+/**
+ * What editing the table of bodies sends to the controller, and what the table shows afterwards.
+ */
 class tst_BodyEditing : public AdministrationFixture {
     Q_OBJECT
 
@@ -182,7 +184,7 @@ void tst_BodyEditing::escapeWritesNothingAlsoLater()
         toggle(bodies, 0, ActiveColumn);
         QCOMPARE(Drive::cell(bodies, 0, NameColumn), QStringLiteral("Elsewhere"));
         QCOMPARE(host.writes(), QStringList{"body active standard b01 no"});
-        // A change that the program makes outside a fill is none of the user's either.
+        // A change that the program makes outside a fill does not count as the user's either.
         bodies->item(0, NameColumn)->setText(QStringLiteral("program"));
         QCOMPARE(host.writes(), QStringList{"body active standard b01 no"});
     });

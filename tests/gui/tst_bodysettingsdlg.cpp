@@ -234,9 +234,9 @@ void tst_bodysettingsdlg::keysOfTheButtons()
             QTest::keyClick(angles, Qt::Key_Escape);
         });
         QTest::keyClick(shown, Qt::Key_A, Qt::AltModifier);
-        // A key holds a button down for a moment before it acts.
+        // A key holds a button down for a moment before the button acts.
         QTRY_VERIFY(anglesShown);
-        // Enter on a name that is not being edited is the default button.
+        // Enter on a name that is not being edited presses the default button.
         QTest::keyClick(tableOf(shown), Qt::Key_Return);
     });
     QCOMPARE(accepted, int(QDialog::Accepted));
@@ -257,7 +257,7 @@ void tst_bodysettingsdlg::oldControllerByKeyboard()
     BodySettingsDlg dialog(&host.io, &host.mainWindow, &host.versions, moduleVersion);
     const int result = open(&dialog, [](QWidget *shown) {
         QApplication::setActiveWindow(shown);
-        // The table and OK cannot be worked, so neither may hold or take the focus.
+        // The table and OK are disabled, so that neither may have or get the focus.
         const auto focused = [shown] {
             const QWidget *widget = shown->focusWidget();
             return widget ? widget->objectName() : QString();

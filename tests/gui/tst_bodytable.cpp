@@ -19,7 +19,7 @@ QStringList mentioning(const QStringList &lines, const QString &part)
 
 } // namespace
 
-/** The table of bodies: what is read from the controller and what is shown of it. */
+/** What is read from the controller, and how the table of bodies shows it. */
 class tst_BodyTable : public AdministrationFixture {
     Q_OBJECT
 
@@ -316,7 +316,7 @@ void tst_BodyTable::referenceAnswerMarksOneStandardBody()
 {
     QFETCH(QString, answer);
     QFETCH(int, row);
-    // What the controller holds differs from every answer, and every row has a box to mark.
+    // The controller's values differ from every faulty answer, and every row has a check box.
     TestHost host(studio([](ControllerState &state) {
         state.trackingReference = QStringLiteral("standard b06");
         state.bodyTypes["standard"].bodies[7].active = true;
@@ -372,7 +372,7 @@ void tst_BodyTable::filterSummary()
 void tst_BodyTable::germanDesktopChangesNothing()
 {
     QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
-    std::setlocale(LC_ALL, "de_DE.UTF-8"); // where the machine has it
+    std::setlocale(LC_ALL, "de_DE.UTF-8"); // has no effect when the machine lacks the locale
     TestHost host(studio([](ControllerState &state) {
         state.bodyTypes["standard"].bodies[3].filterPrediction = 0.0125;
         state.bodyTypes["standard"].bodies.resize(12);

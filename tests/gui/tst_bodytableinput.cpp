@@ -11,7 +11,9 @@
 
 namespace {
 
-/** A table of three calibrated bodies and a box with their number, listened to as by a tab. */
+/**
+ * A table of three calibrated bodies and a box with their number, with the input handling of a tab.
+ */
 class Bench {
 public:
     Bench() : input(registry)
@@ -118,7 +120,7 @@ void tst_BodyTableInput::dropsWhatArrivesDuringAGesture()
     Drive::settle();
     QCOMPARE(heard(pressed), QStringList({"standard 0"}));
     QCOMPARE(toggled.count(), 0);
-    // Acted on and done, the next gesture comes through.
+    // After the first gesture has ended, the next one is delivered.
     bench.input.disconnect(&bench.input);
     bench.fill();
     Drive::toggleCell(&bench.table, 1, 1);
@@ -143,7 +145,7 @@ void tst_BodyTableInput::announcesACurrentBodyOnce()
     QSignalSpy changed(&bench.input, &BodyTableInput::currentBodyChanged);
     Drive::clickCell(&bench.table, 1, 0);
     QCOMPARE(heard(changed), QStringList({"standard 1"}));
-    // A click on the current body is announced again, since the operator acts on it.
+    // A click on the current body announces it again, because the operator is about to act on it.
     Drive::clickCell(&bench.table, 1, 0);
     QCOMPARE(heard(changed), QStringList({"standard 1", "standard 1"}));
 }

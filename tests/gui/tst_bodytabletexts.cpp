@@ -18,7 +18,9 @@ struct BodyTable {
 
 Q_DECLARE_METATYPE(BodyTable)
 
-/** What all tables of bodies are made of: headers, hidden columns, texts for a screen reader. */
+/**
+ * The common properties of all tables of bodies: headers, hidden columns, texts for screen readers.
+ */
 class tst_BodyTableTexts : public AdministrationFixture {
     Q_OBJECT
 
@@ -30,7 +32,7 @@ private slots:
 
 private:
     static void addTables();
-    /** The dialog of a state in which every table is shown, at the page of the table. */
+    /** Opens the dialog with a state in which every table is shown, at the page of the table. */
     void visit(const BodyTable &tested, const std::function<void(QTableWidget *)> &look);
 };
 

@@ -38,7 +38,7 @@ private:
         });
     }
 
-    /** The other configuration has another filter for the first body. */
+    /** Activates another configuration, which has another filter for the first body. */
     static void activateOther(TestHost &host)
     {
         host.edit([](ControllerState &state) {
@@ -49,7 +49,7 @@ private:
         configurationChanged(host);
     }
 
-    /** Opens the dialog called `name`, changes something in it, and leaves it as `user` says. */
+    /** Opens the dialog with that name, changes a value in it, and calls `user` to close it. */
     void openSettings(TestHost &host, const QString &name,
                       const std::function<void(QWidget *)> &user);
 };
@@ -244,7 +244,7 @@ void tst_ConfigurationChange::fixedAnglesOfTheTrackingSettingsAsk()
             Drive::click(angles, "pushButton_cancel");
         });
         Drive::click(shown, "pushButton_advanced");
-        // Nothing was changed here, so there is nothing to ask about.
+        // Nothing was changed here, so that no question is needed.
         Drive::click(shown, "pushButton_ok");
     });
     QCOMPARE(host.writes().filter("fixed_angle"), QStringList());

@@ -12,7 +12,7 @@ const QString changedLine =
 constexpr int deleteColumn = 8;
 constexpr int resetColumn = 9;
 
-/** A question of the body administration and how an operator comes to it. */
+/** A question of the body administration and the actions that lead to it. */
 struct Question {
     const char *form;
     std::function<void(QWidget *page)> ask;
@@ -55,7 +55,10 @@ std::function<void(QWidget *)> assigning(const char *name, int row, const QStrin
 Q_DECLARE_METATYPE(Question)
 Q_DECLARE_METATYPE(Change)
 
-/** What was confirmed is what is done; what was typed goes where it was meant to go. */
+/**
+ * Only the action that the operator confirmed is carried out, and typed text applies only to its
+ * own body.
+ */
 class tst_Confirmations : public AdministrationFixture {
     Q_OBJECT
 
@@ -166,7 +169,8 @@ void tst_Confirmations::anotherConfigurationVoidsTheAnswer()
 {
     QFETCH(Question, question);
     TestHost host;
-    // Its bodies read the same: nothing but the message tells that it is another one.
+    // Its bodies read the same, so that only the message shows that the configuration is another
+    // one.
     ask(host, question, [&] { configurationChanged(host); });
     QCOMPARE(changes(host), QStringList());
     QCOMPARE(host.log(), QStringList(changedLine));

@@ -26,13 +26,13 @@ private:
     {
         return [user](QWidget *window, TestHost &) { user(FilterWidgets(window)); };
     }
-    /** Types over what the box shows, with the keyboard in it. */
+    /** Gives the box the focus and replaces its text by typing. */
     static void type(QAbstractSpinBox *box, const QString &text)
     {
         box->setFocus(Qt::TabFocusReason);
         UserInput::replaceText(box, text);
     }
-    /** As a mouse does it: with the button, the focus comes. */
+    /** Clicks as a mouse does, which also gives the widget the focus. */
     static void clickWithFocus(QWidget *widget)
     {
         const QPointer<QWidget> guard(widget);

@@ -23,7 +23,7 @@ private slots:
     void cellThatChangesUnderTheEditor();
 
 private:
-    /** A table of one name whose column is edited through the delegate. */
+    /** A table with one name, which is edited through the delegate. */
     std::unique_ptr<QTableWidget> table(const QString &name)
     {
         auto shown = std::make_unique<QTableWidget>(1, 1);

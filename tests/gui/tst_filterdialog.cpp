@@ -1,6 +1,6 @@
 #include "filterdialogtest.h"
 
-/** What the filter dialog reads and shows. */
+/** The queries of the filter dialog, and what it shows. */
 class tst_FilterDialog : public FilterDialogTest {
     Q_OBJECT
 
@@ -65,7 +65,10 @@ const QStringList allJoywands = {"filter6d available joywand", "config is_change
                                  "joywand number_of_devices", "body calibrated joywand b01",
                                  "body calibrated joywand b02"};
 
-/** What is read of a body; `presets` and `modes` stand where a new controller is asked for both. */
+/**
+ * The queries for a body; `asksLists` adds those for presets and modes, which a new controller
+ * answers.
+ */
 QStringList values(const QString &body, bool asksLists)
 {
     const QStringList presets = {"filter6d number_of_presets",
@@ -399,7 +402,7 @@ void tst_FilterDialog::anotherBodyIsReadAgain()
         host.clear();
         Drive::choose(w.body, "standard body 02 (Rig)");
         QStringList expected = values("standard b02", true);
-        // What is not available for the body is not described either.
+        // Entries that are not available for the body are not queried for their description either.
         const int asked =
                 expected.indexOf("body filter6d_preset_available standard b02 preset6d_custom");
         expected.removeAt(asked + 1);

@@ -2,7 +2,7 @@
 
 #include <clocale>
 
-/** What the filter dialog sends when its user changes something. */
+/** The lines that the filter dialog sends when its user changes a value. */
 class tst_FilterDialogEdit : public FilterDialogTest {
     Q_OBJECT
 
@@ -120,7 +120,7 @@ void tst_FilterDialogEdit::switchingOffAndOn()
         QVERIFY(!w.active->isChecked());
         QCOMPARE(host.lines(), QStringList({"body filter6d_enabled standard b01 no"}) + reread);
         QVERIFY(!host.state().bodyTypes["standard"].bodies[0].filterEnabled);
-        // The values stay readable while they cannot be changed.
+        // The values can be read while they cannot be changed.
         QCOMPARE(w.preset->currentText(), QString("Custom"));
         QCOMPARE(w.mode->currentText(), QString("Adaptive fast"));
         QVERIFY(!w.preset->isEnabled());
@@ -245,7 +245,7 @@ void tst_FilterDialogEdit::valueSetWithoutFocusIsSentAtTheEnd()
     TestHost host(smallState());
     visit(host, standard, 0, [&](const FilterWidgets &w) {
         w.body->setFocus(Qt::TabFocusReason);
-        // Assistive technology steps a box that does not have the keyboard.
+        // Assistive technology steps a box that does not have the focus.
         w.strength->stepUp();
         w.prediction->stepDown();
         QCOMPARE(host.writes(), QStringList());
@@ -273,7 +273,7 @@ void tst_FilterDialogEdit::enterPressesNoButton()
         auto *focused = Drive::find<QWidget>(w.dialog, qPrintable(widget));
         focused->setFocus(Qt::TabFocusReason);
         QTest::keyClick(focused, Qt::Key_Return);
-        // A help page would have taken over as the modal window.
+        // A help page would be the active modal window.
         QCOMPARE(QApplication::activeModalWidget(), w.dialog);
         QVERIFY(w.dialog->isVisible());
     });
@@ -291,7 +291,7 @@ void tst_FilterDialogEdit::endingWithoutAnEditSendsNothing()
             QTest::keyClick(box, Qt::Key_Tab);
             QVERIFY(!box->hasFocus());
         }
-        // The boxes show what a user could have sent.
+        // The boxes show values that a user could have sent.
         QCOMPARE(w.strength->text(), QString("0.42"));
         QCOMPARE(w.prediction->text(), QString("20"));
         QVERIFY(w.strength->isEnabled());
@@ -326,7 +326,7 @@ void tst_FilterDialogEdit::sameNumberTypedIsSentOnce()
     QFETCH(QString, command);
     QFETCH(bool, withEnter);
     ControllerState state = smallState();
-    // What is shown is rounded; the user who types it means the round number.
+    // The number shown is rounded, and a user who types it means the rounded number.
     standardBody(state, 0).filterStrength = 0.4172;
     standardBody(state, 0).filterPrediction = 0.0125;
     TestHost host(state);
@@ -471,7 +471,7 @@ void tst_FilterDialogEdit::clampedValues()
         Drive::choose(w.body, "standard body 02 (Rig)");
         Drive::choose(w.body, "standard body 01 (Cap)");
         QCOMPARE(edited->text(), clamped);
-        // What was read is what counts as known: the clamped value is not sent back.
+        // The value that was read back counts as known, so that the clamped value is not sent back.
         edited->setFocus(Qt::TabFocusReason);
         QTest::keyClick(edited, Qt::Key_Return);
     });
@@ -484,7 +484,7 @@ void tst_FilterDialogEdit::refusedValueStays()
     ControllerState state = smallState();
     TestHost host(state);
     visit(host, standard, 0, [&](const FilterWidgets &w) {
-        // Somebody else gave the body a preset that fixes its strength.
+        // Another client gives the body a preset that fixes its strength.
         host.edit([](ControllerState &changed) {
             standardBody(changed, 0).filterPreset = "preset6d_default";
         });

@@ -1,7 +1,6 @@
 #include "filterdialogtest.h"
 
-/** Failing queries and writes of the filter dialog: each leaves its line, and the dialog goes on.
- */
+/** Failing queries and writes of the filter dialog: each logs its line, and the dialog goes on. */
 class tst_FilterDialogFailures : public FilterDialogTest {
     Q_OBJECT
 
@@ -112,7 +111,7 @@ void tst_FilterDialogFailures::valueQuery_data()
     QTest::addColumn<QString>("protocol");
     QTest::addColumn<QString>("query");
     QTest::addColumn<QString>("line");
-    QTest::addColumn<QString>("shown"); // switch, preset, strength, prediction, mode
+    QTest::addColumn<QString>("shown"); // in the order switch, preset, strength, prediction, mode
     const QString presetOff = "on||0.42|20|Adaptive fast";
     const QString modeOff = "on|Custom|0.42|20|";
     for (const char *protocol : {"1.20", "1.24"}) {
@@ -225,7 +224,7 @@ void tst_FilterDialogFailures::failedWrite()
             Drive::choose(w.mode, "Adaptive slow");
         QTest::keyClick(w.body, Qt::Key_Tab);
         w.body->setFocus();
-        // The widget that was refused goes on showing what its user chose.
+        // The widget still shows the user's choice after the refusal.
         const QStringList shown = {w.active->isChecked() ? "on" : "off", w.preset->currentText(),
                                    w.strength->text(), w.prediction->text(), w.mode->currentText()};
         const QMap<QString, QString> expected = {{"enabled", "off|Custom|0.42|20|Adaptive fast"},
@@ -301,7 +300,7 @@ void tst_FilterDialogFailures::unreadableSensorCountsAsNone()
         QVERIFY(w.active->isVisible());
         QCOMPARE(entries(w.preset), QStringList({"Default", "Custom"}));
     });
-    // Asked once for the list and once for the check box.
+    // The query is sent once for the list and once for the check box.
     const QString line = "Error: Unable to get inertial sensor of body standard b02";
     QCOMPARE(host.log(), QStringList({line, line}));
 }

@@ -3,7 +3,7 @@
 #include <QPointer>
 #include <QTextBrowser>
 
-/** Widgets of the filter dialog: their texts, limits, and when each can be used. */
+/** The widgets of the filter dialog: their texts, their limits, and when each is enabled. */
 class tst_FilterDialogWindow : public FilterDialogTest {
     Q_OBJECT
 
@@ -213,7 +213,7 @@ void tst_FilterDialogWindow::iconOfTheParent()
     };
     host.mainWindow.setWindowIcon(plain(Qt::red));
     const FilterDialog dialog(&host.io, &host.mainWindow, &host.versions);
-    // A window without an icon of its own would show the new one.
+    // A window that has no icon would show the new one.
     host.mainWindow.setWindowIcon(plain(Qt::blue));
     QCOMPARE(dialog.windowIcon().pixmap(16).toImage().pixelColor(8, 8), QColor(Qt::red));
 }

@@ -16,9 +16,12 @@ private slots:
 private:
     static void addOpeners();
     struct Opener;
-    /** The row of addOpeners() that is being tested. */
+    /** The row of addOpeners() for the running test. */
     static Opener fetched();
-    /** Opens the filter of the opener's body, lets `user` act, answers what the row shows then. */
+    /**
+     * Opens the filter of the opener's body, calls `user`, and returns what the row shows
+     * afterwards.
+     */
     QString summaryAfter(TestHost &host, const Opener &opener,
                          const std::function<void(FilterWidgets)> &user);
 };
@@ -26,17 +29,19 @@ private:
 struct tst_FilterOpeners::Opener {
     QByteArray form;
     QByteArray table;
-    int column; ///< that shows the filter
+    int column; ///< the column that shows the filter
     int row;
-    QString body;   ///< as commands name it
-    QByteArray way; ///< "dialog" or "page" for their button, "cell" for the column
+    QString body;   ///< the body in the words of commands
+    QByteArray way; ///< "dialog" or "page" for the button there, "cell" for the column
 };
 
 namespace {
 
 const char *const buttonName = "pushButton_filter";
 
-/** Opens the filter as a user does. The dialog and its page have a button of the same name each. */
+/**
+ * Opens the filter as a user does. The dialog and its page each have a button with the same name.
+ */
 void openFilter(QWidget *window, QWidget *page, QTableWidget *bodies, const QByteArray &way,
                 int row, int column)
 {
@@ -145,7 +150,7 @@ void tst_FilterOpeners::wholeVisit()
                           "body filter6d_prediction " + opener.body + " 0.015000",
                           "body filter6d_mode " + opener.body + " reference_target"}));
     QCOMPARE(visit.removeDuplicates(), 0);
-    // The summary is read once by whoever shows it.
+    // The part that shows the summary reads it once.
     QCOMPARE(host.queries().count("body filter6d_enabled " + opener.body), 1);
     QCOMPARE(host.log(), QStringList());
 }

@@ -134,7 +134,7 @@ void tst_Fingertracking::availability()
     QCOMPARE(host.queries().contains(availableQuery), asked);
     QCOMPARE(host.queries().contains(QStringLiteral("body number_of_bodies fingertracking")),
              available);
-    // Asked when the page is made and when it is shown.
+    // The query is sent when the page is made and when it is shown.
     const QString line = QStringLiteral("Error: Unable to get availability of hands");
     QCOMPARE(host.log(),
              effect == QLatin1String("fail") ? QStringList({line, line}) : QStringList());
@@ -272,7 +272,7 @@ void tst_Fingertracking::movesTargetToOtherHand()
         QCOMPARE(Drive::column(hands(shown), Calibration),
                  (QStringList{"not calibrated", "Target Library"}));
         QCOMPARE(hands(shown)->currentRow(), 1);
-        // Its rule reads a column that has no text here.
+        // The rule of the button reads a column that has no text here.
         QVERIFY(!isEnabled(shown, "pushButton_deselect"));
     });
 }

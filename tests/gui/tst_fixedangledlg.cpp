@@ -160,7 +160,7 @@ void tst_fixedangledlg::tableLayout()
         QVERIFY(table->horizontalHeader()->stretchLastSection());
         QCOMPARE(table->horizontalHeader()->length(), table->viewport()->width());
         QVERIFY(table->columnWidth(Name) > table->viewport()->width() / 3);
-        // The table follows the dialog and leaves no column outside.
+        // The table adapts to the dialog, and all columns are visible.
         for (const QSize &size : {QSize(700, 500), QSize(480, 300)}) {
             shown->resize(size);
             Drive::settle();
@@ -264,7 +264,7 @@ void tst_fixedangledlg::typedAngle()
     QFETCH(QString, typed);
     QFETCH(QString, shown);
     QLocale::setDefault(locale);
-    // Not every machine has the C library's locale; where it is missing the call changes nothing.
+    // Some machines lack this locale of the C library; the call then changes nothing.
     const QByteArray before = std::setlocale(LC_NUMERIC, nullptr);
     const auto restore = qScopeGuard([&] { std::setlocale(LC_NUMERIC, before.constData()); });
     std::setlocale(LC_NUMERIC, (locale.name() + QStringLiteral(".UTF-8")).toLatin1().constData());
@@ -340,14 +340,14 @@ void tst_fixedangledlg::keysOfTheButtons()
             robot().expectDialog(QStringLiteral("HelpDialog"), [&](QWidget *page) {
                 ++helpPages;
                 QApplication::setActiveWindow(page);
-                // The text has the focus, so the arrow keys scroll at once.
+                // The text has the focus, so that the arrow keys scroll at once.
                 QVERIFY(qobject_cast<QTextBrowser *>(page->focusWidget()));
                 QTest::keyClick(page->focusWidget(), leaving);
                 QVERIFY(!page->isVisible());
             });
             const int before = helpPages;
             QTest::keyClick(shown, Qt::Key_H, Qt::AltModifier);
-            // A key holds a button down for a moment before it acts.
+            // A key holds a button down for a moment before the button acts.
             QTRY_COMPARE(helpPages, before + 1);
         }
         QTest::keyClick(tableOf(shown), Qt::Key_Return);
@@ -419,7 +419,7 @@ void tst_fixedangledlg::invalidData()
     open(&host, [=](QWidget *shown) {
         QTableWidget *table = tableOf(shown);
         {
-            // Past the check of the cells, which lets no such text stand.
+            // This bypasses the check of the cells, which refuses such a text.
             const QSignalBlocker unchecked(table);
             table->item(row, column)->setText(QStringLiteral("about five"));
         }
@@ -447,7 +447,7 @@ void tst_fixedangledlg::refusedWrite()
     });
     QCOMPARE(host.log(),
              QStringList{QStringLiteral("Error: Unable to set fixed angle of standard body")});
-    // The other rows were written all the same.
+    // The other rows were written nevertheless.
     QCOMPARE(host.writes().size(), 3);
     QVERIFY(host.state().bodyTypes[QStringLiteral("standard")].bodies[1].fixedAngles[0].enabled);
 }

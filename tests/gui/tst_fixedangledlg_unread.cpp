@@ -5,7 +5,7 @@
 
 #include <functional>
 
-/** What could not be read of the fixed angles is not written. */
+/** Fixed angles that could not be read are not written. */
 class tst_FixedAngleDlgUnread : public DialogTest {
     Q_OBJECT
 
@@ -21,7 +21,7 @@ private slots:
 private:
     enum Column { Id, Name, Rx, Ry, Rz };
 
-    /** Two bodies with angles that zeros would destroy. */
+    /** Two bodies whose angles must not be overwritten by zeros. */
     static ControllerState twoBodies()
     {
         ControllerState state = TestHost::scenario(QStringLiteral("studio"));
@@ -53,7 +53,7 @@ private:
         return result;
     }
 
-    /** The box about rows of which only a part is known. */
+    /** Expects the box about rows of which only a part is known. */
     void expectUnread(const QString &bodies)
     {
         robot().expectBox(QStringLiteral("Fixed Angle"),
@@ -124,7 +124,7 @@ void tst_FixedAngleDlgUnread::rowFilledWholeIsWritten()
     const int result = open(&host, [](QWidget *shown) {
         QTableWidget *table = tableOf(shown);
         Drive::typeIntoCell(table, 0, Rx, QStringLiteral("1.5"));
-        // Entering what is shown sets it, too.
+        // Entering the number that is already shown also sets the angle.
         Drive::typeIntoCell(table, 0, Ry, QStringLiteral("0.00"));
         Drive::typeIntoCell(table, 0, Rz, QStringLiteral("-3"));
         for (const int column : {Rx, Ry, Rz})

@@ -2,7 +2,7 @@
 
 #include <QComboBox>
 
-/** Where the targets that the cameras see stand in the table, and what stays selected. */
+/** The rows of the targets that the cameras see, and the selection. */
 class tst_FoundTargets : public AdministrationFixture {
     Q_OBJECT
 
@@ -16,9 +16,9 @@ private:
     {
         return table(shown, "tableWidget_targetlibrary");
     }
-    /** Ends a search at once, so that the page follows what the cameras see. */
+    /** Ends a search at once, so that the page shows what the cameras see. */
     void follow(QWidget *shown);
-    /** The cameras see these targets and no others, and the page follows. */
+    /** Lets the cameras see exactly these targets, and lets the page show it. */
     static void see(TestHost &host, QWidget *shown, const QStringList &shortNames);
     static QVector<int> spans(const QTableWidget *targets);
 };
@@ -41,7 +41,7 @@ void tst_FoundTargets::see(TestHost &host, QWidget *shown, const QStringList &sh
     QVERIFY(Drive::tick(shown, "timerCheckForTracked_tl"));
 }
 
-/** How many columns the cell of the short name takes in each row. */
+/** The number of columns that the cell of the short name spans in each row. */
 QVector<int> tst_FoundTargets::spans(const QTableWidget *targets)
 {
     QVector<int> columns;

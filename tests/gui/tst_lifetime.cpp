@@ -8,14 +8,14 @@
 
 namespace {
 
-/** What an operator does on a page, with the boxes that come before its first write. */
+/** An action of the operator on a page, with the boxes that open before its first write. */
 struct Action {
     const char *form;
     std::function<void(QWidget *page)> act;
     QVector<QPair<QString, QString>> boxes = {}; ///< title and text, each answered with Yes or OK
     QString lastBox = {};                        ///< text of an information after the last write
     std::function<void(ControllerState &)> prepare = {};
-    std::function<void(QWidget *page)> setUp = {}; ///< what comes before it
+    std::function<void(QWidget *page)> setUp = {}; ///< preparation of the action
     bool leavesSearch = false; ///< a search has to be stopped before the dialog closes
 };
 
@@ -29,7 +29,7 @@ void pickTarget(QWidget *page, const QString &category, int row)
 
 Q_DECLARE_METATYPE(Action)
 
-/** The dialog's life in a host that shuts down, deletes, and re-enters at any moment. */
+/** The dialog in a host that shuts down, deletes it, or calls it again at any moment. */
 class tst_Lifetime : public AdministrationFixture {
     Q_OBJECT
 
@@ -220,7 +220,7 @@ void tst_Lifetime::addActions()
     QTest::newRow("another configuration")
             << Action{standardPage,
                       [](QWidget *page) {
-                          // The message comes from the fixture; here the refresh is delivered.
+                          // The fixture sends the message; here the refresh is delivered.
                           page->setProperty("configurationChanged", true);
                       },
                       {},
@@ -285,7 +285,7 @@ void tst_Lifetime::deletedInsideEachWrite()
                         sent = host.lines();
                         host.io.clearTranscript();
                     });
-            // Its only write is the first one: nothing is deleted before the box any more.
+            // Its only write is the first one, and no box opens after a deletion.
             if (write == 1 && !action.lastBox.isEmpty())
                 robot().expectBox(boxTitle, action.lastBox, Box::Ok);
         });
@@ -369,7 +369,7 @@ void tst_Lifetime::changeWhileReadingIsReadOnceAfterwards()
 
 void tst_Lifetime::bodiesDroppedWhileReading()
 {
-    // Custom cells, fillers and readers look their row up again.
+    // Custom cells, fillers and readers find their row again.
     for (const QByteArray line : {"inertial sensor_model_desc vendorone mini", "inertial warmup",
                                   "body active standard b06", "standard max_number_of_bodies",
                                   "inertial sensor_handeye vendorone mini 'A7'"}) {

@@ -5,7 +5,9 @@
 #include <QFileInfo>
 #include <QTranslator>
 
-/** The message log reads the same in every language: support searches it for the lines. */
+/**
+ * The message log is the same in every language, because the support searches it for known lines.
+ */
 class tst_LogLines : public AdministrationFixture {
     Q_OBJECT
 
@@ -14,7 +16,7 @@ private slots:
     void sameLinesInEveryLanguage();
 
 private:
-    /** What an operator's walk through all dialogs leaves in the log while `rule` holds. */
+    /** The log lines of a walk through all dialogs while `rule` is in force. */
     QStringList play(const QString &rule);
     void playBodyAdministration(TestHost *host);
     void playTrackingSettings(TestHost *host);

@@ -13,7 +13,7 @@
 #include <QDoubleSpinBox>
 #include <QSizeGrip>
 
-/** What the line at the bottom of each dialog says, and when. */
+/** The text of the line at the bottom of each dialog, and when it is shown. */
 class tst_MessageLine : public AdministrationFixture {
     Q_OBJECT
 
@@ -151,7 +151,7 @@ void tst_MessageLine::vanishesWithTheNextActionThatSucceeds()
         QTableWidget *bodies = table(page, "tableWidget_standard");
         Drive::typeIntoCell(bodies, 0, NameColumn, "Visor");
         QVERIFY(line(page->window())->isVisible());
-        // Looking around is no action.
+        // A change of the current body does not count as an action.
         Drive::clickCell(bodies, 1, 0);
         QVERIFY(line(page->window())->isVisible());
         Drive::typeIntoCell(bodies, 0, NameColumn, "Visor");

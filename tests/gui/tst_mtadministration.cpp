@@ -182,7 +182,7 @@ void tst_MtAdministration::isUnavailable()
     });
     QCOMPARE(host.queries().contains(QStringLiteral("measurementtool available")), asked);
     QCOMPARE(host.queries().filter(QRegularExpression("^body .* measurementtool")), QStringList());
-    // Asked when the page is made and when it is shown.
+    // The query is sent when the page is made and when it is shown.
     const QString line = QStringLiteral("Error: Unable to get availability of measurement tools");
     QCOMPARE(host.log(),
              fault.endsWith(QLatin1String("fail")) ? QStringList({line, line}) : QStringList());
@@ -204,7 +204,7 @@ void tst_MtAdministration::becomesAvailableLater()
         QVERIFY(isVisible(shown, "tableWidget_mt"));
         QCOMPARE(label(shown, "label_error"), QString());
         QCOMPARE(tools(shown)->rowCount(), 2);
-        // Once there, the tools are not asked for again.
+        // The availability is not queried again when the tools are available.
         host.clear();
         goTo(window, standardPage);
         goTo(window, toolsPage);
@@ -445,7 +445,7 @@ void tst_MtAdministration::deletingReferenceFails()
         Drive::clickCell(references(shown), 0, RefDelete);
         QCOMPARE(changes(host), clearFirst.mid(0, sent));
         QCOMPARE(host.log(), QStringList{line});
-        // What the controller holds now is shown.
+        // The page shows the controller's present state.
         const BodyState &now =
                 host.state().bodyTypes[QStringLiteral("measurementtool_reference")].bodies[0];
         QCOMPARE(Drive::cell(references(shown), 0, RefName), now.description);

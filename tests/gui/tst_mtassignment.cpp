@@ -8,7 +8,7 @@ constexpr int idColumn = 0;
 
 } // namespace
 
-/** What an operator assigns on the page of the measurement tools, and what stays selected. */
+/** Assignments on the page of the measurement tools, and the selection afterwards. */
 class tst_MtAssignment : public AdministrationFixture {
     Q_OBJECT
 
@@ -69,7 +69,7 @@ void tst_MtAssignment::assignsTarget()
     QFETCH(QStringList, written);
     TestHost host;
     openAt(host, toolsPage, [&](QWidget *shown) {
-        // The current tool has no part in it.
+        // The current tool does not matter here.
         Drive::clickCell(tools(shown), 0, idColumn);
         Drive::clickCell(references(shown), 1, idColumn);
         pickTarget(shown, target);
@@ -130,7 +130,7 @@ void tst_MtAssignment::takesTargetFromStandardBody()
         const QStringList asked = host.queries();
         QVERIFY(asked.indexOf("standard number_of_bodies")
                 < asked.indexOf("body targetlib_name standard b01"));
-        // The first match ends the walk.
+        // The search for a holder ends at the first match.
         QVERIFY(asked.contains("body targetlib_name standard b06"));
         QVERIFY(!asked.contains("body targetlib_name standard b07"));
     });
@@ -161,7 +161,7 @@ void tst_MtAssignment::unreadableHolderIsLogged()
         host.clear();
         Drive::click(shown, "pushButton_select");
         QCOMPARE(host.log(), QStringList(line));
-        // What nobody is known to hold is assigned all the same.
+        // A target without a known holder is assigned nevertheless.
         QCOMPARE(changes(host).size(), 1);
     });
 }

@@ -8,9 +8,9 @@
 #include <QRegularExpression>
 
 /**
- * Every difference that the controller's protocol makes to the body administration and the filter
- * dialog, at the last version without it and at the first version with it. Those of the names and
- * of the fixed angles are tested with their dialogs.
+ * Every difference in the body administration and the filter dialog that depends on the
+ * controller's protocol: at the last version without it and at the first version with it. The
+ * dialogs for names and fixed angles have such tests of their own.
  */
 class tst_ProtocolGates : public AdministrationFixture {
     Q_OBJECT
@@ -20,14 +20,17 @@ private slots:
     void gates();
 
 private:
-    /** What is seen when it is done: lines sent or logged, or texts shown. */
+    /**
+     * Carries the action out and returns what can be seen of it: lines sent or logged, or texts
+     * shown.
+     */
     using Act = QStringList (tst_ProtocolGates::*)(TestHost &);
     struct Gate {
         const char *name;
         const char *last;  ///< protocol without it
         const char *first; ///< protocol with it
         Act act;
-        const char *pattern; ///< which of what is seen it is about
+        const char *pattern; ///< selects the lines or texts that matter
         QStringList without;
         QStringList with;
     };
@@ -55,7 +58,7 @@ private:
     QStringList chooseOtherBodyInFilter(TestHost &host);
 
     QStringList linesOf(TestHost &host, const Acts &acts);
-    /** Opens the filter of a body, of all bodies with -1. */
+    /** Opens the filter of a body, or of all bodies for -1. */
     QStringList visitFilter(TestHost &host, int index, const std::function<void(QWidget *)> &user);
 };
 
@@ -116,7 +119,7 @@ QStringList tst_ProtocolGates::switchOn(TestHost &host)
 QStringList tst_ProtocolGates::rename(TestHost &host)
 {
     return linesOf(host, [](QWidget *, QTableWidget *bodies) {
-        // Below the gate the cell opens no editor.
+        // Below the required version the cell opens no editor.
         if (bodies->item(0, NameColumn)->flags().testFlag(Qt::ItemIsEditable))
             Drive::typeIntoCell(bodies, 0, NameColumn, QStringLiteral("Helmet two"));
         else
@@ -216,7 +219,7 @@ QStringList tst_ProtocolGates::openFilter(TestHost &host)
 
 QStringList tst_ProtocolGates::chooseOtherBodyInFilter(TestHost &host)
 {
-    // Only a controller that changes under the open dialog can be as old as this.
+    // Such an old controller is possible only when it changes while the dialog is open.
     const VersionInfo protocol = host.versions.prot;
     host.versions.prot = VersionInfo(1, 24, 0);
     host.edit([](ControllerState &state) { state.protocol = QStringLiteral("1.24"); });

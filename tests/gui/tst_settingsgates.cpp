@@ -3,7 +3,10 @@
 
 #include <QRadioButton>
 
-/** The protocol gates of the settings dialogs: the version below each, and the version itself. */
+/**
+ * The protocol versions that the settings dialogs require: the version below each, and the version
+ * itself.
+ */
 class tst_SettingsGates : public TrackingFixture {
     Q_OBJECT
 

@@ -9,7 +9,7 @@
 
 #include <cmath>
 
-/** The settings dialogs can be read: at large fonts, in a dark palette, with any name. */
+/** The settings dialogs are readable with large fonts, in a dark palette, and with any name. */
 class tst_SettingsLook : public FilterDialogTest {
     Q_OBJECT
 
@@ -31,7 +31,7 @@ private:
         robot().verify();
     }
 
-    /** Relative luminance of a colour, as contrast is computed from it. */
+    /** Relative luminance of a colour, from which the contrast is computed. */
     static double luminance(const QColor &color)
     {
         const auto linear = [](double part) {
@@ -48,7 +48,7 @@ private:
         return (qMax(a, b) + 0.05) / (qMin(a, b) + 0.05);
     }
 
-    /** What a delegate makes of a cell before it paints it. */
+    /** Shows the options of a cell as a delegate sets them before painting. */
     class CellStyle : public QStyledItemDelegate {
     public:
         using QStyledItemDelegate::initStyleOption;
@@ -83,7 +83,7 @@ void tst_SettingsLook::anglesStayOnOneLine()
                      qPrintable(QString::number(column)));
         }
         QVERIFY(table->horizontalHeader()->length() <= table->viewport()->width());
-        // Even a narrow dialog keeps the numbers whole.
+        // Even a narrow dialog shows complete numbers.
         shown->resize(shown->minimumSizeHint());
         Drive::settle();
         QVERIFY(table->columnWidth(3) >= view->sizeHintForColumn(3));
@@ -134,7 +134,7 @@ void tst_SettingsLook::longNameLeavesTheFilterDialogNarrow()
         QVERIFY2(w.dialog->width() <= 480, qPrintable(QString::number(w.dialog->width())));
         QVERIFY(w.dialog->minimumSizeHint().width() <= 480);
         QVERIFY(w.body->currentText().contains(name));
-        // What is cut can be read in the tool tip.
+        // The tool tip shows a name that the box cuts.
         QVERIFY(w.body->toolTip().contains(name));
     });
 }

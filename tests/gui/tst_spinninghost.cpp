@@ -63,7 +63,7 @@ private:
         return qobject_cast<BodySettingsDlg *>(dialog)->update_and_exec();
     }
 
-    /** Changes something where an OK without a change writes nothing. */
+    /** Changes a value in dialogs whose OK writes nothing without a change. */
     static void touch(QWidget *shown)
     {
         if (auto *markers = shown->findChild<QCheckBox *>("checkBox_force3d"))
@@ -163,7 +163,7 @@ void tst_SpinningHost::deletedWhileWriting()
     });
     run(settings.get());
     QVERIFY(!settings);
-    // Nothing leaves for the controller once the dialog is gone.
+    // Nothing is sent to the controller after the dialog was deleted.
     QVERIFY(host.lines().last().startsWith(line));
 }
 
@@ -226,7 +226,7 @@ void tst_SpinningHost::filterDialogDeletedWhileClosing()
     robot().expectDialog("FilterDialog", [&](QWidget *shown) {
         const FilterWidgets w(shown);
         inside(&host, line, [&] { dialog.reset(); });
-        // Two edits that are still open are sent by closing; the second one comes too late.
+        // Closing sends two unfinished edits; the second one comes too late.
         w.prediction->stepUp();
         type(w.strength, "0.67");
         w.dialog->close();

@@ -19,7 +19,7 @@ void announceConfiguration(TestHost &host)
 
 } // namespace
 
-/** What is particular to the page of the standard bodies. */
+/** The special features of the page of the standard bodies. */
 class tst_StandardAdministration : public AdministrationFixture {
     Q_OBJECT
 
@@ -343,7 +343,7 @@ void tst_StandardAdministration::listsCategories()
         QStringList names;
         for (int i = 0; i < categories->count(); ++i)
             names.append(categories->itemText(i));
-        // Capital letters first; no group of another type's targets.
+        // Capital letters come first, and groups with targets of other types are missing.
         QCOMPARE(names, (QStringList{foundTargets, "", "Cross Target", "Glasses Target",
                                      "HMD Target", "aerials"}));
     });

@@ -7,11 +7,11 @@
 
 namespace {
 
-/** One page of the dialog and the two of its targets that this suite works with. */
+/** A page of the dialog and two of its targets. */
 struct SearchPage {
     QByteArray form;
     QByteArray bodyTable;
-    QString type; ///< type word of the bodies that hold the targets
+    QString type; ///< type word of the bodies that can hold the targets
     QStringList targets;
     bool hasCategories = false;
     QList<QByteArray> searchControls; ///< disabled while a search runs
@@ -49,7 +49,10 @@ QVector<SearchPage> searchPages()
              {"spinBox_mtref", "comboBox_filter"}}};
 }
 
-/** Each page's targets are assigned, these are in the volume; a search takes four polls. */
+/**
+ * A state in which each page's targets are assigned, these targets are in the volume, and a search
+ * takes four polls.
+ */
 ControllerState searchState(const QStringList &inVolume)
 {
     ControllerState state = TestHost::scenario(QStringLiteral("studio"));
@@ -72,7 +75,7 @@ ControllerState searchState(const QStringList &inVolume)
 
 Q_DECLARE_METATYPE(SearchPage)
 
-/** The search for library targets, the same on each page. */
+/** The search for library targets, which is the same on each page. */
 class tst_TargetSearch : public AdministrationFixture {
     Q_OBJECT
 
@@ -112,7 +115,7 @@ private:
     static QString result(QWidget *shown) { return label(shown, "label_targetlibrary"); }
     static void compareButtons(QWidget *shown, bool start, bool stop);
     static void compareControls(QWidget *shown, bool enabled);
-    /** The heading above the found targets is no target. */
+    /** Checks that the heading above the found targets is not a target. */
     static void compareHeading(QWidget *shown);
 };
 
@@ -215,7 +218,7 @@ void tst_TargetSearch::endsByItself()
         QCOMPARE(names.contains(current().targets.at(1)), !current().hasCategories);
         host.clear();
         robot().expectBox(boxTitle, twoFound, Box::Ok, [&] {
-            // The box with the result comes before the page is ready for the next search.
+            // The box with the result opens before the page is ready for the next search.
             QCOMPARE(bar(shown), 100);
             QCOMPARE(result(shown), QString());
             QVERIFY(!isEnabled(shown, "pushButton_start"));
@@ -262,7 +265,7 @@ void tst_TargetSearch::endsWithBoxAndRefreshes()
         Drive::click(shown, "pushButton_start");
         robot().expectBox(boxTitle, text, Box::Ok);
         QVERIFY(poll(shown));
-        // Between searches the page follows what the cameras see.
+        // Between searches the page shows what the cameras see.
         host.edit([](ControllerState &changed) {
             for (TargetState &target : changed.targets)
                 target.tracked = false;
@@ -515,7 +518,7 @@ void tst_TargetSearch::goesOnBehindOtherPage()
         QVERIFY(poll(shown));
         QCOMPARE(bar(shown), 50);
         goTo(window, current().form);
-        // Coming back to the page leaves its search alone.
+        // A return to the page does not affect its search.
         compareButtons(shown, false, true);
         compareControls(shown, false);
         QCOMPARE(bar(shown), 50);

@@ -8,7 +8,7 @@
 
 namespace {
 
-/** A page that shows which target row it remembers. */
+/** A page that gives access to the target row that it remembers. */
 class RememberingPage : public StandardAdministration {
 public:
     using StandardAdministration::selectedRowTl;

@@ -133,7 +133,7 @@ void tst_trackingdlg::form()
         QCOMPARE(names.join(QLatin1Char(' ')), QStringLiteral("x -x y -y z -z"));
         QCOMPARE(Drive::find<QLabel>(shown, "label_setAxis5dof")->buddy(), axis);
         QVERIFY(!isVisible(shown, "frame_trackingPulse"));
-        // The mnemonic of the label leads to its buddy.
+        // The access key of the label gives its buddy the focus.
         mnemonic(shown, Qt::Key_5);
         QCOMPARE(shown->focusWidget(), axis);
         Drive::click(shown, "pushButton_cancel");
@@ -196,7 +196,7 @@ void tst_trackingdlg::okWritesAllThree()
 
 void tst_trackingdlg::okBelowTheGates()
 {
-    // Without an axis of the controller nothing is selected, so that no axis is written.
+    // When the controller answers no axis, none is selected, so that none is written.
     TestHost host(twoBodies(QStringLiteral("0.13")));
     TrackingDlg dialog(&host.io, &host.mainWindow, &host.versions, moduleVersion);
     open(&dialog, [](QWidget *shown) {
@@ -261,7 +261,7 @@ void tst_trackingdlg::locked()
         Drive::click(shown, "pushButton_cancel");
     });
     QCOMPARE(host.writes(), QStringList());
-    // The lock is asked at every opening.
+    // The lock is queried at every opening.
     host.edit([](ControllerState &changed) { changed.configChangeable = true; });
     open(&dialog, [&](QWidget *shown) {
         for (const char *name : editing)
@@ -311,7 +311,7 @@ void tst_trackingdlg::advancedFollowsTheThirdFlag()
         QVERIFY(isEnabled(shown, "pushButton_advanced"));
         Drive::click(shown, "pushButton_cancel");
     });
-    // All bodies are read, also after the answer is clear.
+    // All bodies are read, even when the answer is already known.
     QVERIFY(host.queries().contains(QStringLiteral("standard fixed_angle b02")));
 }
 
@@ -444,7 +444,7 @@ void tst_trackingdlg::failedQuery()
         Drive::click(shown, "pushButton_ok");
     });
     QCOMPARE(host.log(), log);
-    // The axis is the last thing read: whatever failed, reading went on.
+    // The axis is read last, so that reading went on after every failure.
     QCOMPARE(host.queries().last(), QStringLiteral("tracking axis_5dof_central"));
     QCOMPARE(host.writes(), QStringList());
 }

@@ -2,7 +2,7 @@
 
 #include <QComboBox>
 
-/** What could not be read of the single-marker settings is not written unless the user sets it. */
+/** Single-marker settings that could not be read are not written unless the user sets them. */
 class tst_TrackingDlgUnread : public TrackingFixture {
     Q_OBJECT
 
@@ -40,7 +40,7 @@ private:
 void tst_TrackingDlgUnread::okSendsOnlyWhatIsKnown_data()
 {
     QTest::addColumn<QString>("rule");
-    QTest::addColumn<bool>("touchesMarker"); // the restart otherwise
+    QTest::addColumn<bool>("touchesMarker"); // false: touches the restart
     QTest::addColumn<QStringList>("writes");
     const QString axisLine = axis + " 0.000 0.000 1.000";
     for (const char *effect : {"fail", "empty", "garbled", "answer \"maybe\""}) {
@@ -161,7 +161,7 @@ void tst_TrackingDlgUnread::garbledAxisIsNotReplacedByAnEarlierOne()
     host.fault("get " + axis + " answer \"up\"");
     host.clear();
     open(&dialog, [](QWidget *shown) {
-        // The list keeps what it showed; it is not the controller's axis.
+        // The list keeps its entry, which is not the controller's axis.
         QCOMPARE(Drive::find<QComboBox>(shown, "comboBox_5dofAxis")->currentText(), QString("z"));
         toggle(shown, "checkBox_force3d");
         Drive::click(shown, "pushButton_ok");

@@ -4,7 +4,7 @@
 #include <QDoubleSpinBox>
 #include <QRadioButton>
 
-/** The tracking frequency: hidden from the user, worked here through the dialog's operations. */
+/** The tracking frequency, which is hidden from the user; the tests call the dialog's functions. */
 class tst_trackingdlgpulse : public TrackingFixture {
     Q_OBJECT
 
@@ -235,7 +235,7 @@ void tst_trackingdlgpulse::blankNamesAreNone()
     TrackingDlg dialog(&host.io, &host.mainWindow, &host.versions, moduleVersion);
     dialog.update_comboBox_inertialSensor();
     QCOMPARE(Drive::find<QComboBox>(&dialog, "comboBox_inertialSensor")->count(), 0);
-    // Nothing is asked about a sensor without a name, or without a body.
+    // There is no query for a sensor without a name or without a body.
     QCOMPARE(host.queries().last(), query);
     QCOMPARE(host.log(), QStringList());
 }

@@ -32,7 +32,7 @@ bool isWaitCursorShown()
 
 } // namespace
 
-/** What the operator sees of a controller that answers slowly. */
+/** What the operator sees when the controller answers slowly. */
 class tst_Waiting : public AdministrationFixture {
     Q_OBJECT
 
@@ -51,7 +51,7 @@ private slots:
     void sendsNothingItself();
 
 private:
-    /** The clock of all waiting is the virtual one of `host`. */
+    /** Makes the virtual time of `host` the clock of every Waiting. */
     static void useClockOf(TestHost &host)
     {
         Waiting::setClock([&host] { return host.io.virtualTime(); });
@@ -147,7 +147,7 @@ void tst_Waiting::drawsTheCountFourTimesASecondAtMost()
         goTo(page->window(), standardPage);
         const int texts = QSet<QString>(drawn.texts().begin(), drawn.texts().end()).size();
         QVERIFY(texts >= 5);
-        // One more for the text without a count, one for the last count, which is always shown.
+        // One more text has no count, and one more has the last count, which is always shown.
         QVERIFY2(texts <= (host.io.virtualTime() - startMs) / 250 + 2,
                  qPrintable(QString::number(texts)));
         QVERIFY(drawn.texts().contains(QStringLiteral("Reading bodies ..., 50 of 50")));
@@ -206,7 +206,7 @@ void tst_Waiting::showsNothingWhileAQuestionIsOpen()
     robot().expectBox(QStringLiteral("MORVEK3"), QStringLiteral("Continue?"), QMessageBox::Yes,
                       [&] {
                           QVERIFY(!QGuiApplication::overrideCursor());
-                          // A timer asks behind the question.
+                          // A timer queries the controller while the question is open.
                           host.io.advance(1000);
                           link.text("tracking reference");
                           QVERIFY(!QGuiApplication::overrideCursor());

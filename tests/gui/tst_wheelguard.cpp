@@ -3,7 +3,7 @@
 
 #include <QWheelEvent>
 
-/** The wheel above a box that has no focus changes nothing, in every settings dialog. */
+/** Turning the wheel above a box without the focus changes nothing, in every settings dialog. */
 class tst_WheelGuard : public FilterDialogTest {
     Q_OBJECT
 
@@ -15,7 +15,7 @@ private slots:
     void wheelReachesTheAreaAround();
 
 private:
-    /** As the window system does it, which may give the box the focus. */
+    /** Turns the wheel as the window system does, which may give the box the focus. */
     static void turnWheel(QWidget *box)
     {
         const QPointF point = box->rect().center();

@@ -3,7 +3,7 @@
 #include <QAbstractItemView>
 #include <QProxyStyle>
 
-/** Counts the size hints that item views ask for; each is a layout of a text. */
+/** Counts the size hints for which item views ask; each is a layout of a text. */
 class CountingStyle : public QProxyStyle {
 public:
     QSize sizeFromContents(ContentsType type, const QStyleOption *option, const QSize &size,
@@ -19,7 +19,7 @@ public:
 
 namespace {
 
-/** Notes which widgets of a window are drawn. */
+/** Records which widgets of a window are drawn. */
 class DrawnWidgets : public QObject {
 public:
     explicit DrawnWidgets(QWidget *window)
@@ -29,7 +29,7 @@ public:
         window->installEventFilter(this);
     }
 
-    /** Names of the drawn widgets but of the tables' contents. */
+    /** Names of the drawn widgets except the tables' contents. */
     QStringList besideTables;
     int tableContents = 0;
 
@@ -59,7 +59,7 @@ ControllerState manyBodies()
     });
 }
 
-/** A search of which each second poll reads another percentage; two targets are seen. */
+/** A search in which every second poll reads another percentage; two targets are seen. */
 ControllerState slowSearch(const QString &inVolume, const QString &alsoInVolume)
 {
     return studio([&](ControllerState &state) {
@@ -72,7 +72,7 @@ ControllerState slowSearch(const QString &inVolume, const QString &alsoInVolume)
 
 } // namespace
 
-/** What is done although nothing differs: sizes asked, widgets drawn, things queried twice. */
+/** Work without a difference: size hints, drawn widgets, repeated queries. */
 class tst_WorkCount : public AdministrationFixture {
     Q_OBJECT
 
@@ -94,7 +94,7 @@ private:
         host.io.send_message("BodyAdministrationModule", "AnyModule", 1, "reopen");
         settle();
     }
-    /** What a change posts, and what that posts again. */
+    /** Handles the events that a change posts, and those that these post. */
     static void settle()
     {
         for (int i = 0; i < 3; ++i)
@@ -123,7 +123,7 @@ void tst_WorkCount::unchangedRefreshMeasuresAndDrawsNothing()
         QCOMPARE(m_style->sizeHints, 0);
         QCOMPARE(drawn.besideTables, QStringList());
         QCOMPARE(drawn.tableContents, 0);
-        // So that the counters can count.
+        // This lets the counters count something.
         host.edit([](ControllerState &state) {
             state.bodyTypes[QStringLiteral("standard")].bodies.removeLast();
         });

@@ -10,7 +10,7 @@
 
 PluginHost::PluginHost() : loader(QStringLiteral(TRACKING_PLUGIN_FILE))
 {
-    // Qt would keep the library mapped; a host may really unload it.
+    // Otherwise Qt would keep the library mapped; a host may really unload it.
     loader.setLoadHints(QLibrary::LoadHints());
     qputenv("HOME", home.path().toLocal8Bit());
     Scenario scenario;

@@ -14,28 +14,32 @@
 #include <memory>
 
 /**
- * A host that knows nothing of the module but its plug-in file and the host interface. The
- * simulated controller is the studio scenario's, with protocol 1.24.
+ * A host that uses only the module's plug-in file and the host interface. The simulated controller
+ * is that of the scenario studio, with protocol 1.24.
  */
 class PluginHost {
 public:
     PluginHost();
-    /** Shuts the module down in the order a host has to keep. */
+    /** Shuts the module down in the order that hosts have to keep. */
     ~PluginHost();
 
-    /** The module of the loaded plug-in; null when there is none or its interface is another. */
+    /** The module of the loaded plug-in; null when there is none or its interface differs. */
     ModuleInterface *module();
-    /** Passes all four parameters and asks for the menu entries. */
+    /** Passes all four parameters and returns the menu entries. */
     QList<_GuiElement *> start();
-    /** Runs the shut-down order and unloads; false when the library stays loaded. */
+    /** Shuts the module down in order and unloads it; false when the library remains loaded. */
     bool shutDown();
-    /** Triggers a menu entry and, once its dialog is shown, notes its title and closes it by key.
+    /**
+     * Triggers a menu entry, and when its dialog is shown, stores its title and closes it by key.
      */
     QString openAndClose(_GuiElement *element);
-    /** Triggers a menu entry, has its dialog used once it is shown, and closes it by key. */
+    /**
+     * Triggers a menu entry, calls `dialogUser` when its dialog is shown, and closes the dialog by
+     * key.
+     */
     void use(_GuiElement *element, const std::function<void(QWidget *)> &dialogUser);
 
-    QTemporaryDir home; ///< what $HOME names, so that no preferences of the user are touched
+    QTemporaryDir home; ///< the value of $HOME, so that no preferences of the user are touched
     QWidget mainWindow;
     std::unique_ptr<SimulatedController> controller;
     std::unique_ptr<SimulatedIOManager> io;

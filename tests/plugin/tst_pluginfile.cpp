@@ -8,7 +8,7 @@
 
 namespace {
 
-/** File name and size in pixels of everything at the root of the module's resources. */
+/** File name and size in pixels of every picture at the root of the module's resources. */
 const QMap<QString, QSize> pictures = {
         {QStringLiteral("19.png"), {64, 64}},
         {QStringLiteral("24.png"), {64, 64}},
@@ -28,7 +28,7 @@ QStringList rootFiles()
 
 } // namespace
 
-/** The plug-in as a file: what it exports and what pictures it brings along. */
+/** The plug-in as a file: its exported functions and its pictures. */
 class tst_pluginfile : public QObject {
     Q_OBJECT
 
@@ -54,7 +54,7 @@ void tst_pluginfile::exportsNothingButThePluginFunctions()
     for (const QString &line : lines)
         names << line.section(' ', -1);
     names.sort();
-    // Qt 6 adds "_v2" to the second.
+    // Qt 6 adds "_v2" to the second name.
     names.replaceInStrings(QRegularExpression(QStringLiteral("_v[0-9]+$")), QString());
     QCOMPARE(names, QStringList({QStringLiteral("qt_plugin_instance"),
                                  QStringLiteral("qt_plugin_query_metadata")}));
@@ -120,7 +120,8 @@ void tst_pluginfile::picturesShowSomething()
     QVERIFY(loader.load());
     const QImage image(QStringLiteral(":/") + file);
     QVERIFY(!image.isNull());
-    // The corner is clear, so that the icon sits on any background; the middle shows the meaning.
+    // The corner is transparent, so that the icon fits any background; the middle shows the
+    // meaning.
     QCOMPARE(image.pixelColor(0, 0).alpha(), 0);
     const QColor middle = image.pixelColor(image.width() / 2, image.height() / 2);
     QCOMPARE(middle.alpha(), 255);

@@ -28,7 +28,7 @@ QStringList marks(const QString &text)
 
 } // namespace
 
-/** The German texts: complete, well formed, and shown once a host has installed them. */
+/** The German texts: complete, well formed, and shown when a host has installed them. */
 class tst_translations : public QObject {
     Q_OBJECT
 

@@ -44,8 +44,8 @@ void makeOtherHost(const QString &folder)
 } // namespace
 
 /**
- * The plug-in built for other hosts, in one build folder that is configured again for each. Only
- * the root object is compiled; the rest is linked from the build that this test belongs to.
+ * Builds the plug-in for other hosts, in one build folder that is configured again for each. Only
+ * the root object is compiled; the rest is linked from the build of this test.
  */
 class tst_vendorprefix : public QObject {
     Q_OBJECT
@@ -151,7 +151,7 @@ void tst_vendorprefix::mistakeEndsTheConfigurationWithASentence()
 
     QByteArray output;
     QVERIFY(!configure({QStringLiteral("-D") + setting}, &output));
-    // CMake breaks the lines of its messages.
+    // CMake wraps the lines of its messages.
     QVERIFY2(output.simplified().contains(sentence), output.constData());
     QByteArray repaired;
     QVERIFY2(configure({QStringLiteral("-DHOST_VENDOR_PREFIX=org.example"),

@@ -2,5 +2,5 @@
 
 #include <QString>
 
-/** The type of the standard bodies, as commands spell it. */
+/** The type of the standard bodies in the word that commands use. */
 inline const QString standard = QStringLiteral("standard");

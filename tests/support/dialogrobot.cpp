@@ -20,7 +20,7 @@ QString textOf(const QMessageBox *box)
                    : box->text() + QLatin1Char('\n') + box->informativeText();
 }
 
-/** Whether Enter in front of a question declines it, as it must when it was meant for a field. */
+/** True when Enter declines the question, because Enter may be meant for a field. */
 bool declinesByDefault(const QMessageBox *box)
 {
     const QMessageBox::StandardButton preset = box->standardButton(box->defaultButton());
@@ -37,7 +37,7 @@ QString DialogRobot::Expectation::described() const
 
 DialogRobot::DialogRobot(QObject *parent) : QObject(parent)
 {
-    // Only ends a test that hangs; nothing waits for it.
+    // This only ends a test that hangs; no test waits for it.
     constexpr int patienceMs = 60000;
     m_watchdog.setInterval(patienceMs);
     m_watchdog.setSingleShot(true);
@@ -85,7 +85,8 @@ bool DialogRobot::eventFilter(QObject *watched, QEvent *event)
         auto *dialog = qobject_cast<QDialog *>(watched);
         if (dialog && dialog->isModal()) {
             m_watchdog.start();
-            // Queued, so that it is served by the loop that exec() starts after showing it.
+            // Queued, so that the event loop of exec() delivers the call after it has shown the
+            // window.
             const QPointer<QDialog> window(dialog);
             QMetaObject::invokeMethod(
                     this,

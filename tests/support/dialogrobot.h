@@ -13,9 +13,9 @@
 class QDialog;
 
 /**
- * Plays the user in front of modal windows. Expectations are served in the order in which they were
- * added. A message box that is not expected is closed and fails the test; one that never comes
- * fails it in verify(). A question whose default button accepts it fails the test, too.
+ * Acts as the user of modal windows. Expectations apply in the order in which they were added. A
+ * message box that is not expected is closed and fails the test. An expected box that does not open
+ * fails the test in verify(). A question whose default button accepts it fails the test, too.
  */
 class DialogRobot : public QObject {
     Q_OBJECT
@@ -24,22 +24,24 @@ public:
     explicit DialogRobot(QObject *parent = nullptr);
     ~DialogRobot() override;
 
-    /** The next box has this title and text (text, then informative text after a newline if any).
+    /**
+     * Expects that the next box has this title and text; an informative text follows the text after
+     * a newline.
      */
     void expectBox(const QString &title, const QString &text, QMessageBox::StandardButton answer);
-    /** The next box as above; `meanwhile` runs while it is shown, before it is answered. */
+    /** The same; `meanwhile` runs while the box is shown, before it is answered. */
     void expectBox(const QString &title, const QString &text, QMessageBox::StandardButton answer,
                    std::function<void()> meanwhile);
     /**
-     * The next modal window that is no message box has this class name or object name; `drive` is
-     * run with it once it is shown. When `drive` returns with the window still open, the window is
-     * closed with Escape.
+     * Expects that the next modal window other than a message box has this class name or object
+     * name. `drive` is called with the window when it is shown. If the window is still open after
+     * `drive`, it is closed with Escape.
      */
     void expectDialog(const QString &name, std::function<void(QWidget *)> drive);
 
     /** Title and text of every box so far, "title|text". */
     QStringList boxes() const { return m_boxes; }
-    /** Fails the running test when something expected did not come. */
+    /** Fails the running test when an expected window did not open. */
     void verify();
 
 protected:

@@ -7,7 +7,7 @@ namespace {
 QStringList expectedWarnings;
 QtMessageHandler previousHandler = nullptr;
 
-/** What the offscreen platform says whatever a program does. */
+/** True for messages that the offscreen platform writes in every program. */
 bool isPlatformNoise(const QString &message)
 {
     return message.startsWith(QLatin1String("This plugin does not support"));

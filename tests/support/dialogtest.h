@@ -14,11 +14,11 @@
 #include <memory>
 
 /**
- * Base of every test class. Each test function runs with a home folder of its own and the C locale
- * as default; an unexpected message box or Qt warning fails it, and so does an expected box that
- * never came.
+ * The base of every test class. Each test function runs with a home folder of its own and with the
+ * C locale as default. An unexpected message box, a Qt warning, or an expected box that does not
+ * open fails it.
  *
- * A subclass that needs init() or cleanup() of its own calls these first and last.
+ * A subclass with its own init() or cleanup() calls this init() first and this cleanup() last.
  */
 class DialogTest : public QObject {
     Q_OBJECT
@@ -34,11 +34,11 @@ protected slots:
 protected:
     /** Answers boxes and drives modal dialogs. */
     DialogRobot &robot() { return *m_robot; }
-    /** The folder that $HOME names during this test function. */
+    /** The folder that is $HOME during this test function. */
     QString home() const;
     static bool isEnabled(QWidget *root, const char *objectName);
     static bool isVisible(QWidget *root, const char *objectName);
-    /** A Qt warning that begins so is expected in this test function. */
+    /** Expects a Qt warning with this beginning in this test function. */
     void expectWarning(const QString &beginning);
 
 private:

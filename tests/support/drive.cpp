@@ -10,7 +10,7 @@
 
 namespace {
 
-/** The index of an existing cell; a missing one ends the test program. */
+/** The index of a cell; if the cell does not exist, the test program ends. */
 QModelIndex indexOf(const QTableWidget *table, int row, int column)
 {
     if (!table->item(row, column))

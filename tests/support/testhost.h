@@ -10,30 +10,30 @@
 #include <functional>
 
 /**
- * A host of a test's own: a fresh simulated controller, its IOManager, the versions and a main
- * window. A command that the simulated controller does not know fails the running test.
+ * A host for one test: a new simulated controller, its IOManager, the versions and a main window. A
+ * command that the simulated controller does not know fails the running test.
  */
 class TestHost {
 public:
     explicit TestHost(const ControllerState &state = scenario(QStringLiteral("studio")));
     ~TestHost();
 
-    /** The state described by scenarios/NAME.json; aborts the test program when it is unusable. */
+    /** The state in scenarios/NAME.json; ends the test program when the file cannot be used. */
     static ControllerState scenario(const QString &name);
 
     const ControllerState &state() const { return controller.state(); }
-    /** Changes one thing behind the module's back. */
+    /** Changes the controller's state without a command of the module. */
     void edit(const std::function<void(ControllerState &)> &change);
 
-    /** Sets and actions sent since clear(), in order: what the module changed. */
+    /** The sets and actions since clear(), in order. */
     QStringList writes() const;
-    /** Queries sent since clear(), in order. */
+    /** The queries since clear(), in order. */
     QStringList queries() const;
-    /** Sets, actions and queries sent since clear(), in order. */
+    /** The sets, actions and queries since clear(), in order. */
     QStringList lines() const;
-    /** Lines sent to the message log since clear(), in order. */
+    /** The lines of the message log since clear(), in order. */
     QStringList log() const;
-    /** Messages on other channels since clear(), each "channel|sender|text". */
+    /** The messages on other channels since clear(), each "channel|sender|text". */
     QStringList requests() const;
     void clear();
 
@@ -46,12 +46,13 @@ public:
     QWidget mainWindow;
 };
 
-/** The everyday system of scenarios/studio.json, at a protocol. */
+/** The typical system in scenarios/studio.json, with a protocol. */
 ControllerState studio(const QString &protocol = QStringLiteral("1.24"));
-/** The everyday system with one thing changed. */
+/** The typical system with a change. */
 ControllerState studio(const std::function<void(ControllerState &)> &change);
 /**
- * The everyday system with two standard bodies only: "Head", calibrated, and "Left hand", neither
- * calibrated nor active; nothing is fixed, marked or restarted.
+ * The typical system with only two standard bodies: "Head", which is calibrated, and "Left hand",
+ * which is neither calibrated nor active. No angle is fixed; 3DOF markers and the automatic restart
+ * are off.
  */
 ControllerState twoBodies(const QString &protocol = QStringLiteral("1.24"));

@@ -30,7 +30,7 @@ std::unique_ptr<QCoreApplication> makeApplication(TestProgram::Needs needs, int 
         return std::make_unique<QCoreApplication>(argc, argv);
     qputenv("QT_QPA_PLATFORM", "offscreen");
 #if defined(__SANITIZE_ADDRESS__)
-    // The offscreen platform never gives back the screen that it makes here.
+    // The offscreen platform never frees the screen that it makes here.
     const __lsan::ScopedDisabler platformOnly;
 #endif
     return std::make_unique<QApplication>(argc, argv);
@@ -53,7 +53,7 @@ int TestProgram::run(int argc, char **argv)
             std::fprintf(stderr, "  %s\n", known.first.c_str());
         return 2;
     }
-    // The class's name takes the place of the program's: Qt Test shows it and reads the rest.
+    // Qt Test shows the first argument as the name of the program and reads the rest.
     int rest = argc - 1;
     char **arguments = argv + 1;
     const auto application = makeApplication(found->second.needs, rest, arguments);

@@ -5,23 +5,25 @@
 class QCoreApplication;
 
 /**
- * A test program holds several test classes and runs the one that its first argument names: the
- * name of its source file without the suffix.
+ * A test program has several test classes and runs the one in its first argument: the name of the
+ * source file without its suffix.
  */
 namespace TestProgram {
 
 using Run = int (*)(int argc, char **argv);
 
-/** Whether the classes of a source need windows; what they draw on is the offscreen platform. */
+/** Whether the test class of a source needs windows, which are drawn on the offscreen platform. */
 enum class Needs { Windows, NoWindows };
 
-/** Makes a test class known to its program; an object of file scope in the class's source. */
+/** Registers a test class with its program; a global object in the source of the class. */
 class Registration {
 public:
     Registration(const char *sourceFile, Needs needs, Run run);
 };
 
-/** Runs the named class with the arguments that follow; explains itself when there is none. */
+/**
+ * Runs the named class with the remaining arguments; prints the usage when there is no such class.
+ */
 int run(int argc, char **argv);
 
 } // namespace TestProgram
@@ -33,7 +35,7 @@ int run(int argc, char **argv);
                 return QTest::qExec(&test, argc, argv);                                            \
             });
 
-/** At the end of a source: its test class, run with a QApplication. */
+/** Registers the test class at the end of a source; it runs with a QApplication. */
 #define TRACKING_TEST_MAIN(Class) TRACKING_TEST_REGISTRATION(Class, Windows)
-/** At the end of a source: its test class, run with a QCoreApplication. */
+/** Registers the test class at the end of a source; it runs with a QCoreApplication. */
 #define TRACKING_TEST_GUILESS_MAIN(Class) TRACKING_TEST_REGISTRATION(Class, NoWindows)

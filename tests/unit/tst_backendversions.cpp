@@ -1,7 +1,7 @@
 #include "dialogtest.h"
 #include "versioninfo.h"
 
-/** Version triples and what a host says about its controller. */
+/** Version triples, and the versions that a host reports of its controller. */
 class tst_BackendVersions : public DialogTest {
     Q_OBJECT
 
@@ -22,7 +22,7 @@ void tst_BackendVersions::compares_data()
 {
     QTest::addColumn<VersionInfo>("left");
     QTest::addColumn<VersionInfo>("right");
-    QTest::addColumn<int>("order"); // of left against right
+    QTest::addColumn<int>("order"); // order of left relative to right
     QTest::newRow("equal") << VersionInfo(1, 9, 3) << VersionInfo(1, 9, 3) << 0;
     QTest::newRow("no patch levels") << VersionInfo(1, 9, -1) << VersionInfo(1, 9, -1) << 0;
     QTest::newRow("patch") << VersionInfo(1, 9, 4) << VersionInfo(1, 9, 3) << 1;

@@ -13,7 +13,7 @@ const char *const plainSensor = "vendorone mini 'B12'";
 const char *const calibratedSensor = "vendorone mini 'A7'";
 const char *const storingSensor = "vendortwo core 'C3'";
 
-/** All bodies of a type as the module knows them. */
+/** The bodies of a type as the module reads them. */
 AdminBodyType known(TestHost &host, const QString &type)
 {
     const BodyReader reader(ControllerLink(&host.io, &host.versions));
@@ -337,7 +337,7 @@ void tst_BodyCommands::stopsClearingAtTheFirstFailure()
                           "body inertial_sensor standard b04 none",
                           "body number_of_marker standard b04 0", "body desc standard b04 \"\""})
                      .mid(0, writes));
-    // The box that shows the failure is the tab's; the log keeps silent.
+    // The tab shows the failure in a box, so that there is no log line.
     QCOMPARE(host.log(), QStringList());
     QCOMPARE(host.state().bodyTypes["standard"].bodies[3].description,
              QStringLiteral("Camera rig"));

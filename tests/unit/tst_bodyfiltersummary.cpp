@@ -4,7 +4,7 @@
 
 namespace {
 
-/** Calibrated bodies whose summaries hold an old text, so that a kept one shows. */
+/** Calibrated bodies with an old text as their summary, so that a test sees whether it was kept. */
 AdminBodyType recordWithOldSummary(int count, bool filterAvailable = true)
 {
     AdminBody body;

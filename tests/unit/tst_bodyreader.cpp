@@ -5,7 +5,10 @@
 
 namespace {
 
-/** A record with `count` bodies that all hold old values, so that a kept field shows. */
+/**
+ * A record with `count` bodies whose fields all have old values, so that a test sees which were
+ * kept.
+ */
 AdminBodyType oldRecord(int count, bool filterAvailable = true)
 {
     AdminBody body;
@@ -38,7 +41,7 @@ QString described(const AdminBody &body)
             .join(QLatin1Char('|'));
 }
 
-/** Reads one body over old values and describes it. */
+/** Reads one body into a record with old values and describes the result. */
 QString readOver(TestHost &host, const QString &type, int index, bool filterAvailable = true)
 {
     AdminBodyType record = oldRecord(8, filterAvailable);
@@ -57,7 +60,7 @@ QStringList forBody(const QStringList &lines, const QString &body)
 
 } // namespace
 
-/** Body types and bodies as they come from the controller. */
+/** Reading body types and bodies from the controller. */
 class tst_BodyReader : public DialogTest {
     Q_OBJECT
 
@@ -193,7 +196,7 @@ void tst_BodyReader::readsCounts()
     host.fault(QStringLiteral("body number_of_bodies* ") + effect);
     BodyRegistry registry;
     registry.insert(type, AdminBodyType());
-    // From past the last body on, nothing but the count is read.
+    // When `first` is beyond the last body, only the count is read.
     BodyReader(ControllerLink(&host.io, &host.versions)).readBodies(registry, type, 10000);
     QTEST(registry.type(type).bodies.size(), "count");
     QCOMPARE(host.lines(), QStringList{"body number_of_bodies " + type});

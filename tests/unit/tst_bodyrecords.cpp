@@ -6,7 +6,7 @@
 
 namespace {
 
-/** Records as a tab has them. */
+/** The records of a tab. */
 class Records : public BodyRecords {
 public:
     explicit Records(const ControllerLink &link) : BodyRecords(link) {}

@@ -8,7 +8,7 @@
 
 namespace {
 
-/** Two standard bodies; the first is named, holds a target, a sensor and the reference mark. */
+/** Two standard bodies. The first one has a name, a target, a sensor and the reference mark. */
 BodyRegistry twoRecords()
 {
     AdminBodyType record;
@@ -33,7 +33,7 @@ AdminBody &first(BodyRegistry &registry)
 
 Q_DECLARE_METATYPE(Change)
 
-/** What a question was about, compared with the records afterwards. */
+/** The body of a question, compared with the records afterwards. */
 class tst_BodySnapshot : public QObject {
     Q_OBJECT
 

@@ -9,7 +9,7 @@
 
 namespace {
 
-/** Switches to a locale with a decimal comma; makes one in `folder` when none is installed. */
+/** Switches to a locale with a decimal comma; makes one in `folder` if none is installed. */
 bool useCommaLocale(const QString &folder)
 {
     const char *name = "de_DE.UTF-8";
@@ -326,7 +326,7 @@ void tst_ControllerLink::failsOnDisturbedAnswers()
     QVERIFY(!link.flag("inertial available"));
     QVERIFY(!link.command("morvek2 targetlib check_custom_calibration"));
     QCOMPARE(!link.text("body desc standard b01").has_value(), textFails);
-    // What failed is the caller's to report.
+    // The caller has to log the failure.
     QCOMPARE(host.log(), QStringList());
 }
 
@@ -406,7 +406,7 @@ void tst_ControllerLink::gatesFeatures()
     QFETCH(int, minor);
     BackendVersions versions;
     versions.prot = protocol;
-    // Only the protocol counts.
+    // Only the protocol version decides.
     versions.sysPt = VersionInfo(9, 9, 9);
     versions.sysCt = VersionInfo(9, 9, 9);
     QTEST(ControllerLink(nullptr, &versions).protocolAtLeast(major, minor), "passes");

@@ -12,7 +12,7 @@ using Operation = TranscriptEntry::Operation;
 
 } // namespace
 
-/** Which calls a rule fires on. */
+/** The calls on which a rule fires. */
 class tst_FaultEngine : public QObject {
     Q_OBJECT
 
@@ -35,7 +35,7 @@ private slots:
     void changesAreTold();
 
 private:
-    /** One sign a call: x where the first rule fired, a dot where not. */
+    /** One character for each call: x where the first rule fired, otherwise a dot. */
     static QString pattern(FaultEngine *engine, int calls);
 };
 

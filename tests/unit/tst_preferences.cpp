@@ -15,7 +15,9 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-/** The preferences file of the tracking settings dialog, in a home folder of the test's own. */
+/**
+ * The preferences file of the tracking settings dialog, in a home folder that belongs to the test.
+ */
 class tst_preferences : public DialogTest {
     Q_OBJECT
 
@@ -72,7 +74,7 @@ private:
             body.fixedAngles = {};
         return state;
     }
-    /** What one dialog shows during one opening. */
+    /** What a dialog shows during one opening. */
     struct Shown {
         bool restart = false;
         bool advanced = false;
@@ -102,7 +104,7 @@ QByteArray fileOf(const QByteArray &fixedAngle, const QByteArray &hide)
            + "/>\n    <AUTO_RESTART_MEA_AFTER_SYNC_LOST HIDE=\"" + hide + "\"/>\n</MORVEK>\n";
 }
 
-/** While it lives no file of this process can grow, as on a disk that is full. */
+/** While the object exists, no file of this process can grow, as on a full disk. */
 class FullDisk {
 public:
     FullDisk() : m_signal(std::signal(SIGXFSZ, SIG_IGN))
@@ -123,13 +125,16 @@ private:
     rlimit m_before{};
 };
 
-/** While it lives this process can make no file in the folder, only write those that are there. */
+/**
+ * While the object exists, this process cannot make files in the folder, but can write existing
+ * ones.
+ */
 class ReadOnlyFolder {
 public:
     explicit ReadOnlyFolder(const QString &folder) : m_folder(folder.toLocal8Bit())
     {
         chmod(m_folder.constData(), 0555);
-        // Access rights do not hold off the superuser.
+        // Access rights do not stop the superuser.
         if (m_isSuperuser && seteuid(nobody) != 0)
             qFatal("the superuser cannot become somebody else");
     }
@@ -188,7 +193,7 @@ void tst_preferences::written()
 
 void tst_preferences::writtenAsUtf8InEveryLocale()
 {
-    // The stream would take the codec of the locale otherwise, and name it in the file.
+    // Otherwise the stream would use the codec of the locale and name it in the file.
     QTextCodec *const before = QTextCodec::codecForLocale();
     QTextCodec::setCodecForLocale(QTextCodec::codecForName("ISO-8859-1"));
     QString problem;
@@ -284,7 +289,7 @@ void tst_preferences::otherRoot()
 
 void tst_preferences::unreadable()
 {
-    // A folder of the file's name cannot be read as a file by any user.
+    // A folder with the file's name cannot be read as a file by any user.
     QVERIFY(QDir().mkpath(fileName()));
     TestHost host(plainStudio());
     const Shown seen = openOnce(&host);
@@ -347,7 +352,7 @@ void tst_preferences::fileIsWrittenInAFolderThatTakesNoNewFile()
     QString problem;
     bool saved = false;
     {
-        // The folders above belong to the test's user alone otherwise.
+        // Otherwise only the user of the test can enter the folders above.
         chmod(home().toLocal8Bit().constData(), 0755);
         const ReadOnlyFolder readOnly(folder());
         QVERIFY(!QFile(folder() + QStringLiteral("/other")).open(QIODevice::WriteOnly));

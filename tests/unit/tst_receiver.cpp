@@ -5,7 +5,7 @@
 
 namespace {
 
-/** The receiver on the two channels of the module, with the names of the signals that came. */
+/** The receiver on the module's two channels; it records the names of the emitted signals. */
 class Station {
 public:
     Station() : receiver(&owner, &host.io)
@@ -30,7 +30,7 @@ public:
 
 } // namespace
 
-/** Messages of other modules as signals. */
+/** The signals for messages of other modules. */
 class tst_Receiver : public DialogTest {
     Q_OBJECT
 

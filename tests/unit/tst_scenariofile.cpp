@@ -32,7 +32,7 @@ QByteArray contentOf(const QString &path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
 }
 
-/** A small scenario that is right, with room for one wrong thing. */
+/** A small correct scenario into which a test can put one mistake. */
 QByteArray withState(const QByteArray &state)
 {
     return "{\"state\": {" + state + "}}";
@@ -166,7 +166,7 @@ void row(const char *name, const QByteArray &json, const char *error)
     QTest::newRow(name) << json << QString::fromUtf8(error);
 }
 
-/** Keys that an object has twice, of which a reader would take one silently. */
+/** Keys that occur twice in an object; a reader without a check would silently use one of them. */
 void duplicateRows()
 {
     const char *const twice = "expected the key once, found it twice";
@@ -188,7 +188,7 @@ void duplicateRows()
               "state.model");
 }
 
-/** Files that are no JSON, and keys that nobody knows. */
+/** Files that are not JSON, and unknown keys. */
 void unknownRows()
 {
     row("nothing", "", "x.json: line 1, column 1: illegal value");
@@ -235,7 +235,7 @@ void valueRows()
         "x.json: state.axis5dofCentral[1]: expected a number, found \"1\"");
 }
 
-/** Names that a command line could not carry. */
+/** Names that a command line cannot carry. */
 void wordRows()
 {
     row("short name missing", withState("\"targets\": [{}]"),
@@ -440,7 +440,7 @@ void tst_ScenarioFile::differencesAreReadable()
 
 namespace {
 
-/** Every leaf of a JSON value changed to something else of its type. */
+/** The JSON value with every leaf changed to another value of its type. */
 QJsonValue changed(const QJsonValue &value)
 {
     if (value.isBool())

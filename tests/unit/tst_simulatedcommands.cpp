@@ -21,7 +21,7 @@ struct Row {
     const char *answer;
 };
 
-/** One line at least for every entry of the table, and what the studio answers. */
+/** At least one line for every entry of the table, and the answer of the studio. */
 const Row rows[] = {
         {Access::Get, "body number_of_bodies standard", "8"},
         {Access::Get, "body type_desc joywand", "\"Joywand\""},
@@ -193,7 +193,7 @@ private slots:
 
 private:
     void allRows();
-    /** The studio in which everything that a row needs has been done before. */
+    /** The studio after everything that the row requires. */
     ControllerState stateFor(const QByteArray &line) const;
 
     ControllerState m_studio;
@@ -317,7 +317,7 @@ void tst_SimulatedCommands::referencePageIsCurrent()
     QCOMPARE(QString::fromUtf8(page.readAll()), commandsMarkdown());
 }
 
-/** The source files of a module's class, which are named after it in one spelling or another. */
+/** The source files of a class of the module; their names are spellings of the class's name. */
 static QByteArray sourcesOf(const QString &className)
 {
     QByteArray sources;

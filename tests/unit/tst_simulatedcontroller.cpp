@@ -6,7 +6,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
-/** What commands do to the rest of the controller. */
+/** The effects of commands on the rest of the controller. */
 class tst_SimulatedController : public QObject {
     Q_OBJECT
 

@@ -20,7 +20,7 @@ struct FaultRow {
     const char *name;
     const char *rule;
     int result;
-    const char *answer; ///< what arrives; null for nothing
+    const char *answer; ///< the answer that arrives; null for none
 };
 
 } // namespace
@@ -519,7 +519,7 @@ void tst_SimulatedIOManager::transcriptHasALimit()
     QCOMPARE(m_io->operationCount(), qint64(100));
     m_io->clearTranscript();
     QCOMPARE(m_io->operationCount(), qint64(100));
-    // A smaller limit than a transcript can have is raised.
+    // A limit that is too small for a transcript is raised.
     m_io->setTranscriptLimit(1);
     QCOMPARE(m_io->transcriptLimit(), 8);
     m_io->setTranscriptLimit(0);

@@ -5,7 +5,7 @@
 
 namespace {
 
-/** A host, its library and the assignment over both, with an empty transcript. */
+/** A host, its library and the assignment that uses both, with an empty transcript. */
 class Bench {
 public:
     explicit Bench(const ControllerState &state = TestHost::scenario(QStringLiteral("studio")))
@@ -91,7 +91,7 @@ void tst_TargetAssignment::assigns()
 void tst_TargetAssignment::freesTheHolder()
 {
     Bench bench;
-    // Body 2 holds the target, body 1 is about to get it.
+    // Body 2 holds the target, and body 1 will receive it.
     bench.assignment.freeElsewhere("GL01", "standard", 0, 8);
     QStringList lines = namesAsked({2, 3, 4, 5, 6, 7, 8});
     lines.insert(1, "body number_of_marker standard b02 0");
@@ -160,7 +160,7 @@ void tst_TargetAssignment::goesOnAfterFailures_data()
     QTest::addColumn<QStringList>("lines");
     const QString unreadable = QStringLiteral("Unable to get info targetlib ID of body");
     const QString markers = QStringLiteral("Unable to reset markers of target standard 02");
-    // The second word is there twice on purpose.
+    // The second word is repeated on purpose.
     const QString name = QStringLiteral("Unable to reset description of target standard standard");
     QStringList all = namesAsked({1, 2, 3});
     all.insert(2, "body number_of_marker standard b02 0");
@@ -292,7 +292,7 @@ void tst_TargetAssignment::readsCustomCalibrations()
                           "targetlib target_status_calibrated_custom t01",
                           "targetlib target_status_calibrated_custom t06",
                           "targetlib target_status_calibrated_custom t03"}));
-    // A target that was not asked for keeps its mark.
+    // A target that is not in the list keeps its mark.
     QCOMPARE(custom, QSet<QString>({"t05", "t06"}));
     QCOMPARE(bench.host.log(), QStringList());
 }

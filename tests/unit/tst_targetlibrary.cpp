@@ -29,7 +29,7 @@ ControllerState smallLibrary()
     return state;
 }
 
-/** One line for each target: everything that the library knows about it. */
+/** One line for each target, with everything that the library holds of it. */
 QStringList described(const Targetlibrary &library)
 {
     QStringList lines;
@@ -303,7 +303,7 @@ void tst_Targetlibrary::numbersBeyondTwoDigits()
     QCOMPARE(library.getTidFromShortname("N100"), QStringLiteral("t100"));
     QVERIFY(host.queries().contains("targetlib target_name t100"));
     QVERIFY(host.queries().contains("targetlib target_status_calibrated t100"));
-    // Identifiers are ordered as texts.
+    // Identifiers are ordered alphabetically.
     const QStringList ids = library.targets().keys();
     QCOMPARE(ids.indexOf("t100"), ids.indexOf("t10") + 1);
     QCOMPARE(ids.indexOf("t11"), ids.indexOf("t101") + 1);
@@ -317,7 +317,7 @@ void tst_Targetlibrary::firstOfEqualShortNames()
         state.targets << makeTarget(number == 100 || number >= 11 ? "twin" : "other", "x");
     TestHost host(state);
     const Targetlibrary library(&host.io, &host.versions);
-    // As a text "t100" is smaller than "t11".
+    // In alphabetical order "t100" comes before "t11".
     QCOMPARE(library.getTidFromShortname("twin"), QStringLiteral("t100"));
     QCOMPARE(library.getTidFromShortname("other"), QStringLiteral("t01"));
 }

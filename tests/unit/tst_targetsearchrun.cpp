@@ -19,7 +19,7 @@ const char *const started = "target library calibration started";
 
 Q_DECLARE_METATYPE(Step)
 
-/** The search for library targets as the controller runs it. */
+/** The search for library targets, as the controller runs it. */
 class tst_TargetSearchRun : public DialogTest {
     Q_OBJECT
 

@@ -3,7 +3,7 @@
 #include <QByteArray>
 #include <QFile>
 
-/** What stands in a file; nothing when it cannot be read. */
+/** The contents of a file; empty when it cannot be read. */
 inline QByteArray contents(const QString &file)
 {
     QFile input(file);

@@ -2,7 +2,7 @@
 
 #include "TranscriptEntry.h"
 
-/** An operation as a transcript holds it. */
+/** An operation in the form of a transcript. */
 inline TranscriptEntry entry(TranscriptEntry::Operation operation, const QByteArray &line,
                              const QByteArray &answer = {}, int result = 0)
 {

@@ -2,10 +2,10 @@
 
 #include <QProcess>
 
-/** How long a run of the program may take. */
+/** The longest duration of a run of the program. */
 constexpr int patienceMs = 120000;
 
-/** How a run of the program ended and what it said. */
+/** The exit status and the output of a run of the program. */
 struct Outcome {
     int status = -1; ///< -1 when it did not end, -2 after a crash
     QString out;

@@ -33,7 +33,7 @@ private:
     void show(const QByteArray &text);
     QString outcome() const;
     void play();
-    /** Opens the tracking settings and runs `work` while they are open. */
+    /** Opens the tracking settings and calls `work` while they are open. */
     void whileSettingsAreOpen(const std::function<void()> &work);
 
     std::unique_ptr<QTemporaryDir> m_home;
@@ -73,7 +73,7 @@ void tst_Demonstration::show(const QByteArray &text)
     context.session = m_session.get();
     context.window = m_window.get();
     m_window->toolWindow()->showDemonstration(script, context);
-    // A dock that comes later is shown by the event loop.
+    // The event loop shows a dock that is added later.
     QTRY_VERIFY(Drive::find<QPushButton>(m_window->toolWindow(), "pushButton_playDemonstration")
                         ->isVisible());
 }

@@ -128,7 +128,7 @@ void tst_Recording::recorderWritesAtOnce()
     Recorder recorder(&host.io);
     QVERIFY2(recorder.start(name, &error), qPrintable(error));
     host.io.set("body active standard b01 no");
-    // The recorder is still there: what it wrote does not wait for its end.
+    // The recorder still exists, because its output must not wait for its end.
     QVector<TranscriptEntry> entries;
     QVERIFY2(Recording::load(name, &entries, &error), qPrintable(error));
     QCOMPARE(entries.size(), 2);

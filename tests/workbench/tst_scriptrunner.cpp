@@ -15,7 +15,7 @@
 
 #include <memory>
 
-/** Runs scripts against the built plug-in in the default scenario. */
+/** Runs scripts with the built plug-in in the default scenario. */
 class tst_ScriptRunner : public QObject {
     Q_OBJECT
 
@@ -45,7 +45,7 @@ private slots:
     void moduleIsUnloadedAndLoadedAgain();
 
 private:
-    /** Runs the text to its end; answers the failure. */
+    /** Runs the text to its end; returns the failure. */
     QString run(const QByteArray &text);
 
     std::unique_ptr<QTemporaryDir> m_home;
@@ -94,7 +94,7 @@ QString tst_ScriptRunner::run(const QByteArray &text)
     ScriptRunner runner(script, context);
     QEventLoop loop;
     connect(&runner, &ScriptRunner::finished, &loop, [&loop] {
-        // What a failed script left open would hold the loop.
+        // A dialog that a failed script left open would block the event loop.
         while (QWidget *modal = WidgetFinder::modalWindow())
             modal->hide();
         loop.quit();
@@ -172,10 +172,10 @@ void tst_ScriptRunner::succeeds()
 
 namespace {
 
-/** Opens the body administration; what follows stands in line 3. */
+/** Opens the body administration; the next line is line 3. */
 const QByteArray opened = QByteArrayLiteral("menu \"Body administration\"\nmark\n");
 
-/** What a user cannot do. */
+/** Actions that a user cannot do. */
 void inputRows()
 {
     QTest::newRow("menu entry") << QByteArray("menu Nothing\n")
@@ -221,7 +221,7 @@ void inputRows()
             << "s:4: expected a button \"Maybe\", found ";
 }
 
-/** Names that nobody knows, and what is read out. */
+/** Unknown names, and texts that are read. */
 void nameRows()
 {
     QTest::newRow("mistyped widget") << opened + "click pushButton_exti\n"
@@ -243,7 +243,7 @@ void nameRows()
             << "s:1: expected a visible widget \"messageLine\", found it hidden in the window ";
 }
 
-/** What is not as expected. */
+/** Expectations that do not hold. */
 void expectationRows()
 {
     QTest::newRow("text") << opened + "expect text spinBox_standard_bodies 7\n"
@@ -289,7 +289,7 @@ void expectationRows()
                           << "s:3: expected at most 1199 ms, found 1200 ms";
 }
 
-/** What the controller cannot be set to. */
+/** Values that the controller cannot have. */
 void controllerRows()
 {
     QTest::newRow("fault") << QByteArray("fault \"* explode\"\n") << "s:1: column ";
@@ -408,12 +408,12 @@ void tst_ScriptRunner::tickFiresHeldTimers()
     poll->stop();
     QCOMPARE(m_timers->tick(), QVector<int>{});
     QCOMPARE(spy.count(), 1);
-    // A timer that nobody fires stays silent, however late it is.
+    // A held timer does not fire, however late it is.
     poll->start(600);
     QTimerEvent event(poll->timerId());
     QCoreApplication::sendEvent(poll, &event);
     QCOMPARE(spy.count(), 1);
-    // Short timers and those of others are left alone.
+    // Short timers and timers of other objects are not held.
     QTimer other;
     QSignalSpy otherSpy(&other, &QTimer::timeout);
     other.start(600);

@@ -13,7 +13,7 @@
 
 #include <memory>
 
-/** What another client changes obeys the rules of the controller. */
+/** Changes by another client follow the rules of the controller. */
 class tst_SecondClient : public QObject {
     Q_OBJECT
 
@@ -33,11 +33,11 @@ private slots:
 private:
     void open(const QString &scenario);
     const ControllerState &state() const { return m_session->state(); }
-    /** Carries out one action of a script; answers what is wrong. */
+    /** Carries out one action of a script; returns what is wrong. */
     QString act(const QStringList &words);
     void choose(const QString &type, int number);
     void setCount(int count);
-    /** What conflicts in the state after a change; empty when it is sound. */
+    /** The conflict in the state after a change; empty when the state is consistent. */
     QString conflict() const;
 
     std::unique_ptr<WorkbenchSession> m_session;
@@ -112,7 +112,7 @@ void tst_SecondClient::droppedBodyIsNoReference()
     setCount(6);
     QCOMPARE(state().bodyTypes[standard].bodies.size(), 6);
     QCOMPARE(state().trackingReference, QString());
-    // An unrelated change by a script is possible as before.
+    // A script can still make an unrelated change.
     QCOMPARE(act({"set", "calculateMarker", "true"}), QString());
     QVERIFY(state().calculateMarker);
 }
@@ -202,7 +202,7 @@ void tst_SecondClient::everyChangeInEveryScenario()
     QFETCH(QString, scenario);
     open(scenario);
     const ControllerState initial = state();
-    // The session emits each change; only the outcome of all of them on one type is kept.
+    // The session emits each change; the test checks only the result of all changes to one type.
     for (auto type = initial.bodyTypes.cbegin(); type != initial.bodyTypes.cend(); ++type) {
         const int bodies = type->bodies.size();
         const int step = qMax(1, bodies / 8);

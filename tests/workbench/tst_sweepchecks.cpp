@@ -6,7 +6,7 @@
 
 using Operation = TranscriptEntry::Operation;
 
-/** What a sweep counts as a violation. */
+/** The violations that a sweep reports. */
 class tst_SweepChecks : public QObject {
     Q_OBJECT
 
@@ -81,7 +81,7 @@ void tst_SweepChecks::writeThatTheLineDoesNotHave()
     m_steps[1].operations << write;
     QCOMPARE(violations(1), QStringList{"line 2: expected no other writes than undisturbed, found "
                                         "set body desc standard b01 \"Hat\""});
-    // Once more is one too many as well.
+    // One more write is a violation, too.
     init();
     m_steps[2].operations << write;
     QCOMPARE(violations(3).size(), 1);
@@ -119,7 +119,7 @@ void tst_SweepChecks::bodyWithoutANameIsOverwrittenUnasked()
     m_steps[4].operations << calibration;
     m_steps[5].operations.clear();
     QCOMPARE(violations(1), QStringList());
-    // Whatever else fails, the question has to come.
+    // The question has to open even when other operations fail.
     QCOMPARE(violations(2).size(), 1);
 }
 
@@ -210,9 +210,9 @@ void tst_SweepChecks::nameIsAskedAboutAsItCame()
     m_steps[1].operations[1].line = "qorwpan device_model_desc c";
     QCOMPARE(violations(1).size(), 1);
     m_steps[1].operations[1].line = "filter6d mode_desc a b";
-    // Nobody answered the second operation so.
+    // The disturbed second operation did not have this answer.
     QCOMPARE(violations(2).size(), 1);
-    // Nor does anybody set something to it.
+    // A set to this answer is a violation, too.
     m_steps[1].operations[1].operation = Operation::Set;
     QVERIFY(violations(1).size() > 0);
 }

@@ -6,7 +6,7 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
-/** Sweeps, random driving and the options around them, with the program as a process. */
+/** Sweeps, random driving and their options, with the workbench as a process. */
 class tst_Sweeps : public QObject {
     Q_OBJECT
 
@@ -124,7 +124,7 @@ void tst_Sweeps::scenarioInFull()
     QCOMPARE(process.exitCode(), 0);
     const QByteArray full = process.readAllStandardOutput();
     QVERIFY2(full.contains("\"configChangeable\": true"), full.constData());
-    // What is printed is a scenario that is printed as it is.
+    // The output is a scenario, and printing that scenario gives the same output.
     process.start(QStringLiteral(WORKBENCH_PROGRAM),
                   {"--scenario-check", write("full.json", full)});
     QVERIFY(process.waitForFinished(patienceMs));

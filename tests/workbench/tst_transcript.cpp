@@ -133,7 +133,7 @@ void tst_Transcript::dockFiltersWhileTyping()
              QStringLiteral("body desc standard b01 \"Hat\""));
     QCOMPARE(Drive::find<QLabel>(&dock, "label_transcriptStatus")->text(),
              QStringLiteral("1 of 2 operations"));
-    // What comes later is filtered too.
+    // Later rows are filtered, too.
     host.io.set("body desc standard b01 \"%s\"", "Harp");
     QTRY_COMPARE(view->model()->rowCount(), 2);
 }
@@ -145,7 +145,7 @@ void tst_Transcript::newRowsAreLookedAtOnce()
     filter.setWords(QStringLiteral("active"));
     for (int i = 0; i < 5000; ++i)
         model.append(entry(Operation::GetInt, i % 2 == 0 ? "status active" : "status progress"));
-    // However many rows there are, each costs one comparison.
+    // Each row costs one comparison, regardless of the number of rows.
     QCOMPARE(filter.comparedRows(), qint64(5000));
     QCOMPARE(filter.rowCount(), 2500);
     filter.setWords(QString());
@@ -169,7 +169,7 @@ void tst_Transcript::longTranscriptIsFilteredInParts()
         QVERIFY(filter.isBusy());
     }
     QVERIFY2(most <= 1000, qPrintable(QString::number(most)));
-    // What comes meanwhile is looked at in its turn.
+    // Rows that arrive meanwhile are compared later.
     model.append(entry(Operation::GetInt, "status progress", "1"));
     QTRY_VERIFY(!filter.isBusy());
     QCOMPARE(finished.count(), 1);
@@ -210,7 +210,7 @@ void tst_Transcript::limitDropsTheOldest()
     }
     QVERIFY(model.rowCount() >= 28);
     QCOMPARE(model.droppedCount() + model.rowCount(), qint64(total));
-    // An eighth goes at once, so that a row costs the same with and without the limit.
+    // An eighth is dropped at once, so that a row costs the same with and without the limit.
     QVERIFY2(removals.count() <= 1 + total / 4, qPrintable(QString::number(removals.count())));
     QStringList expected;
     for (int k = total - model.rowCount(); k < total; ++k) {

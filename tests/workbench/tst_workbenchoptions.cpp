@@ -121,7 +121,7 @@ void tst_WorkbenchOptions::faultsAddUp()
     QCOMPARE(options.faults, QStringList({"body* fail", "* delay 5"}));
 }
 
-/** What a search for trouble cannot be asked for. */
+/** Wrong options of sweeps and explorations. */
 static void searchRows()
 {
     QTest::newRow("every none") << QStringList{"--every", "0"}

@@ -125,7 +125,7 @@ void tst_WorkbenchPanels::panelFollowsTheController()
     QCOMPARE(textOf(&panel, "label_versions"),
              QStringLiteral("STUDIO4, protocol 1.12, system 3.1.0"));
     QVERIFY(textOf(&panel, "label_search").startsWith(QStringLiteral("running, step 3 of ")));
-    // The versions that modules read follow too.
+    // The versions that modules read change, too.
     QCOMPARE(m_session->versions()->protocol().toString(), QStringLiteral("1.12"));
 }
 
@@ -146,7 +146,7 @@ void tst_WorkbenchPanels::panelWaitsForTheEndOfASearchTick()
         m_session->io()->get_string(answer, "status step_active");
     QCOMPARE(textOf(&panel, "label_search"), before);
     QTRY_COMPARE(textOf(&panel, "label_search"), QStringLiteral("running, step 50 of 100"));
-    // The one target that was found, and the others not at all.
+    // Only the item of the found target changes.
     QVERIFY(changes.count() >= 1 && changes.count() < state().targets.size());
 }
 
@@ -197,7 +197,7 @@ void tst_WorkbenchPanels::clientChangesTheCount()
     setNumber(&panel, "spinBox_clientCount", 4);
     Drive::click(&panel, "pushButton_clientCount");
     QCOMPARE(state().bodyTypes[QStringLiteral("joywand")].bodies.size(), 4);
-    // A new slot is as the command that changes the count leaves it.
+    // A new slot has the values that it gets from the command for the count.
     QVERIFY(state().bodyTypes[QStringLiteral("joywand")].bodies[3].active);
     QVERIFY(!state().bodyTypes[QStringLiteral("joywand")].bodies[3].calibrated);
     QCOMPARE(state().bodyTypes[QStringLiteral("joywand")].bodies[0].description,
@@ -371,7 +371,7 @@ void tst_WorkbenchPanels::snapshotFilesRestoreByteForByte()
     QVERIFY(dock.saveTo(second));
     QVERIFY(!contents(first).isEmpty());
     QCOMPARE(contents(first), contents(second));
-    // What was there before loading is one step back.
+    // The state before the loading is one step back.
     dock.show();
     Drive::click(&dock, "pushButton_snapshotBack");
     QCOMPARE(state().bodyTypes[standard].bodies.size(), 0);

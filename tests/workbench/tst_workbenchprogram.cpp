@@ -42,7 +42,7 @@ private slots:
 
 private:
     Outcome run(const QStringList &arguments, bool offscreen = true) const;
-    /** Writes a file into the test's folder and answers its path. */
+    /** Writes a file into the test's folder and returns its path. */
     QString write(const QString &name, const QByteArray &text) const;
     QByteArray read(const QString &file) const;
 
@@ -289,7 +289,7 @@ void tst_WorkbenchProgram::demonstrations()
     const Outcome outcome = run({"--demo", name, "--headless"}, false);
     QCOMPARE(outcome.err, QString());
     QCOMPARE(outcome.status, 0);
-    // Without its trouble, or with another one, a demonstration notices.
+    // A demonstration fails without its fault or with another one.
     const Outcome disturbed = run({"--demo", name, "--headless", "--fault", "set * fail"}, false);
     QCOMPARE(disturbed.status, 1);
     QVERIFY2(disturbed.err.contains(name + QStringLiteral(".script:")), qPrintable(disturbed.err));
@@ -322,13 +322,13 @@ void tst_WorkbenchProgram::scriptThatHangs()
     write(QStringLiteral("slow.script"), "expect no-window\n"
                                          "menu \"Body administration\"\n"
                                          "click pushButton_exit\n");
-    // Half a second for each of about ninety questions: far more than the line may take.
+    // Half a second for each of about ninety operations is far more than the line may take.
     const Outcome outcome = run({"--headless", "--script", "slow.script", "--latency", "500",
                                  "--timeout", "2", "--record", "slow.jsonl"});
     QCOMPARE(outcome.status, 1);
     QCOMPARE(outcome.err, QStringLiteral("workbench: slow.script:2: expected an end within 2 s, "
                                          "found it still busy\n"));
-    // What was asked until then is there to be looked at.
+    // The operations until then are in the recording.
     QVERIFY(read(QStringLiteral("slow.jsonl")).endsWith("}\n"));
     QCOMPARE(run({"--headless", "--script", "slow.script", "--timeout", "60"}).status, 0);
 }
@@ -362,7 +362,7 @@ void tst_WorkbenchProgram::recordAndReplay()
     });
     QVERIFY(renamed != entries.cend());
     QCOMPARE(renamed->dialog, QStringLiteral("BodyAdministrationDlg"));
-    // Whatever controller is there, the recording answers.
+    // The recording answers, regardless of the controller.
     const Outcome replayed =
             run({"--script", "s.script", "--replay", "a.jsonl", "--record", "b.jsonl"});
     QCOMPARE(replayed.err, QString());
@@ -382,7 +382,7 @@ void tst_WorkbenchProgram::recordings_data()
     }
 }
 
-/** The module still asks what it asked when the session was recorded. */
+/** The module sends the operations that were recorded with the session. */
 void tst_WorkbenchProgram::recordings()
 {
     QFETCH(QString, stem);

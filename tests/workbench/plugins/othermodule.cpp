@@ -1,7 +1,7 @@
 #include <QObject>
 #include <QtPlugin>
 
-/** A plug-in of the same host that is another module. */
+/** A plug-in for the same host that is another module. */
 class TrackingSettingBodyAdminModule : public QObject {
     Q_OBJECT
     Q_PLUGIN_METADATA(IID "org.example.Morvek2.OtherModule")
