@@ -1,6 +1,6 @@
 #!/bin/bash
-# Takes the pictures of the guide, of the README and of the page about the workbench from the tour:
-# plays it in a folder of its own and copies the steps that the pages show, in few colours.
+# Makes the pictures of the guide, of the README and of the page about the workbench: plays the tour
+# in a temporary folder and copies the steps that the pages show, with few colours.
 set -euo pipefail
 here=$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")
 tour=$(mktemp -d)
@@ -9,7 +9,7 @@ trap 'rm -rf "$tour"' EXIT
 "$here/../../cmake/install-packages.sh" pictures
 "$here/../../run" --tour "$tour"
 
-# take STEP FILE: the picture of a step becomes the picture of a page.
+# take STEP FILE: makes the picture of a page from the picture of a step.
 take() {
     /usr/bin/python3 - "$tour/$1.png" "$here/../$2.png" <<'PALETTE'
 import sys
@@ -20,7 +20,7 @@ few.save(sys.argv[2], optimize=True)
 PALETTE
 }
 
-# The picture of a page of the guide, and the steps that it shows in English and in German.
+# The picture of a page of the guide, and its steps in English and in German.
 while read -r picture english german; do
     take "$english" "guide/pictures/en-$picture"
     take "$german" "guide/pictures/de-$picture"

@@ -16,7 +16,7 @@ ctest --preset coverage -j"$(nproc)" -LE 'slow|campaign' --output-on-failure >bu
 
 floor() { sed -n "s/^$1 //p" tests/campaigns/coverage.txt; }
 mkdir -p build/coverage/report
-# Branches that only an exception takes cannot be reached: the module throws none.
+# Branches that only an exception takes cannot be reached, because the module throws none.
 gcovr --root . --object-directory build/coverage --filter SourceFiles/ --filter general/ \
     --exclude-throw-branches --exclude-unreachable-branches --sort-uncovered \
     --html-details build/coverage/report/index.html \

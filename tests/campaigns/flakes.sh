@@ -1,5 +1,6 @@
 #!/bin/bash
-# Runs the suite many times in random order, four tests at a time, and shows what ever failed.
+# Runs the suite many times in random order, four tests at a time, and lists every test that has
+# failed.
 # Usage: tests/campaigns/flakes.sh [ROUNDS, by default 20] [further arguments of ctest]
 set -uo pipefail
 cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/../.."

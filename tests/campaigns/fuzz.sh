@@ -1,7 +1,7 @@
 #!/bin/bash
-# Looks for input that a reader does not cope with: libFuzzer on each target, one after the other.
-# Findings are kept in build/fuzz/findings; one that is mended goes into tests/fuzz/corpus, where
-# ./test replays it from then on.
+# Searches for input that a reader cannot handle, with libFuzzer on each target, one after the
+# other. Findings are kept in build/fuzz/findings. A corrected one belongs into tests/fuzz/corpus,
+# which ./test replays.
 # Usage: tests/campaigns/fuzz.sh [SECONDS for each target, by default 600] [TARGET...]
 set -uo pipefail
 cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/../.."

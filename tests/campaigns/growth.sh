@@ -1,6 +1,6 @@
 #!/bin/bash
-# Counts the instructions of an unchanged refresh at 500 and at 2,000 bodies with callgrind: four
-# times the bodies may cost 4.2 times the instructions.
+# Counts the instructions of an unchanged refresh at 500 and at 2,000 bodies with callgrind: with
+# four times the bodies they may grow 4.2 times.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/../.."
 
@@ -13,7 +13,7 @@ scratch=$(mktemp -d)
 trap 'rm -rf "$scratch"' EXIT
 export QT_QPA_PLATFORM=offscreen HOME=$scratch
 
-# instructions BODIES ROUNDS: of the whole program
+# instructions BODIES ROUNDS: the instructions of the whole program
 instructions() {
     valgrind --tool=callgrind --callgrind-out-file="$scratch/out" \
         build/release/bin/trackingbenchmark --repeat refresh --bodies "$1" --rounds "$2" \
@@ -21,7 +21,7 @@ instructions() {
     sed -n 's/.*Collected : //p' "$scratch/log"
 }
 
-# a_refresh BODIES: the difference between two numbers of rounds leaves start and opening out
+# a_refresh BODIES: the difference between two numbers of rounds, without start and opening
 a_refresh() {
     local less more
     less=$(instructions "$1" 2)

@@ -1,12 +1,12 @@
 #!/bin/bash
-# Runs the tests of the built plug-in under valgrind's memcheck: it sees reads of memory that was
-# never written, which the sanitizers of ./test do not.
+# Runs the tests of the built plug-in with valgrind's memcheck, which finds reads of memory that was
+# never written. The sanitizers of ./test do not find them.
 # Usage: tests/campaigns/memcheck.sh
 set -uo pipefail
 cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/../.."
 
 cmake/install-packages.sh memcheck
-# Without the sanitizers, which valgrind cannot look through.
+# Built without the sanitizers, which do not work with valgrind.
 cmake --preset memcheck >/dev/null && cmake --build --preset memcheck || exit 1
 
 export QT_QPA_PLATFORM=offscreen

@@ -30,7 +30,7 @@ COPIED = ["CMakeLists.txt", "CMakePresets.json", "SourceFiles", "benchmarks", "c
           "translations", "userinput", "workbench"]
 SECONDS_PER_CLASS = 90
 
-# What is replaced in code outside of texts and comments, and by what.
+# What is replaced in code, outside texts and comments, and by what.
 OPERATORS = [
     (r"==", "!="), (r"!=", "=="),
     (r"(?<![-<>=])<=", "<"), (r"(?<![->=])>=", ">"),

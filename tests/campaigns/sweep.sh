@@ -1,6 +1,7 @@
 #!/bin/bash
 # Plays every script of an operator's day with every fault at every operation, and then drives the
-# dialogs at random. Takes hours; the arguments go on to each sweep, e.g. --every 3 --faults dead.
+# dialogs at random. Takes hours. The arguments are passed to each sweep, e.g. --every 3 --faults
+# dead.
 set -euo pipefail
 cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/../.."
 

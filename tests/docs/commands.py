@@ -28,7 +28,7 @@ BLOCK = re.compile(r"^```(?P<fence>[^\n]*)\n(?P<lines>.*?)^```$", re.M | re.S)
 INDENTED = re.compile(r"(?<=\n\n)    \S.*")
 IN_A_LIST = re.compile(r"^\s*([-*]|\d+\.) ")
 
-# Fences that are not run: drawings and what a program prints.
+# Fences that are not run: drawings and the output of programs.
 NOT_RUN = ("", "text")
 
 STAND_INS = {
@@ -57,7 +57,7 @@ fi""",
     esac
     shift
 done""",
-    # The check of the installation builds and runs the true one.
+    # The check of the installation builds and runs the real one.
     "minimalhost": """for option; do
     grep -qF -- "\"$option\"" examples/minimalhost/minimalhost.cpp || { echo "no $option"; exit 1; }
 done""",

@@ -71,7 +71,7 @@ class Command:
         return sum(word not in SAMPLES and "NN" not in word for word in self.pattern.split(" "))
 
     def cells(self):
-        # One test is enough to know where to look; more would make the table unreadable.
+        # One test shows where to look; more would make the table unreadable.
         shown = lambda names, most: ", ".join(sorted(names)[:most]) + (", ..." if len(names) > most else "")
         return [shown(self.dialogs, 4), shown(self.scripts, 3), shown(self.faults, 2), shown(self.tests, 3)]
 

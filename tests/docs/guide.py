@@ -14,7 +14,7 @@ import screentexts
 
 GUIDE = screentexts.PROJECT / "docs" / "guide"
 
-# What a text with placeholders needs besides them to be recognised.
+# The least number of letters besides the placeholders by which a text can be recognised.
 FEWEST_LETTERS = 6
 
 # The buttons of message boxes come from Qt and its own translations.

@@ -18,9 +18,9 @@ COLUMNS = ["| Message | Cause | Effect | Remedy |", "|---|---|---|---|"]
 # Calls whose texts explain a widget and report nothing.
 EXPLAINING = {"setWhatsThis", "setAccessibleName", "setAccessibleDescription", "setToolTip",
               "setStatusTip", "addItem", "setWindowTitle"}
-# Pages of help are no messages either.
+# Pages of help are not messages either.
 HELP_SOURCES = {"helpdialog.cpp", "filterhelp.cpp"}
-# Texts of three and more words that report nothing.
+# Texts of three or more words that report nothing.
 NO_MESSAGES = {
     "Change settings of the 6DOF standard bodies and the 3DOF markers and body administration",
     "GUI Settings Tracking",

@@ -7,7 +7,7 @@ import xml.etree.ElementTree as ElementTree
 
 PROJECT = pathlib.Path(__file__).resolve().parents[2]
 
-# The functions that hand a literal to the translation.
+# The functions that pass a literal to the translation.
 TRANSLATING = {"tr", "translate", "translated", "QT_TR_NOOP", "QT_TRANSLATE_NOOP"}
 
 TOKEN = re.compile(
@@ -24,7 +24,7 @@ TOKEN = re.compile(
 
 ESCAPES = {"n": "\n", "t": "\t", "0": "\0", '"': '"', "\\": "\\", "'": "'"}
 
-# How a failure reads that reaches the log through a table or a variable.
+# The form of a failure that reaches the log through a table or a variable.
 FAILURE = re.compile(r"^(Error: |Error during |Unable to |Could not |TrackingSettings: )\S")
 
 

@@ -1,6 +1,6 @@
 #!/bin/bash
-# Checks how the programs end when they are started wrongly or without a screen: with a sentence and
-# a status, never with an abort.
+# Checks that the programs end with a message and a status, not with an abort, when they are started
+# wrongly or without a screen.
 # Usage: check-command-lines.sh WORKBENCH BODYNAMES
 set -euo pipefail
 workbench=$1
@@ -10,7 +10,7 @@ trap 'rm -rf "$work"' EXIT
 cd "$work"
 failures=0
 
-# check STATUS TEXT [NAME=VALUE...] PROGRAM [ARGUMENT...]: the output holds the text.
+# check STATUS TEXT [NAME=VALUE...] PROGRAM [ARGUMENT...]: the output contains the text.
 check() {
     local expected=$1 text=$2 status=0
     shift 2

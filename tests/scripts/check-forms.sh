@@ -1,6 +1,6 @@
 #!/bin/bash
-# Checks that the build tool knows the header of each form as the product of the form: else a
-# changed form reaches the program only with the second build. Takes the source and build folders.
+# Checks that each form's header depends on the form in the build. Otherwise a changed form would
+# reach the program only with the second build. Arguments: the source folder and the build folder.
 set -euo pipefail
 source_dir="$1"
 cd "$2"

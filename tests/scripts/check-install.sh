@@ -1,6 +1,6 @@
 #!/bin/bash
-# Makes the Debian packages of a build, unpacks them into a folder, and uses what lies there as a host
-# and a user would: reads the metadata, builds and runs the small host, starts the workbench.
+# Makes the Debian packages of a build, unpacks them into a folder, and uses them as a host and a
+# user would: reads the metadata, builds and runs the small host, starts the workbench.
 # Usage: check-install.sh BUILD-FOLDER COMPILER FLAGS
 set -euo pipefail
 build=$1
@@ -17,7 +17,7 @@ fail() {
     exit 1
 }
 
-# Not compressed well, but soon.
+# Fast compression is enough here.
 (cd "$build" && cpack -G DEB -B "$work/packages" -D CPACK_DEBIAN_COMPRESSION_TYPE=gzip) >"$work/cpack" 2>&1 \
     || fail "no packages" "$work/cpack"
 for name in trackingsettings trackingsettings-dev trackingsettings-workbench; do

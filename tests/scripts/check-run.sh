@@ -1,6 +1,6 @@
 #!/bin/bash
 # Checks the command `run` in a copy of its own, with stand-ins for the build tools and the package
-# manager that write down how they were called.
+# manager that record their calls.
 set -euo pipefail
 project=$(readlink -f "$(dirname "${BASH_SOURCE[0]}")/../..")
 work=$(mktemp -d)
@@ -21,7 +21,7 @@ stand_in() {
     chmod +x "$work/bin/$1"
 }
 
-# Runs the copy's `run` from another folder; leaves its output and its exit status.
+# Runs the copy's `run` from another folder; stores its output and its exit status.
 start() {
     : >"$work/calls"
     status=0
@@ -49,7 +49,7 @@ stand_in apt-get 'echo "apt-get $*" >>"$WORK/calls"
 [[ -e $WORK/updated ]] || exit 100
 touch "$WORK/installed"'
 stand_in sudo 'exec "$@"'
-# The build tool: a file says that something is out of date.
+# The build tool; a file says that something is out of date.
 stand_in ninja '[[ -e $WORK/outdated ]] && echo "[1/2] Building x" || echo "ninja: no work to do."'
 working_cmake='echo "cmake $* in $PWD" >>"$WORK/calls"
 if [[ $* == *--build* ]]; then
@@ -99,7 +99,7 @@ echo "CMAKE_HOME_DIRECTORY:INTERNAL=$work/moved" >"$build/CMakeCache.txt"
 start
 called "cmake --preset release --fresh" || fail "a copied tree was not configured from scratch"
 
-# A file in the place of the folder holds off everybody, the superuser included.
+# A file in the place of the folder prevents writing even for the superuser.
 rm -rf "$work/copy/build" && touch "$work/copy/build"
 start
 [[ $status == 2 ]] || fail "where nothing can be written the exit status is $status"

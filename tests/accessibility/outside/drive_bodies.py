@@ -16,7 +16,7 @@ from gi.repository import GLib
 # The longest wait for the other process, which may be slow where the machine is busy.
 PATIENCE_S = 60
 LOOK_EVERY_S = 0.1
-# The longest wait for one answer; that of an action is short, see act().
+# The longest wait for one answer; for an action it is short, see act().
 ANSWER_MS = 15000
 ACTION_MS = 1000
 
@@ -48,7 +48,7 @@ def wait_for(what, look, patience_s=PATIENCE_S):
 
 
 def children(parent):
-    # Asked each time: nothing here runs the main loop that would keep a cache fresh.
+    # Queried each time, because no main loop runs here that would update a cache.
     parent.clear_cache()
     found = [parent.getChildAtIndex(i) for i in range(parent.childCount)]
     return [child for child in found if child]
@@ -80,7 +80,7 @@ def act(widget, *names):
     action = widget.queryAction()
     for i in range(action.nActions):
         if action.getName(i) in names:
-            # What it opens is modal, so that the answer would come when it is closed.
+            # The action may open a modal dialog, and the answer would then come only after its end.
             pyatspi.setTimeout(ACTION_MS, 0)
             try:
                 action.doAction(i)

@@ -1,17 +1,18 @@
 #!/bin/bash
-# Runs a script that drives the workbench from another process, as a screen reader sees it: on a
-# virtual X server and with a session bus and a home folder of its own.
+# Runs a script that drives the workbench from another process, as a screen reader does, on a
+# virtual X server and with a separate session bus and home folder.
 # Usage: run.sh WORKBENCH SCRIPT
 set -euo pipefail
 
 workbench=$1
 script=$2
-# The bindings belong to the distribution's own interpreter, whatever else is installed.
+# The bindings are installed for the distribution's own interpreter, even if there are others.
 python=/usr/bin/python3
 
 folder=$(mktemp -d)
 mkfifo "$folder/display"
-# The server would start again when its last window closes, which happens while the bus starts.
+# Without the option the server would start again when its last window closes, which happens while
+# the bus starts.
 Xvfb -displayfd 3 -screen 0 1920x1080x24 -nolisten tcp -noreset \
     3>"$folder/display" 2>"$folder/xvfb.log" &
 server=$!
