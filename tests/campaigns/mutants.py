@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
-"""Breaks single lines of the module and looks whether a test notices.
+"""Breaks single lines of the module and checks whether a test notices.
 
-Works on a copy of the sources below build/mutants, so that the tree itself stays as it is. Each
-sampled mutant is compiled and the test classes are run until one fails. What survives is listed with
-its change: either a test is missing, or the change means nothing, which a person has to decide.
+Works on a copy of the sources below build/mutants, so that the tree itself does not change. Each
+sampled mutant is compiled and the test classes are run until one fails. Survivors are listed with
+their change: either a test is missing, or the change has no effect, which a person has to decide.
 
 Usage: tests/campaigns/mutants.py [--count N] [--seed N] [--files PATTERN] [--minutes N]
 """
@@ -53,7 +53,7 @@ def masked(line):
 
 
 def mutants_of(path):
-    """Every (line number, changed line, what was done) of a source."""
+    """Every mutant of a source as (line number, changed line, description of the change)."""
     found = []
     lines = path.read_text().split("\n")
     in_comment = False
@@ -85,7 +85,7 @@ def mutants_of(path):
 
 
 def prepare():
-    """The copy of the sources, configured and built once."""
+    """Copies the sources, configures and builds the copy once, and returns it."""
     COPY.mkdir(parents=True, exist_ok=True)
     for name in COPIED:
         source = ROOT / name
@@ -108,7 +108,7 @@ def prepare():
 
 
 def build():
-    """False when the sources do not compile."""
+    """Builds the copy; False when it does not compile."""
     done = subprocess.run(["cmake", "--build", BUILD, "--target", *PROGRAMS, *PLUGIN_TESTS],
                           stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
     return done.returncode == 0

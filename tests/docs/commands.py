@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Runs the commands of the pages, so that none goes stale.
+"""Runs the commands of the pages, so that none becomes outdated.
 
 A block of commands is fenced as "sh test", or as "sh slow" when it takes long; a block fenced as
 "sh" alone fails, and so does one that is indented only. The blocks run in a copy of the sources.
@@ -89,7 +89,7 @@ def blocks():
 
 
 def unfenced():
-    """The places of blocks that are indented only; paragraphs of a list are none."""
+    """The places of blocks that are only indented; paragraphs of a list do not count."""
     for page in pages():
         text = page.read_text(encoding="utf-8")
         for block in INDENTED.finditer(text):
@@ -144,7 +144,7 @@ def prepared(folder, workbench):
 
 
 def output_of_failure(text, folder, environment):
-    """What failing commands printed with their status; nothing when they succeed."""
+    """The output and status of commands that fail; nothing when they succeed."""
     result = subprocess.run(
         ["bash", "-euo", "pipefail", "-c", text],
         cwd=folder / "copy",

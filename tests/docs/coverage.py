@@ -82,13 +82,13 @@ def commands():
 
 
 def find(known, access, line):
-    """The command of a line; of several the one with the most fixed words."""
+    """The command of a line; if several match, the one with the most fixed words."""
     fitting = [one for one in known if one.access == access and one.line.fullmatch(line.strip())]
     return max(fitting, key=Command.literals, default=None)
 
 
 def record(workbench, arguments, name, known, swept):
-    """Plays a script and enters what it asked for."""
+    """Plays a script and enters its commands."""
     environment = dict(os.environ, QT_QPA_PLATFORM="offscreen")
     with tempfile.TemporaryDirectory() as folder:
         file = pathlib.Path(folder) / "recording"
@@ -117,7 +117,7 @@ def play(workbench, known):
 
 
 def read_page(known):
-    """The columns that only a recording gives, from the page; answers what is wrong with its rows."""
+    """Reads the columns that only a recording gives from the page; returns the mistakes of its rows."""
     text = PAGE.read_text(encoding="utf-8")
     rows = {(row[0], row[1]): row for row in
             ([cell.strip(" `") for cell in line.split("|")[1:-1]] for line in text.splitlines()

@@ -53,7 +53,7 @@ def untranslated_texts():
 
 
 def patterns(texts):
-    """One expression for all texts; a text of little but placeholders would match anything."""
+    """One expression for all texts, except those with few letters, which would match any text."""
     with_words = [
         text
         for text in texts
@@ -90,7 +90,7 @@ def problems_of(page, texts, log_lines):
 
 
 def problems_of_pictures():
-    """What the script that takes the pictures has to do with the tour and the files."""
+    """The contradictions between the script that takes the pictures, the tour and the files."""
     script = (GUIDE / "make-pictures.sh").read_text(encoding="utf-8")
     tour = "".join(
         path.read_text(encoding="utf-8")

@@ -52,14 +52,14 @@ def expected_keys():
 
 
 def cells(line):
-    """The cells of a row that describes a message, or nothing."""
+    """The cells of a row that describes a message; nothing for other rows."""
     if not re.match(r"\| (`|\*\*)", line):
         return None
     return [cell.strip() for cell in line.strip().strip("|").split("|")]
 
 
 def compared(page, expected):
-    """The problems of a page, and the page as it would be without them."""
+    """The problems of a page, and the page without them."""
     problems = []
     kept = []
     known = set()

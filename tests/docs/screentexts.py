@@ -1,4 +1,4 @@
-"""Reads from the sources what the module shows on the screen and writes into the message log."""
+"""Reads from the sources the texts that the module shows and those that it writes into the log."""
 
 import functools
 import pathlib
@@ -90,7 +90,7 @@ def module_sources():
 
 @functools.lru_cache(maxsize=None)
 def module_literals():
-    """The literals of the module with the file each one is in."""
+    """The literals of the module, each with its file."""
     return [
         (path, literal)
         for path in module_sources()
@@ -108,7 +108,7 @@ def form_texts():
 
 
 def catalogue(language):
-    """The translations of a language's catalogue, by what they translate."""
+    """The translations of a language's catalogue, by their source texts."""
     path = PROJECT / "translations" / f"trackingsettings_{language}.ts"
     pairs = {}
     for message in ElementTree.parse(path).iter("message"):
@@ -119,7 +119,7 @@ def catalogue(language):
 
 
 def shown(text):
-    """A text as it is read on the screen: one line, without markup and without shortcut marks."""
+    """A text as the screen shows it: on one line, without markup and without marks of access keys."""
     if "<" in text and ">" in text and re.search(r"</?[a-zA-Z][^<>]*>", text):
         text = re.sub(r"<[^<>]*>", " ", text)
         for entity, sign in (("&nbsp;", " "), ("&lt;", "<"), ("&gt;", ">"), ("&amp;", "&")):
@@ -149,6 +149,6 @@ def shown_line(literal):
 
 
 def pattern(text):
-    """A text with its placeholders open."""
+    """An expression for a text, in which any text fits the placeholders."""
     parts = re.split(r"%\d+|%n", text)
     return ".+".join(re.escape(part) for part in parts)

@@ -30,11 +30,11 @@ WRITES = [
 
 
 class Failure(Exception):
-    """What did not come about."""
+    """An expectation that does not hold."""
 
 
 def wait_for(what, look, patience_s=PATIENCE_S):
-    """The first true result of look(); a failure when none comes."""
+    """The first true result of look(); raises Failure when there is none in time."""
     end = time.monotonic() + patience_s
     while time.monotonic() < end:
         try:
@@ -55,7 +55,7 @@ def children(parent):
 
 
 def descendants(root):
-    """Everything below an object but the cells of its tables, which are many."""
+    """All objects below an object, except the cells of its tables, which are many."""
     for child in children(root):
         yield child
         if child.getRole() not in (pyatspi.ROLE_TABLE, pyatspi.ROLE_TREE):
@@ -113,7 +113,7 @@ def cell_of(table, row, title):
 
 
 class Recording:
-    """What the workbench writes down of each operation."""
+    """The recording in which the workbench writes each operation."""
 
     def __init__(self, path):
         self.path = pathlib.Path(path)
@@ -133,7 +133,7 @@ class Recording:
 
 
 class Focus:
-    """The object that has the focus: to the bus an editor is no child of the table it is in."""
+    """The object that has the focus; on the bus an editor is not a child of its table."""
 
     def __init__(self):
         self.source = None
@@ -151,7 +151,7 @@ class Focus:
 
 
 class Alerts:
-    """The names of the alerts that came into view."""
+    """The names of the alerts that have been shown."""
 
     def __init__(self):
         self.names = []
@@ -195,7 +195,7 @@ def change_filter(host, dialog, recording):
 
 
 def check_room(dialog):
-    """The dialog opens with room for its tables where the screen has it."""
+    """Checks that the dialog opens with room for its tables, if the screen has that room."""
     around = dialog.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
     for name in ("Available standard bodies", "Available targets from target library"):
         table = await_one(dialog, pyatspi.ROLE_TABLE, name)
