@@ -1,6 +1,8 @@
 #include "FaultEngine.h"
 #include "administrationfixture.h"
 
+#include <QComboBox>
+
 namespace {
 
 const QString countQuery = QStringLiteral("body number_of_bodies standard");

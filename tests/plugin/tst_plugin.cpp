@@ -7,12 +7,29 @@
 #include <QDialog>
 #include <QJsonArray>
 #include <QJsonObject>
+#include <QPixmapCache>
 #include <QPointer>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
 
+#include <malloc.h>
+
+#if defined(__SANITIZE_ADDRESS__)
+extern "C" size_t __sanitizer_get_current_allocated_bytes(); // the compiler ships no header for it
+#endif
+
 namespace {
+
+/** Memory that the process has allocated and not freed. */
+qint64 allocatedBytes()
+{
+#if defined(__SANITIZE_ADDRESS__)
+    return qint64(__sanitizer_get_current_allocated_bytes());
+#else
+    return qint64(mallinfo2().uordblks);
+#endif
+}
 
 QStringList *warnings = nullptr;
 QtMessageHandler previousHandler = nullptr;
@@ -66,6 +83,7 @@ private slots:
     void parentMayBeDeletedBeforeTheShutDown();
     void unloadingWithoutExitLeavesTheDialogsToTheirParent();
     void loadUseUnloadTwice();
+    void loadingAgainAndAgainKeepsNoMemory();
     void exitAndUnloadAroundAnOperation();
 
 private:
@@ -445,6 +463,32 @@ void tst_plugin::loadUseUnloadTwice()
         // What was posted to objects of the plug-in must not be delivered to unloaded code.
         QCoreApplication::processEvents();
     }
+}
+
+/** TRACKING_LOAD_CYCLES in the environment says how often; tests/campaigns/loadcycles.sh does. */
+void tst_plugin::loadingAgainAndAgainKeepsNoMemory()
+{
+    // In the first rounds the toolkit fills its caches.
+    constexpr int firstRounds = 5;
+    // About 5 KB are the toolkit's: gestures of scroll areas that are gone, keys of cached pixmaps.
+    constexpr qint64 mostBytesOfARound = 8 * 1024;
+    const int rounds = qMax(20, qEnvironmentVariableIntValue("TRACKING_LOAD_CYCLES"));
+    PluginHost host;
+    qint64 before = 0;
+    for (int round = 0; round < firstRounds + rounds; ++round) {
+        if (round == firstRounds)
+            before = allocatedBytes();
+        const QList<_GuiElement *> elements = host.start();
+        QCOMPARE(host.openAndClose(elements.at(1)), QStringLiteral("Body Administration"));
+        QCOMPARE(host.openAndClose(elements.at(0)), QStringLiteral("Single Markers"));
+        QVERIFY(host.shutDown());
+        host.io->clearTranscript();
+        QCoreApplication::processEvents();
+        QPixmapCache::clear(); // it has a limit, which a thousand rounds reach
+    }
+    const qint64 growth = (allocatedBytes() - before) / rounds;
+    qInfo("%d rounds, %lld bytes more after each", rounds, static_cast<long long>(growth));
+    QVERIFY2(growth <= mostBytesOfARound, qPrintable(QString::number(growth)));
 }
 
 void tst_plugin::exitAndUnloadAroundAnOperation()
