@@ -85,8 +85,8 @@ public:
     };
 
     /**
-     * @param warmupRuleMet inertial sensors are there and their warm-up does not run
-     * @param registry      while it is locked, nothing is editable or live; outlives the filler
+     * @param warmupRuleMet true when inertial sensors exist and are not warming up
+     * @param registry      while it is locked, no cell can be edited or pressed; outlives the filler
      */
     BodyTableFiller(const BodyTableIcons &icons, bool warmupRuleMet, const BodyRegistry &registry,
                     const Allowed &allowed)
