@@ -86,7 +86,8 @@ public:
 
     /**
      * @param warmupRuleMet true when inertial sensors exist and are not warming up
-     * @param registry      while it is locked, no cell can be edited or pressed; outlives the filler
+     * @param registry      while it is locked, no cell can be edited or pressed; outlives the
+     * filler
      */
     BodyTableFiller(const BodyTableIcons &icons, bool warmupRuleMet, const BodyRegistry &registry,
                     const Allowed &allowed)
