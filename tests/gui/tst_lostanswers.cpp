@@ -39,7 +39,7 @@ private slots:
     void whatWasReadIsNotAskedAgain();
 
 private:
-    /** The operation fails at two polls in a row, and once more after one that succeeded. */
+    /** Lets the operation fail at two polls in a row, and once more after a poll that succeeds. */
     static void pollTwiceInVain(TestHost &host, QWidget *window, const QString &operation,
                                 const QStringList &lines)
     {
@@ -134,7 +134,7 @@ void tst_LostAnswers::wrongCountLeavesNoTrace()
     int maximum = 0;
     openAgain(host, &dialog,
               [&](QWidget *window, QTableWidget *) { maximum = countBox(window)->maximum(); });
-    // Without a limit, the wrong count cannot be known for one.
+    // Without a limit, the dialog cannot recognise the count as wrong.
     host.fault(QStringLiteral("get standard max_number_of_bodies always fail"));
     host.fault(QStringLiteral("get %1 always answer \"9999\"").arg(countQuery));
     host.clear();
@@ -349,7 +349,7 @@ void tst_LostAnswers::lostCustomStatesAreLoggedOnce()
     });
     open(host, [&](QWidget *window, QTableWidget *) {
         pollTwiceInVain(host, window, operation, lines);
-        // What the operator asks for has its line each time.
+        // Every failure of a command by the operator is logged.
         host.fault(operation + QStringLiteral(" always fail"));
         auto *box = Drive::find<QComboBox>(page(window), "comboBox_filter");
         Drive::choose(box, QStringLiteral("Cross Target"));

@@ -36,7 +36,7 @@ QtMessageHandler previousHandler = nullptr;
 
 void noteWarning(QtMsgType type, const QMessageLogContext &context, const QString &text)
 {
-    // The offscreen platform says this of every dialog it shows.
+    // The offscreen platform writes this for every dialog.
     const bool ofPlatform = text.contains(QLatin1String("propagateSizeHints"));
     if (type != QtDebugMsg && type != QtInfoMsg && warnings && !ofPlatform)
         warnings->append(text);
@@ -53,7 +53,7 @@ QStringList lines(const SimulatedIOManager &io)
 
 } // namespace
 
-/** The plug-in as a host sees it: one file, its metadata and one interface. */
+/** The plug-in as a host sees it: a file, its metadata and one interface. */
 class tst_plugin : public QObject {
     Q_OBJECT
 
@@ -226,7 +226,7 @@ void tst_plugin::slotsNamedAfterBoxesAreSlots()
 {
     PluginHost host;
     const QList<_GuiElement *> elements = host.start();
-    // With Qt 6 they are connected by hand, since boxes have no such signal there.
+    // With Qt 6 the slots are connected by hand, since boxes have no such signal there.
     const int expected = QT_VERSION_MAJOR == 5 ? 1 : 0;
     const auto count = [](const QObject *receiver, const char *slot) {
         return receiver->metaObject()->indexOfSlot(slot) >= 0 ? 1 : 0;
@@ -296,7 +296,7 @@ void tst_plugin::parametersOfAnotherKindAreStoredAsNothing()
     QObject noWidget;
     ModuleInterface *module = host.module();
     QVERIFY(module);
-    // The right spelling with the right object, overridden below where the row says so.
+    // First the right key with the right object; the row may replace it below.
     module->set_param(QStringLiteral("CommandManager"),
                       QVariant::fromValue(static_cast<IOManager *>(host.io.get())));
     module->set_param(QStringLiteral("BackendVersions"), QVariant::fromValue(&host.versions));
@@ -403,7 +403,7 @@ void tst_plugin::exitDeletesTheDialogsAndKeepsTheActions()
     QVERIFY(!elements.at(0)->content);
     QVERIFY(!elements.at(1)->content);
     QVERIFY(action);
-    action->trigger(); // leads nowhere now
+    action->trigger(); // opens nothing now
     host.module()->exit_module();
 
     QVERIFY(host.loader.unload());
@@ -427,7 +427,7 @@ void tst_plugin::parentMayBeDeletedBeforeTheShutDown()
     QVERIFY(!elements.at(1)->content);
     QCOMPARE(host.io->receiverCount("GlobalEvent"), 0);
     QCOMPARE(host.io->receiverCount("BodyAdministrationModule"), 0);
-    elements.at(1)->menu_entry->trigger(); // leads nowhere now
+    elements.at(1)->menu_entry->trigger(); // opens nothing now
     module->about_to_exit_module();
     module->exit_module();
     QVERIFY(host.loader.unload());
@@ -439,7 +439,7 @@ void tst_plugin::unloadingWithoutExitLeavesTheDialogsToTheirParent()
     const QPointer<QWidget> dialog = host.start().at(0)->content;
     QObject *instance = host.loader.instance();
     host.module()->about_to_exit_module();
-    delete instance; // as a host that destroys the module itself
+    delete instance; // as a host does that destroys the module itself
     QVERIFY(dialog);
     QCOMPARE(dialog->parentWidget(), &host.mainWindow);
     qDeleteAll(host.mainWindow.findChildren<QDialog *>(QString(), Qt::FindDirectChildrenOnly));
@@ -460,7 +460,7 @@ void tst_plugin::loadUseUnloadTwice()
         QVERIFY(!host.loader.isLoaded());
         QCOMPARE(host.mainWindow.findChildren<QDialog *>().size(), 0);
         QCOMPARE(host.io->receiverCount("GlobalEvent"), 0);
-        // What was posted to objects of the plug-in must not be delivered to unloaded code.
+        // Events that were posted to objects of the plug-in must not be delivered to unloaded code.
         QCoreApplication::processEvents();
     }
 }
@@ -514,7 +514,7 @@ void tst_plugin::exitAndUnloadAroundAnOperation()
     QVERIFY(hasLeft);
     QVERIFY(!elements.at(1)->content);
     QCOMPARE(lines(*host.io), QStringList());
-    // The combo box outlived the dialog to the end of its event; nothing of it is left behind.
+    // The combo box outlived the dialog until the end of its event, and has been deleted since.
     QVERIFY(host.loader.unload());
     QCoreApplication::processEvents();
 }
