@@ -8,6 +8,8 @@
 #include "WorkbenchSession.h"
 #include "WorkbenchTime.h"
 
+#include <algorithm>
+
 namespace {
 
 CommandAccess accessOf(const TranscriptEntry &entry)
@@ -45,6 +47,16 @@ QString differences(const ScriptContext &context)
                              .arg(lines.join(QStringLiteral("; ")));
 }
 
+/** True when a query repeats a name that an earlier answer gave, however odd a fault made it. */
+bool isAboutAnAnswer(const QVector<TranscriptEntry> &transcript, int query)
+{
+    return std::any_of(transcript.begin(), transcript.begin() + query,
+                       [&](const TranscriptEntry &earlier) {
+                           return LineChecks::repeats(transcript.at(query),
+                                                      QString::fromUtf8(earlier.answer).trimmed());
+                       });
+}
+
 /**
  * What is wrong with the operations of the last line or with the controller's state; empty when
  * nothing is.
@@ -56,7 +68,7 @@ QString unsoundness(const ScriptContext &context)
     const qint64 fresh = io->operationCount() - context.operationsAtLine;
     for (int i = int(qMax<qint64>(0, all.size() - fresh)); i < all.size(); ++i) {
         const QString problem = LineChecks::malformation(all.at(i));
-        if (!problem.isEmpty())
+        if (!problem.isEmpty() && !isAboutAnAnswer(all, i))
             return problem;
     }
     Scenario scenario;
@@ -76,6 +88,14 @@ QString LineChecks::afterLine(const ScriptContext &context)
     if (!difference.isEmpty() || !context.checksSoundness)
         return difference;
     return unsoundness(context);
+}
+
+bool LineChecks::repeats(const TranscriptEntry &query, const QString &answer)
+{
+    const QString question = QString::fromUtf8(query.line);
+    const QString word = question.section(QLatin1Char(' '), -1);
+    return query.isGet() && !answer.isEmpty()
+           && (question.contains(answer) || answer.split(QLatin1Char(' ')).contains(word));
 }
 
 QString LineChecks::malformation(const TranscriptEntry &entry)

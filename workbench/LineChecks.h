@@ -19,5 +19,7 @@ QString afterLine(const ScriptContext &context);
  * or a text in the place of a number. Empty when the line is well-formed.
  */
 QString malformation(const TranscriptEntry &entry);
+/** True for a query about a name as the answer gives it, or about its last word. */
+bool repeats(const TranscriptEntry &query, const QString &answer);
 
 } // namespace LineChecks

@@ -149,19 +149,11 @@ bool isNameOfBody(const TranscriptEntry &entry)
     return entry.isGet() && match.entry && QByteArray(match.entry->pattern) == "body desc TYPE bNN";
 }
 
-/** True when a query repeats the answer, which is a name, or the last word of the answer. */
-bool repeats(const QString &question, const QString &answer)
-{
-    const QString word = question.section(QLatin1Char(' '), -1);
-    return !answer.isEmpty()
-           && (question.contains(answer) || answer.split(QLatin1Char(' ')).contains(word));
-}
-
 QStringList malformations(const QVector<TranscriptEntry> &transcript, const QString &answer)
 {
     QStringList found;
     for (const TranscriptEntry &entry : transcript) {
-        if (entry.isGet() && repeats(QString::fromUtf8(entry.line), answer))
+        if (LineChecks::repeats(entry, answer))
             continue;
         const QString problem = LineChecks::malformation(entry);
         if (!problem.isEmpty() && !found.contains(problem))

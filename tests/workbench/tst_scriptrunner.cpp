@@ -34,6 +34,7 @@ private slots:
     void secondClientByScript();
     void keysGoToAnyWidget();
     void soundnessIsWatched();
+    void soundnessForgivesANameThatAFaultMadeUp();
     void statePaths();
     void tickFiresHeldTimers();
     void oracleSeesForeignChanges();
@@ -382,6 +383,16 @@ void tst_ScriptRunner::soundnessIsWatched()
              QStringLiteral("s:2: expected a sound controller, found state.trackingReference: "
                             "expected type and number of a body, such as \"standard b03\", found "
                             "\"standard b99\""));
+}
+
+/** The dialog has to ask about a preset by the name that it was given. */
+void tst_ScriptRunner::soundnessForgivesANameThatAFaultMadeUp()
+{
+    QCOMPARE(run("sound on\nmenu \"Body administration\"\n"
+                 "fault \"get filter6d preset_id* answer \\\"odd name\\\"\"\nmark\n"
+                 "click pushButton_filter\nexpect command \"filter6d preset_desc odd name\"\n"
+                 "click pushButton_exit\nclick pushButton_exit\n"),
+             QString());
 }
 
 void tst_ScriptRunner::statePaths()
