@@ -25,6 +25,7 @@ private slots:
     void targetTableMayComeFirst();
     void registeringAgainForgetsTheBodies();
     void linkEndsWithTheRecords();
+    void unknownTypesAreNotAskedFor();
 };
 
 void tst_BodyRecords::targetTableMayComeFirst()
@@ -68,6 +69,22 @@ void tst_BodyRecords::linkEndsWithTheRecords()
     QVERIFY(!link.command("morvek2 cal targetlib stop"));
     QCOMPARE(link.text("status active").has_value(), false);
     link.log(QStringLiteral("too late"));
+    QCOMPARE(host.lines(), QStringList());
+    QCOMPARE(host.log(), QStringList());
+}
+
+void tst_BodyRecords::unknownTypesAreNotAskedFor()
+{
+    TestHost host;
+    Records records(ControllerLink(&host.io, &host.versions));
+    host.clear();
+    records.updateBodyInfo(standard, 0);
+    records.updateBodyFilter6dPreset(standard, 0);
+    records.updateNumberOfInertialSensors(standard);
+    records.unregisterBodyType(standard);
+    QVERIFY(!records.is_hybridbodycalibration_available(standard, -1));
+    QVERIFY(!records.isBodyTypeRegistered(standard));
+    QCOMPARE(records.readMissingOfTypes(), QStringList());
     QCOMPARE(host.lines(), QStringList());
     QCOMPARE(host.log(), QStringList());
 }
