@@ -57,6 +57,9 @@ private slots:
     void switchesBodies();
     void reportsRefusedSwitch_data();
     void reportsRefusedSwitch();
+    void sendsNothingForWhatItDoesNotKnow();
+    void clearsTheReferenceOnlyWhenThereIsOne_data();
+    void clearsTheReferenceOnlyWhenThereIsOne();
 };
 
 void tst_BodyCommands::resetsToLibrary_data()
@@ -398,6 +401,47 @@ void tst_BodyCommands::reportsRefusedSwitch()
     QVERIFY(!commands.switchBodies("joywand", 1, 0));
     QCOMPARE(host.lines(), QStringList{"morvek2 body switch joywand b02 joywand b01"});
     QCOMPARE(host.log(), QStringList{"Error: Unable to switch bodies"});
+}
+
+void tst_BodyCommands::sendsNothingForWhatItDoesNotKnow()
+{
+    TestHost host(studio());
+    const BodyCommands commands(ControllerLink(&host.io, &host.versions));
+    QVERIFY(!commands.setCount("glove", 2));
+    QCOMPARE(host.log(), QStringList());
+    QVERIFY(!commands.setReference("joywand", 0));
+    QCOMPARE(host.log(), QStringList{"Error: Unable to set body joywand b01 as reference body"});
+    QCOMPARE(host.lines(), QStringList());
+}
+
+void tst_BodyCommands::clearsTheReferenceOnlyWhenThereIsOne_data()
+{
+    QTest::addColumn<QString>("fault");
+    QTest::addColumn<bool>("done");
+    QTest::addColumn<QStringList>("writes");
+    QTest::addColumn<QStringList>("log");
+    const QStringList write{" tracking reference none"};
+    const QStringList error{"Error: Unable to de-activate the reference body"};
+    QTest::newRow("one") << "" << true << write << QStringList();
+    QTest::newRow("none") << "get tracking reference answer \"none\"" << true << QStringList()
+                          << QStringList();
+    QTest::newRow("unknown") << "get tracking reference fail" << false << QStringList() << error;
+    QTest::newRow("refused") << "set tracking reference* refuse" << false << write << error;
+}
+
+void tst_BodyCommands::clearsTheReferenceOnlyWhenThereIsOne()
+{
+    QFETCH(QString, fault);
+    QFETCH(bool, done);
+    QFETCH(QStringList, writes);
+    QFETCH(QStringList, log);
+    TestHost host(studio());
+    if (!fault.isEmpty())
+        host.fault(fault);
+    QCOMPARE(BodyCommands(ControllerLink(&host.io, &host.versions)).clearReference(), done);
+    QCOMPARE(host.queries(), QStringList{"tracking reference"});
+    QCOMPARE(host.writes(), writes);
+    QCOMPARE(host.log(), log);
 }
 
 TRACKING_TEST_MAIN(tst_BodyCommands)

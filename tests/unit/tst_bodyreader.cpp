@@ -88,6 +88,8 @@ private slots:
     void numbersBodies();
     void knowsTheWarmupRule_data();
     void knowsTheWarmupRule();
+    void knowsWhetherASensorIsPresent_data();
+    void knowsWhetherASensorIsPresent();
 };
 
 void tst_BodyReader::readsTypes_data()
@@ -560,6 +562,51 @@ void tst_BodyReader::knowsTheWarmupRule()
         host.fault(rule);
     QTEST(BodyReader(ControllerLink(&host.io, &host.versions)).isWarmupRuleMet(), "met");
     QTEST(host.lines(), "queries");
+}
+
+void tst_BodyReader::knowsWhetherASensorIsPresent_data()
+{
+    QTest::addColumn<QString>("fault");
+    QTest::addColumn<QString>("type");
+    QTest::addColumn<int>("index");
+    QTest::addColumn<bool>("isPresent");
+    QTest::addColumn<int>("queries");
+    QTest::addColumn<QString>("log");
+    const QString error = QStringLiteral("Error: Unable to get ");
+    const auto row = [](const char *name, const char *fault, bool isPresent, int queries,
+                        const QString &log) {
+        QTest::newRow(name) << fault << "standard" << 3 << isPresent << queries << log;
+    };
+    row("present", "", true, 3, QString());
+    row("no sensor", "get body inertial_sensor* empty", false, 2, QString());
+    row("no sensors", "get inertial available answer \"no\"", false, 1, QString());
+    row("availability unread", "get inertial available fail", false, 1,
+        error + "availability of inertial sensors");
+    row("sensor unread", "get body inertial_sensor* fail", false, 2,
+        error + "inertial sensor of body standard b04");
+    row("presence unread", "get inertial sensor_present* fail", false, 3,
+        error + "presence of inertial sensor vendorone mini 'A7'");
+    QTest::newRow("no index") << ""
+                              << "standard" << -1 << false << 0 << QString();
+    QTest::newRow("no type") << ""
+                             << "" << 3 << false << 0 << QString();
+}
+
+void tst_BodyReader::knowsWhetherASensorIsPresent()
+{
+    QFETCH(QString, fault);
+    QFETCH(QString, type);
+    QFETCH(int, index);
+    QFETCH(bool, isPresent);
+    QFETCH(int, queries);
+    QFETCH(QString, log);
+    TestHost host(studio());
+    if (!fault.isEmpty())
+        host.fault(fault);
+    const BodyReader reader(ControllerLink(&host.io, &host.versions));
+    QCOMPARE(reader.isSensorPresent(type, index), isPresent);
+    QCOMPARE(host.lines().size(), queries);
+    QCOMPARE(host.log().join(QLatin1Char('|')), log);
 }
 
 TRACKING_TEST_MAIN(tst_BodyReader)

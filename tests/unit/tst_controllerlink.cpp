@@ -37,6 +37,7 @@ private slots:
     void formatsBodyNumbers();
     void carriesTextUnchanged_data();
     void carriesTextUnchanged();
+    void sendsLongLinesWhole();
     void refusesLinesThatWouldBreak_data();
     void refusesLinesThatWouldBreak();
     void readsLongAnswers_data();
@@ -143,6 +144,15 @@ void tst_ControllerLink::carriesTextUnchanged()
     const auto answer = link.text("body desc standard b01");
     QVERIFY(answer.has_value());
     QCOMPARE(*answer, text);
+}
+
+void tst_ControllerLink::sendsLongLinesWhole()
+{
+    const QString name(1000, QLatin1Char('x'));
+    TestHost host;
+    const ControllerLink link(&host.io, &host.versions);
+    link.set("body desc standard b01 \"%s\"", ControllerLink::argument(name).constData());
+    QCOMPARE(host.writes(), QStringList{"body desc standard b01 \"" + name + "\""});
 }
 
 void tst_ControllerLink::refusesLinesThatWouldBreak_data()
