@@ -1,5 +1,7 @@
 #include "BodyTypeAdministrationTab.h"
 #include "administrationfixture.h"
+#include "bodies/bodyquestions.h"
+#include "bodies/bodyregistry.h"
 
 namespace {
 
@@ -31,6 +33,7 @@ private slots:
     void oldProtocolMovesNothing();
     void dialogDeletedInMove();
     void operationsRefuseBodiesThatAreNotThere();
+    void finishedDeletionShowsNoFailure();
 };
 
 // Reset
@@ -418,6 +421,15 @@ void tst_BodyActions::operationsRefuseBodiesThatAreNotThere()
         QCOMPARE(host.lines(), QStringList());
     });
     dialog.update_and_exec();
+}
+
+void tst_BodyActions::finishedDeletionShowsNoFailure()
+{
+    TestHost host;
+    const BodyRegistry registry;
+    const BodyQuestions questions(nullptr, ControllerLink(&host.io, &host.versions), registry);
+    QVERIFY(questions.showDeleteFailed("standard", 0, BodyCommands::DeleteStep::Done));
+    QCOMPARE(robot().boxes(), QStringList());
 }
 
 TRACKING_TEST_MAIN(tst_BodyActions)
