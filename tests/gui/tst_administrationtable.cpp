@@ -94,6 +94,7 @@ void tst_AdministrationTable::saysWhatToDoWhileItIsEmpty()
     table.setHint(QStringLiteral("Start a search to list targets"));
     QVERIFY(table.grab().toImage() != silent);
     QCOMPARE(table.accessibleDescription(), QStringLiteral("Start a search to list targets"));
+    QCOMPARE(table.property("hint").toString(), table.accessibleDescription());
     table.setColumnCount(1);
     table.setRowCount(1);
     const QImage withRow = table.grab().toImage();
@@ -131,24 +132,34 @@ void tst_AdministrationTable::wantsRoomForWholeNames()
 void tst_AdministrationTable::cutTextsHaveAToolTip_data()
 {
     QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("own");
+    QTest::addColumn<int>("visibleHeight");
     QTest::addColumn<QString>("shown");
-    QTest::newRow("short") << "Cap" << QString();
+    constexpr int whole = 100;
+    constexpr int part = 12;
+    QTest::newRow("short") << "Cap" << QString() << whole << QString();
+    QTest::newRow("short, cut by the edge") << "Cap" << QString() << part << "Cap";
+    QTest::newRow("none") << QString() << QString() << part << QString();
     const QString name =
             QStringLiteral("Left arm of the second actor, with the long sleeves on it");
-    QTest::newRow("long") << name << name;
-    QTest::newRow("markup") << "<b>" + name + "</b>"
+    QTest::newRow("long") << name << QString() << whole << name;
+    QTest::newRow("long, with a tool tip of its own") << name << "Own" << whole << "Own";
+    QTest::newRow("markup") << "<b>" + name + "</b>" << QString() << whole
                             << "<span>&lt;b&gt;" + name + "&lt;/b&gt;</span>";
 }
 
 void tst_AdministrationTable::cutTextsHaveAToolTip()
 {
     QFETCH(QString, name);
+    QFETCH(QString, own);
+    QFETCH(int, visibleHeight);
     QFETCH(QString, shown);
     const auto table = filled(name);
-    table->resize(300, 200);
+    table->item(0, NameColumn)->setToolTip(own);
     table->show();
+    table->resize(300, table->horizontalHeader()->height() + visibleHeight);
     QCoreApplication::processEvents();
-    const QPoint place = table->visualItemRect(table->item(0, NameColumn)).center();
+    const QPoint place = table->visualItemRect(table->item(0, NameColumn)).topLeft() + QPoint(5, 5);
     QHelpEvent help(QEvent::ToolTip, place, table->viewport()->mapToGlobal(place));
     QCoreApplication::sendEvent(table->viewport(), &help);
     QCOMPARE(QToolTip::text(), shown);
