@@ -27,6 +27,8 @@ private slots:
     void sendsNothingWithoutBody();
     void reopensOnceAfterTheSenderReturned();
     void reopensWhenAnsweredAtOnce();
+    void reopensAfterTheModulesOwnEventLoop_data();
+    void reopensAfterTheModulesOwnEventLoop();
     void reopenWhileOpenOnlyRefreshes();
     void ignoresOtherMessages_data();
     void ignoresOtherMessages();
@@ -381,6 +383,45 @@ void tst_BodyAdministration::reopensWhenAnsweredAtOnce()
     dialog.update_and_exec();
     Drive::settle();
     QCOMPARE(shownAgain, 1);
+    QVERIFY(!dialog.isVisible());
+}
+
+void tst_BodyAdministration::reopensAfterTheModulesOwnEventLoop_data()
+{
+    QTest::addColumn<bool>("isLeaving");
+    QTest::newRow("the host goes on") << false;
+    QTest::newRow("the host leaves meanwhile") << true;
+}
+
+void tst_BodyAdministration::reopensAfterTheModulesOwnEventLoop()
+{
+    QFETCH(bool, isLeaving);
+    TestHost host;
+    BodyAdministrationDlg dialog(&host.io, &host.mainWindow, &host.versions);
+    announceModules(host);
+    connect(&host.io, &SimulatedIOManager::messageSent, &dialog, [&](const QString &channel) {
+        if (channel != QLatin1String("BodyAdjustmentModule"))
+            return;
+        // The module works in a dialog of its own and asks for the reopening before it returns.
+        host.io.send_message("BodyAdministrationModule", "BodyAdjustmentModule", 1, "reopen");
+        Drive::settle();
+        QVERIFY(!dialog.isVisible());
+        if (isLeaving)
+            dialog.about_to_exit();
+    });
+    robot().expectDialog(QStringLiteral("BodyAdministrationDlg"), [](QWidget *window) {
+        Drive::clickCell(table(window, "tableWidget_standard"), 0, 0);
+        Drive::click(window, "pushButton_body_adjustment");
+    });
+    int shownAgain = 0;
+    if (!isLeaving) {
+        robot().expectDialog(QStringLiteral("BodyAdministrationDlg"), [&](QWidget *window) {
+            ++shownAgain;
+            Drive::click(window, "pushButton_exit");
+        });
+    }
+    dialog.update_and_exec();
+    QCOMPARE(shownAgain, isLeaving ? 0 : 1);
     QVERIFY(!dialog.isVisible());
 }
 

@@ -50,6 +50,7 @@ private slots:
     void refusedName();
     void nullHostObjects();
     void deletedWhileOpen();
+    void visibleDialogIsOnlyRaised();
     void openedAThousandTimes();
 
 private:
@@ -487,6 +488,21 @@ void tst_bodysettingsdlg::deletedWhileOpen()
     dialog.get()->update_and_exec();
     robot().verify();
     QVERIFY(!dialog);
+}
+
+void tst_bodysettingsdlg::visibleDialogIsOnlyRaised()
+{
+    TestHost host(twoBodies());
+    BodySettingsDlg dialog(&host.io, &host.mainWindow, &host.versions, moduleVersion);
+    open(&dialog, [&](QWidget *shown) {
+        tableOf(shown)->item(0, Name)->setText(QStringLiteral("Hat"));
+        host.clear();
+        QCOMPARE(dialog.update_and_exec(), int(QDialog::Rejected));
+        QCOMPARE(host.lines(), QStringList());
+        QCOMPARE(Drive::cell(tableOf(shown), 0, Name), QStringLiteral("Hat"));
+        Drive::click(shown, "pushButton_ok");
+    });
+    QCOMPARE(host.state().bodyTypes["standard"].bodies[0].description, QStringLiteral("Hat"));
 }
 
 void tst_bodysettingsdlg::openedAThousandTimes()

@@ -47,6 +47,22 @@ void tst_Deletion::onThePages_data()
     QTest::addColumn<Deed>("deed");
     for (const char *form : {joywandPage, handsPage, toolsPage})
         QTest::addRow("tab of %s", form) << onFourPages({administration, clickTab(form)});
+    // What becomes available after the dialog was made is registered when its page is shown.
+    Deed late = onFourPages({administration, clickTab(toolsPage)});
+    late.faults = QStringList{"get measurementtool available fail"};
+    QTest::newRow("tab of tools that become available") << late;
+    late.act = clickTab(handsPage);
+    late.faults = QStringList{"get fingertracking available fail"};
+    late.protocol = "1.21";
+    QTest::newRow("tab of hands that become available") << late;
+    const auto letManyUsersIn = [](QWidget *, TestHost &host) {
+        host.edit([](ControllerState &state) {
+            state.multiUserAvailable = state.multiUserWithHeadAvailable = true;
+            state.multiUser = state.multiUserWithHead = true;
+        });
+    };
+    QTest::newRow("tab of joywands with head targets")
+            << Deed{administration, clickTab(joywandPage), letManyUsersIn};
     QTest::newRow("next page by key") << Deed{administration, key(Qt::Key_F8)};
     QTest::newRow("back to the first page")
             << Deed{administration, clickTab(standardPage), clickTab(joywandPage)};

@@ -42,6 +42,10 @@ void tst_DeletionTables::inTheTables_data()
     deletion.act = press(standardPage, "pushButton_deselect");
     deletion.before = cell(standard, 0, IdColumn);
     QTest::newRow("deselect") << deletion;
+    Deed reset{administration, cell(standard, 0, ResetColumn)};
+    reset.boxes = {{boxTitle, QStringLiteral("Reset Standard body 01\nto Target-Library geometry?"
+                                             "\nGlasses round")}};
+    QTest::newRow("reset") << reset;
     QTest::newRow("move") << Deed{administration, press(standardPage, "pushButton_down")};
     Deed reference{administration, cell("tableWidget_ref", 0, 4), clickTab(toolsPage)};
     reference.boxes = {{boxTitle, QStringLiteral("Delete Measurement Tool reference body 01?\n"
@@ -77,6 +81,8 @@ void tst_DeletionTables::ofTargets_data()
     Deed start{administration, press(standardPage, "pushButton_start"), hold};
     start.isLeft = false;
     QTest::newRow("start of a search") << start;
+    start.before = inTurn(category("Cross Target"), hold);
+    QTest::newRow("start of a search from another category") << start;
     Deed poll{administration, tick("timerDoMea_tl"), searching()};
     poll.isLeft = false;
     QTest::newRow("poll of a search") << poll;
@@ -86,11 +92,15 @@ void tst_DeletionTables::ofTargets_data()
     Deed end{administration, tick("timerDoMea_tl"), searching(1)};
     end.boxes = {{boxTitle, QStringLiteral("2 targets could be identified in library")}};
     QTest::newRow("end of a search") << end;
-    QTest::newRow("tracked states") << Deed{
-            administration, tick("timerCheckForTracked_tl"), [](QWidget *window, TestHost &) {
-                Drive::holdTimers(page(window));
-                page(window)->findChild<QTimer *>("timerCheckForTracked_tl")->start(603);
-            }};
+    const auto watchTracked = [](QWidget *window, TestHost &) {
+        Drive::holdTimers(page(window));
+        page(window)->findChild<QTimer *>("timerCheckForTracked_tl")->start(603);
+    };
+    QTest::newRow("tracked states")
+            << Deed{administration, tick("timerCheckForTracked_tl"), watchTracked};
+    QTest::newRow("tracked states of a category")
+            << Deed{administration, tick("timerCheckForTracked_tl"),
+                    inTurn(category("Cross Target"), watchTracked)};
 }
 
 void tst_DeletionTables::ofTargets()

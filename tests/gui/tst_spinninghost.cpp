@@ -12,6 +12,7 @@ class tst_SpinningHost : public FilterDialogTest {
 private slots:
     void okRunsOnce_data();
     void okRunsOnce();
+    void cancelDuringOkIsIgnored_data();
     void cancelDuringOkIsIgnored();
     void openedAgainWhileReading();
     void deletedWhileWriting_data();
@@ -21,6 +22,7 @@ private slots:
     void filterDialogDeletedWhileReading_data();
     void filterDialogDeletedWhileReading();
     void filterDialogDeletedWhileClosing();
+    void filterDialogOpenedForAnotherTypeWhileReading();
 
 private:
     /** Runs `action` once, inside the first operation whose line begins with `beginning`. */
@@ -102,19 +104,25 @@ void tst_SpinningHost::okRunsOnce()
     QCOMPARE(writes.removeDuplicates(), 0);
 }
 
+void tst_SpinningHost::cancelDuringOkIsIgnored_data()
+{
+    okRunsOnce_data();
+}
+
 void tst_SpinningHost::cancelDuringOkIsIgnored()
 {
+    QFETCH(QString, dialog);
+    QFETCH(QString, write);
     TestHost host(state());
-    TrackingDlg dialog(&host.io, &host.mainWindow, &host.versions, "v3.0.6");
-    robot().expectDialog("TrackingDlg", [&](QWidget *shown) {
+    const auto settings = make(dialog, &host);
+    robot().expectDialog(dialog, [&](QWidget *shown) {
         touch(shown);
         host.clear();
-        inside(&host, "standard calculate_marker ",
-               [shown] { Drive::click(shown, "pushButton_cancel"); });
+        inside(&host, write, [shown] { Drive::click(shown, "pushButton_cancel"); });
         Drive::click(shown, "pushButton_ok");
     });
-    QCOMPARE(dialog.update_and_exec(), int(QDialog::Accepted));
-    QCOMPARE(host.writes().filter("calculate_marker").size(), 1);
+    QCOMPARE(run(settings.get()), int(QDialog::Accepted));
+    QCOMPARE(host.writes().filter(write.trimmed()).size(), 1);
 }
 
 void tst_SpinningHost::openedAgainWhileReading()
@@ -234,6 +242,22 @@ void tst_SpinningHost::filterDialogDeletedWhileClosing()
     dialog.get()->update_and_exec(standard, 0);
     QVERIFY(!dialog);
     QCOMPARE(host.lines().last(), line);
+}
+
+void tst_SpinningHost::filterDialogOpenedForAnotherTypeWhileReading()
+{
+    TestHost host(state());
+    FilterDialog dialog(&host.io, &host.mainWindow, &host.versions);
+    constexpr int unknownType = 7;
+    inside(&host, "config is_changeable", [&] { dialog.update_and_exec(unknownType, allBodies); });
+    for (int shown = 0; shown < 2; ++shown) {
+        robot().expectDialog("FilterDialog", [&](QWidget *shownDialog) {
+            QCOMPARE(entries(FilterWidgets(shownDialog).body), QStringList());
+        });
+    }
+    dialog.update_and_exec(standard, allBodies);
+    robot().verify();
+    QCOMPARE(host.writes(), QStringList());
 }
 
 TRACKING_TEST_MAIN(tst_SpinningHost)

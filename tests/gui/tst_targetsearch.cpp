@@ -1,5 +1,6 @@
 #include "FaultEngine.h"
 #include "administrationfixture.h"
+#include "interruption.h"
 
 #include <QComboBox>
 #include <QProgressBar>
@@ -97,6 +98,7 @@ private slots:
     void showsProgress();
     void unreadableProgressKeepsBar();
     void unreadableStepAborts();
+    void pollsOneAtATime();
     void goesOnBehindOtherPage();
     void goesOnWhileConfigurationIsLocked();
     void emptyLibraryFindsNothing();
@@ -506,6 +508,22 @@ void tst_TargetSearch::unreadableStepAborts()
 }
 
 // Around a running search
+
+void tst_TargetSearch::pollsOneAtATime()
+{
+    TestHost host(searchState(current().targets));
+    run(host, [&](QWidget *shown) {
+        Drive::click(shown, "pushButton_start");
+        host.clear();
+        // A host that runs its event loop lets the timer fire inside a poll.
+        const Interruption interruption(host.io, Interruption::atFirst("status step_active"),
+                                        [shown] { poll(shown); });
+        QVERIFY(poll(shown));
+        QCOMPARE(interruption.times(), 1);
+        QCOMPARE(host.queries().count(QStringLiteral("status step_active")), 1);
+        QCOMPARE(bar(shown), 25);
+    });
+}
 
 void tst_TargetSearch::goesOnBehindOtherPage()
 {
