@@ -18,6 +18,7 @@ class tst_Assignment : public AdministrationFixture {
 private slots:
     void assignsToUnnamedBody();
     void asksBeforeOverwriting();
+    void trackedStatesRestDuringTheQuestion();
     void freesTargetOfAnotherBody();
     void assigningOwnTargetAgainKeepsName();
     void failedFreeing_data();
@@ -103,6 +104,22 @@ void tst_Assignment::asksBeforeOverwriting()
                  (QStringList{"morvek2 body calibrate_from_targetlib standard b01 t02",
                               customCheck}));
         QCOMPARE(Drive::cell(bodies, 0, CalibrationColumn), QStringLiteral("Target Library"));
+    });
+}
+
+void tst_Assignment::trackedStatesRestDuringTheQuestion()
+{
+    TestHost host;
+    open(host, [&](QWidget *window, QTableWidget *bodies) {
+        Drive::holdTimers(page(window));
+        auto *timer = page(window)->findChild<QTimer *>("timerCheckForTracked_tl");
+        press(bodies, 0, IdColumn);
+        pick(window, QStringLiteral("Cross Target"), 1);
+        timer->start(603);
+        robot().expectBox(warning, "Overwrite body calibration data of Cap?", QMessageBox::Cancel,
+                          [timer] { QVERIFY(!timer->isActive()); });
+        select(window);
+        QVERIFY(timer->isActive());
     });
 }
 

@@ -262,6 +262,10 @@ void tst_BodyAdministrationWindow::enterPressesTheFocusedButton()
         auto *pressed = window->findChild<QPushButton *>(button, Qt::FindDirectChildrenOnly);
         QVERIFY(pressed->isEnabled());
         pressed->setFocus();
+        // A key that is held down presses once, not again and again.
+        QKeyEvent repeated(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QString(), true);
+        QApplication::sendEvent(pressed, &repeated);
+        QVERIFY(window->isVisible() && !opened);
         QTest::keyClick(pressed, Qt::Key_Return);
         QCOMPARE(opened, button == "pushButton_filter");
         QCOMPARE(host.requests(), requests);

@@ -399,13 +399,16 @@ void tst_Confirmations::leave(QWidget *window, QWidget *editor, const QString &w
         goTo(window, joywandPage);
     else if (way == QLatin1String("Ctrl+Tab"))
         QTest::keyClick(pages(window), Qt::Key_Tab, Qt::ControlModifier);
+    else if (way == QLatin1String("Ctrl+Shift+Tab"))
+        QTest::keyClick(pages(window), Qt::Key_Backtab, Qt::ControlModifier | Qt::ShiftModifier);
     else if (way == QLatin1String("Exit"))
         Drive::click(window, "pushButton_exit");
     else
         activateOther(window);
     Drive::settle();
     const bool isLeft = way != QLatin1String("Exit") && way != QLatin1String("another window");
-    QCOMPARE(pages(window)->currentIndex(), isLeft ? 1 : 0);
+    const int entered = way == QLatin1String("Ctrl+Shift+Tab") ? pages(window)->count() - 1 : 1;
+    QCOMPARE(pages(window)->currentIndex(), isLeft ? entered : 0);
     QCOMPARE(window->isVisible(), way != QLatin1String("Exit"));
 }
 
@@ -421,7 +424,7 @@ void tst_Confirmations::activateOther(QWidget *window)
 void tst_Confirmations::addWaysToLeave()
 {
     QTest::addColumn<QString>("way");
-    for (const char *way : {"F8", "tab", "Ctrl+Tab", "Exit", "another window"})
+    for (const char *way : {"F8", "tab", "Ctrl+Tab", "Ctrl+Shift+Tab", "Exit", "another window"})
         QTest::newRow(way) << way;
 }
 

@@ -48,6 +48,7 @@ private slots:
     void showsNothingWhileAQuestionIsOpen();
     void countsAgainFromTheEndOfAQuestion();
     void innerWorkGivesTheText();
+    void sameTextIsDrawnOnce();
     void sendsNothingItself();
 
 private:
@@ -254,6 +255,23 @@ void tst_Waiting::innerWorkGivesTheText()
     QVERIFY(isWaitCursorShown());
     link.text("tracking reference");
     QCOMPARE(texts, QStringList({"Writing ...", "Reading ...", "Writing ..."}));
+}
+
+void tst_Waiting::sameTextIsDrawnOnce()
+{
+    QWidget window;
+    auto *line = new MessageLine(&window);
+    LinkObserver observer(nullptr);
+    line->follow(&observer);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    const QString text = QStringLiteral("Reading ...");
+    emit observer.waitingFor(text);
+    const DrawnTexts drawn(line);
+    emit observer.waitingFor(text);
+    QCOMPARE(drawn.texts(), QStringList());
+    emit observer.waitingFor(QStringLiteral("Writing ..."));
+    QCOMPARE(drawn.texts(), QStringList("Writing ..."));
 }
 
 void tst_Waiting::sendsNothingItself()
