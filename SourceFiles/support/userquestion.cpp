@@ -28,7 +28,7 @@ void showAbove(QLabel *informative, const QString &subject)
     auto *grid = qobject_cast<QGridLayout *>(informative->parentWidget()->layout());
     const int place = grid ? grid->indexOf(informative) : -1;
     if (place < 0)
-        return;
+        return; // GCOVR_EXCL_LINE: only a box that another toolkit version lays out differently
     int row = 0;
     int column = 0;
     int rows = 0;
