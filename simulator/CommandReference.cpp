@@ -4,19 +4,6 @@
 
 namespace {
 
-QString accessName(CommandAccess access)
-{
-    switch (access) {
-    case CommandAccess::Get:
-        return QStringLiteral("get");
-    case CommandAccess::Set:
-        return QStringLiteral("set");
-    case CommandAccess::Action:
-        return QStringLiteral("action");
-    }
-    return {};
-}
-
 QString introduction()
 {
     return QStringLiteral(
@@ -50,7 +37,7 @@ QString commandsMarkdown()
                             .arg(module);
         }
         page += QStringLiteral("| `%1` | %2 | %3.%4 | %5 | %6 | %7 |\n")
-                        .arg(pattern, accessName(entry.access))
+                        .arg(pattern, CommandTable::accessName(entry.access))
                         .arg(entry.major)
                         .arg(entry.minor)
                         .arg(entry.changesConfiguration ? QStringLiteral("refused")

@@ -97,6 +97,19 @@ CommandTable::CommandTable()
     }
 }
 
+QString CommandTable::accessName(CommandAccess access)
+{
+    switch (access) {
+    case CommandAccess::Get:
+        return QStringLiteral("get");
+    case CommandAccess::Set:
+        return QStringLiteral("set");
+    case CommandAccess::Action:
+        return QStringLiteral("action");
+    }
+    return {};
+}
+
 const CommandTable &CommandTable::instance()
 {
     static const CommandTable table;

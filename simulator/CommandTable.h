@@ -41,6 +41,8 @@ public:
         QStringList arguments;
     };
 
+    /** "get", "set" or "action". */
+    static QString accessName(CommandAccess access);
     /** The one table of the process. */
     static const CommandTable &instance();
 

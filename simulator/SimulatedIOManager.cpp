@@ -1,5 +1,6 @@
 #include "SimulatedIOManager.h"
 
+#include "CommandTally.h"
 #include "FaultEngine.h"
 #include "MessageReceiver.h"
 #include "SimulatedController.h"
@@ -137,7 +138,10 @@ QByteArray bytes(const char *text)
 } // namespace
 
 SimulatedIOManager::SimulatedIOManager(SimulatedController *controller, QObject *parent)
-    : QObject(parent), m_controller(controller), m_faults(new FaultEngine(this))
+    : QObject(parent),
+      m_controller(controller),
+      m_faults(new FaultEngine(this)),
+      m_tally(CommandTally::wanted())
 {
 }
 
@@ -264,6 +268,12 @@ void SimulatedIOManager::setDialogProbe(std::function<QString()> probe)
     m_dialogProbe = std::move(probe);
 }
 
+void SimulatedIOManager::setScript(const QString &file)
+{
+    if (m_tally)
+        m_tally->setScript(file);
+}
+
 void SimulatedIOManager::setResponder(std::function<void(TranscriptEntry *)> responder)
 {
     m_responder = std::move(responder);
@@ -308,6 +318,10 @@ void SimulatedIOManager::carryOut(TranscriptEntry *entry)
     }
     if (contains(rules, Effect::LinkDead))
         m_faults->setLinkDead(true);
+    if (m_tally) {
+        m_tally->add(accessOf(entry->operation), entry->line, openDialog(), rules,
+                     m_faults->linkDead());
+    }
     if (m_faults->linkDead() || contains(rules, Effect::Fail)) {
         entry->result = Failed;
         return;
@@ -333,10 +347,14 @@ void SimulatedIOManager::carryOut(TranscriptEntry *entry)
         entry->answer = answer;
 }
 
+QString SimulatedIOManager::openDialog() const
+{
+    return m_dialogProbe ? m_dialogProbe() : QString();
+}
+
 void SimulatedIOManager::record(TranscriptEntry *entry)
 {
-    if (m_dialogProbe)
-        entry->dialog = m_dialogProbe();
+    entry->dialog = openDialog();
     m_transcript << *entry;
     if (m_transcriptLimit > 0 && m_transcript.size() > m_transcriptLimit)
         dropOldest();

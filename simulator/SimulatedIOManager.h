@@ -8,12 +8,14 @@
 #include <QVector>
 
 #include <functional>
+#include <memory>
 
 // A host's own interface header may not define how compilers check formats.
 #ifndef HOSTINTERFACE_PRINTF
 #define HOSTINTERFACE_PRINTF(formatIndex, firstArgument)
 #endif
 
+class CommandTally;
 class FaultEngine;
 class SimulatedController;
 
@@ -81,8 +83,10 @@ public:
      */
     void setResponder(std::function<void(TranscriptEntry *)> responder);
 
-    /** Sets the function that names the open dialog for the transcript. */
+    /** Sets the function that names the open dialog for the transcript and the tally. */
     void setDialogProbe(std::function<QString()> probe);
+    /** Sets the file of the script that is played, for the tally; see CommandTally. */
+    void setScript(const QString &file);
     /**
      * Switches the recording of real durations. It is off by default, so that transcripts are
      * identical byte for byte.
@@ -101,11 +105,13 @@ signals:
 private:
     TranscriptEntry perform(TranscriptEntry::Operation operation, const QByteArray &line);
     void carryOut(TranscriptEntry *entry);
+    QString openDialog() const;
     void record(TranscriptEntry *entry);
     void dropOldest();
 
     SimulatedController *m_controller;
     FaultEngine *m_faults;
+    std::unique_ptr<CommandTally> m_tally; ///< null unless the environment asks for one
     QVector<QPair<QByteArray, MessageReceiver *>> m_receivers; ///< in the order of registration
     QVector<TranscriptEntry> m_transcript;
     int m_transcriptLimit = 0;

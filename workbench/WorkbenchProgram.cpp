@@ -229,6 +229,7 @@ bool WorkbenchProgram::createSession(QString *error)
         const QWidget *modal = WidgetFinder::modalWindow();
         return modal ? QString::fromLatin1(modal->metaObject()->className()) : QString();
     });
+    m_session->io()->setScript(m_script.name);
     m_rules = scenario.faults + m_options.faults;
     for (const QString &rule : qAsConst(m_rules)) {
         if (!m_session->addFault(rule, error)) {

@@ -3,6 +3,7 @@
 #include "FaultEngine.h"
 #include "ScenarioFile.h"
 
+#include <QApplication>
 #include <QtTest>
 
 namespace {
@@ -31,6 +32,10 @@ QStringList parts(const TranscriptEntry &message)
 
 TestHost::TestHost(const ControllerState &state) : controller(state), io(&controller)
 {
+    io.setDialogProbe([] {
+        const QWidget *modal = QApplication::activeModalWidget();
+        return modal ? QString::fromLatin1(modal->metaObject()->className()) : QString();
+    });
     versions.sysPt.fromString(state.systemVersion);
     versions.sysCt.fromString(state.controllerVersion);
     versions.prot.fromString(state.protocol);
