@@ -26,6 +26,7 @@ private slots:
     void refused_data();
     void refused();
     void notSentBelowItsGate();
+    void touchedSectionIsSentOnOk_data() { sent_data(); }
     void touchedSectionIsSentOnOk();
     void fillingIsNoChange();
 
@@ -290,25 +291,42 @@ void tst_trackingdlgpulse::sent()
 
 void tst_trackingdlgpulse::refused_data()
 {
+    QTest::addColumn<QString>("sensor");
     QTest::addColumn<QString>("button");
+    QTest::addColumn<QStringList>("writes");
     QTest::addColumn<QString>("log");
-    QTest::newRow("cameras") << "radioButton_cameraSynchronous"
+    QTest::newRow("cameras") << ""
+                             << "radioButton_cameraSynchronous"
+                             << QStringList{"tracking pulse synchronous_cameras"}
                              << "Error: Unable to set inertial tracking synchronous to cameras";
-    QTest::newRow("no sensor") << "radioButton_inertialSensor"
+    QTest::newRow("sensor") << "vendorone mini 'A7'"
+                            << "radioButton_inertialSensor"
+                            << QStringList{"tracking pulse inertial_sensor vendorone mini 'A7'"}
+                            << "Error: Unable to set inertial tracking to sensor";
+    QTest::newRow("no sensor") << ""
+                               << "radioButton_inertialSensor" << QStringList()
                                << "Error: Unable to set inertial tracking to sensor";
-    QTest::newRow("custom") << "radioButton_frequency"
+    QTest::newRow("custom") << ""
+                            << "radioButton_frequency"
+                            << QStringList{"tracking pulse frequency 100.000000"}
                             << "Error: Unable to set inertial tracking frequency";
 }
 
 void tst_trackingdlgpulse::refused()
 {
+    QFETCH(QString, sensor);
     QFETCH(QString, button);
+    QFETCH(QStringList, writes);
     QFETCH(QString, log);
-    TestHost host(twoBodies());
+    ControllerState state = twoBodies();
+    state.bodyTypes[QStringLiteral("standard")].bodies[0].sensor = sensor;
+    TestHost host(state);
     host.fault(QStringLiteral("set tracking pulse* refuse"));
     TrackingDlg dialog(&host.io, &host.mainWindow, &host.versions, moduleVersion);
+    dialog.update_comboBox_inertialSensor();
     check(&dialog, button.toLatin1().constData());
     dialog.sendInertialSettingsToAtc();
+    QCOMPARE(host.writes(), writes);
     QCOMPARE(host.log(), QStringList{log});
 }
 
@@ -325,13 +343,23 @@ void tst_trackingdlgpulse::notSentBelowItsGate()
 
 void tst_trackingdlgpulse::touchedSectionIsSentOnOk()
 {
-    TestHost host(twoBodies());
+    QFETCH(QString, button);
+    QFETCH(QString, line);
+    ControllerState state = twoBodies();
+    state.trackingPulse.clear();
+    state.bodyTypes[QStringLiteral("standard")].bodies[0].sensor =
+            QStringLiteral("vendorone mini 'A7'");
+    TestHost host(state);
     TrackingDlg dialog(&host.io, &host.mainWindow, &host.versions, moduleVersion);
-    open(&dialog, [](QWidget *shown) {
-        check(shown, "radioButton_cameraSynchronous");
+    dialog.update_comboBox_inertialSensor();
+    Drive::find<QDoubleSpinBox>(&dialog, "doubleSpinBox_frequency")->setValue(120.0);
+    open(&dialog, [&](QWidget *shown) {
+        check(shown, button.toLatin1().constData());
         Drive::click(shown, "pushButton_ok");
     });
-    QCOMPARE(host.writes().last(), QStringLiteral("tracking pulse synchronous_cameras"));
+    QCOMPARE(host.writes().last(), line);
+    QCOMPARE(host.state().trackingPulse.section(QLatin1Char(' '), 0, 0),
+             line.section(QLatin1Char(' '), 2, 2));
 }
 
 void tst_trackingdlgpulse::fillingIsNoChange()
