@@ -15,7 +15,7 @@ namespace SweepChecks {
  * @param disturbed number of the operation at which the disturbance begins, from 1
  * @return "line N: expected ..., found ..." for each violation
  */
-QStringList violations(const QVector<SweepStep> &undisturbedSteps, const QVector<SweepStep> &steps,
-                       const QVector<TranscriptEntry> &transcript, int disturbed);
+QStringList violations(const QVector<SweepStep> &undisturbedSteps, QVector<SweepStep> steps,
+                       QVector<TranscriptEntry> transcript, int disturbed);
 
 } // namespace SweepChecks

@@ -27,6 +27,7 @@ private slots:
     void malformed_data();
     void malformed();
     void nameIsAskedAboutAsItCame();
+    void resetNamesTheTargetAsItCame();
     void faultsByName();
     void unknownFault();
     void everyRuleParses();
@@ -214,6 +215,18 @@ void tst_SweepChecks::nameIsAskedAboutAsItCame()
     QCOMPARE(violations(2).size(), 1);
     // A set to this answer is a violation, too.
     m_steps[1].operations[1].operation = Operation::Set;
+    QVERIFY(violations(1).size() > 0);
+}
+
+void tst_SweepChecks::resetNamesTheTargetAsItCame()
+{
+    m_steps[1].operations[0].answer = "a 'b";
+    m_undisturbed[2].operations[0] =
+            entry(Operation::Command, "morvek2 body calibrate_from_targetlib standard b01 t01");
+    m_steps[2].operations[0] =
+            entry(Operation::Command, "morvek2 body calibrate_from_targetlib standard b01 a 'b");
+    QCOMPARE(violations(1), QStringList());
+    m_steps[1].operations[0].answer = "c 'd";
     QVERIFY(violations(1).size() > 0);
 }
 
