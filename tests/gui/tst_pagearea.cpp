@@ -1,7 +1,9 @@
 #include "dialogtest.h"
 #include "support/pagearea.h"
 
+#include <QLabel>
 #include <QSplitter>
+#include <QVBoxLayout>
 
 /** The room that the scrolling area of a page asks for. */
 class tst_PageArea : public DialogTest {
