@@ -35,6 +35,8 @@ public:
     /**
      * Enters an operation.
      *
+     * @param access whether the line asks, sets or acts
+     * @param line the line as the module sent it
      * @param dialog class of the dialog in front; empty when there is none
      * @param fired rules that disturbed it
      * @param isLinkDead nothing arrives any more, whatever fired

@@ -155,11 +155,13 @@ bool isNameOfBody(const TranscriptEntry &entry)
  */
 void takeAsOneWord(const QString &answer, QVector<TranscriptEntry> *entries)
 {
-    if (!answer.contains(QLatin1Char(' ')))
+    const QByteArray made = answer.toUtf8();
+    if (!made.contains(' '))
         return;
     for (TranscriptEntry &entry : *entries) {
-        if (entry.line.startsWith("morvek2 body calibrate_from_targetlib "))
-            entry.line.replace(answer.toUtf8(), "name");
+        if (entry.line.startsWith("morvek2 body calibrate_from_targetlib ")
+            && entry.line.endsWith(' ' + made))
+            entry.line.replace(entry.line.size() - made.size(), made.size(), "name");
     }
 }
 
